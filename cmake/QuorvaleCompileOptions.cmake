@@ -1,0 +1,36 @@
+# SPDX-FileCopyrightText: 2026 The Quorvale authors
+# SPDX-License-Identifier: MIT
+
+# The one place where compiler flags live: every target of the project links this one.
+add_library(quorvale_options INTERFACE)
+add_library(Quorvale::Options ALIAS quorvale_options)
+
+target_compile_features(quorvale_options INTERFACE cxx_std_20)
+set(CMAKE_CXX_EXTENSIONS OFF)
+
+target_compile_options(quorvale_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wconversion -Wold-style-cast
+    # A fused multiply-add rounds once where the encoder arguments promise two roundings.
+    -ffp-contract=off)
+
+# QCoro needs the compiler's coroutines, which GCC 10 and clang before 16 do not enable by -std=c++20 alone.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    target_compile_options(quorvale_options INTERFACE -fcoroutines)
+endif()
+
+target_compile_definitions(quorvale_options INTERFACE
+    QT_NO_CAST_FROM_ASCII
+    QT_NO_CAST_TO_ASCII
+    QT_NO_CAST_FROM_BYTEARRAY
+    QT_NO_URL_CAST_FROM_STRING
+    QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
+    QT_NO_FOREACH
+    QT_NO_KEYWORDS
+    QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+
+option(QUORVALE_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
+if(QUORVALE_SANITIZE)
+    set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_compile_options(quorvale_options INTERFACE ${sanitizers})
+    target_link_options(quorvale_options INTERFACE ${sanitizers})
+endif()

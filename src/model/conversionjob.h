@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "jobstate.h"
+
+#include <QUrl>
+#include <QUuid>
+
+namespace quorvale {
+
+/// One source file in the queue, its progress and its outcome. A plain value: a job in a list is
+/// changed by changing the list's copy.
+class ConversionJob
+{
+public:
+    /// A waiting job for `source`, a file URL, with a fresh random id.
+    explicit ConversionJob(const QUrl &source) : m_id(QUuid::createUuid()), m_source(source) {}
+
+    /// The job's identity: two jobs for the same file are two jobs.
+    const QUuid &id() const { return m_id; }
+    const QUrl &source() const { return m_source; }
+
+private:
+    // Declared first so that equality looks at the fields in their order.
+    QUuid m_id;
+    QUrl m_source;
+
+public:
+    /// Fraction done, normally 0 to 1, stored as the encoder reports it.
+    double progress = 0.0;
+    JobState state = JobState::waiting();
+
+    friend bool operator==(const ConversionJob &, const ConversionJob &) = default;
+};
+
+} // namespace quorvale
