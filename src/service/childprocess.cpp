@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#include "childprocess.h"
+
+#include "systemerror.h"
+
+#include <QEventLoop>
+#include <QProcess>
+#include <QScopeGuard>
+
+#include <csignal>
+
+using namespace Qt::StringLiterals;
+
+namespace quorvale {
+
+namespace {
+
+// Only ever called on the thread that also reaps the child, so the process id cannot have been
+// given to somebody else meanwhile: until it is reaped it is the child's, afterwards it reads 0.
+void sendInterrupt(const QProcess &process)
+{
+    if (const qint64 id = process.processId(); id > 0)
+        ::kill(static_cast<pid_t>(id), SIGINT);
+}
+
+} // namespace
+
+ChildProcess::ChildProcess(const QString &executable, const QStringList &arguments)
+    : m_executable(executable), m_arguments(arguments)
+{
+}
+
+ChildProcess::End ChildProcess::run(const Reader &readOutput, const Reader &readError)
+{
+    QProcess process;
+    process.setInputChannelMode(QProcess::ForwardedInputChannel);
+    if (readOutput) {
+        QObject::connect(&process, &QProcess::readyReadStandardOutput, &process,
+                         [&] { readOutput(process.readAllStandardOutput()); });
+    } else {
+        process.setStandardOutputFile(QProcess::nullDevice());
+    }
+    if (readError) {
+        QObject::connect(&process, &QProcess::readyReadStandardError, &process,
+                         [&] { readError(process.readAllStandardError()); });
+    } else {
+        process.setStandardErrorFile(QProcess::nullDevice());
+    }
+    QEventLoop untilEnd;
+    QObject::connect(&process, &QProcess::finished, &untilEnd, &QEventLoop::quit);
+
+    process.start(m_executable, m_arguments, QIODevice::ReadOnly);
+    if (!process.waitForStarted(-1))
+        throw SystemError(
+            u"“%1” could not be started: %2"_s.arg(m_executable, process.errorString()));
+
+    {
+        const std::scoped_lock guard(m_mutex);
+        m_running = &process;
+        if (m_isInterruptPending)
+            sendInterrupt(process);
+    }
+    const auto forgetProcess = qScopeGuard([this] {
+        const std::scoped_lock guard(m_mutex);
+        m_running = nullptr;
+    });
+
+    if (process.state() != QProcess::NotRunning)
+        untilEnd.exec();
+    return {process.exitStatus() == QProcess::CrashExit, process.exitCode()};
+}
+
+void ChildProcess::interrupt()
+{
+    const std::scoped_lock guard(m_mutex);
+    if (auto *process = static_cast<QProcess *>(m_running))
+        QMetaObject::invokeMethod(
+            process, [process] { sendInterrupt(*process); }, Qt::QueuedConnection);
+    else
+        m_isInterruptPending = true;
+}
+
+} // namespace quorvale

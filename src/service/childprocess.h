@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QByteArrayView>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <mutex>
+
+class QObject;
+
+namespace quorvale {
+
+/// One run of an external tool, started from its full path with a list of arguments and never
+/// through a shell. Its standard input is this program's own.
+class ChildProcess
+{
+public:
+    /// Receives the bytes of a stream as they arrive. Must not throw.
+    using Reader = std::function<void(QByteArrayView bytes)>;
+
+    struct End
+    {
+        bool byUncaughtSignal = false;
+        int exitStatus = 0; ///< meaningless after an uncaught signal
+    };
+
+    ChildProcess(const QString &executable, const QStringList &arguments);
+
+    /// Starts the tool, reads both streams until it has ended, and says how it ended. Blocks the
+    /// calling thread, on which the readers are called too; not for the main thread. A stream
+    /// without a reader goes to the null device. To be called once.
+    ///
+    /// Throws SystemError when the tool cannot be started.
+    End run(const Reader &readOutput, const Reader &readError);
+
+    /// Sends the tool one SIGINT. An interrupt that comes before the launch is delivered right
+    /// after it; one that comes when the tool has ended does nothing. Any thread, never blocks.
+    void interrupt();
+
+private:
+    const QString m_executable;
+    const QStringList m_arguments;
+
+    std::mutex m_mutex;
+    QObject *m_running = nullptr; // the process object while the tool runs
+    bool m_isInterruptPending = false;
+};
+
+} // namespace quorvale

@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "linereader.h"
+
+#include <QString>
+
+#include <deque>
+
+namespace quorvale {
+
+/// What a failure message can need of a tool's standard error: its last eight non-empty lines, and
+/// whether any line said that an encoder is not there. Memory stays bounded whatever arrives.
+class ErrorTail
+{
+public:
+    /// `encoder` is the encoder that ffmpeg was asked for.
+    explicit ErrorTail(const QString &encoder);
+
+    // The reader calls back into this object.
+    ErrorTail(const ErrorTail &) = delete;
+    ErrorTail &operator=(const ErrorTail &) = delete;
+
+    void read(QByteArrayView bytes) { m_lines.read(bytes); }
+    void finish() { m_lines.finish(); }
+
+    /// The last eight non-empty lines, joined by line feeds, invalid UTF-8 replaced. A line of
+    /// spaces counts as non-empty.
+    QString text() const;
+
+    /// Whether a line ended with ffmpeg's words for an encoder that it was built without.
+    bool lacksEncoder() const { return m_lacksEncoder; }
+
+private:
+    void takeLine(QByteArrayView line);
+
+    QByteArray m_unknownEncoder;
+    bool m_lacksEncoder = false;
+    std::deque<QByteArray> m_tail;
+    LineReader m_lines;
+};
+
+} // namespace quorvale

@@ -1,0 +1,162 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#include "ffmpegservice.h"
+
+#include "childprocess.h"
+#include "conversionarguments.h"
+#include "errortail.h"
+#include "ffmpegerror.h"
+#include "mediadescription.h"
+#include "model/encoderarguments.h"
+#include "outputfolder.h"
+#include "progress.h"
+#include "tooldirectories.h"
+
+#include <QFileInfo>
+#include <QPromise>
+#include <QScopeGuard>
+
+using namespace Qt::StringLiterals;
+
+namespace quorvale {
+
+FFmpegService::FFmpegService() = default;
+FFmpegService::~FFmpegService() = default;
+
+std::optional<QUrl> FFmpegService::locateBinary(const QString &named)
+{
+    for (const QString &directory : toolDirectories()) {
+        const QFileInfo candidate(directory + named);
+        if (candidate.isFile() && candidate.isExecutable())
+            return QUrl::fromLocalFile(candidate.filePath());
+    }
+    return std::nullopt;
+}
+
+const QSet<QString> &FFmpegService::supportedExtensions()
+{
+    static const QSet<QString> extensions{u"mp4"_s, u"mov"_s, u"mkv"_s,  u"webm"_s, u"m4v"_s,
+                                          u"avi"_s, u"mts"_s, u"m2ts"_s, u"ts"_s,   u"flv"_s};
+    return extensions;
+}
+
+QFuture<void> FFmpegService::convert(const QUrl &source, const QUrl &destination,
+                                     const ConversionSettings &settings,
+                                     const ProgressHandler &onProgress)
+{
+    // The promise is handled here rather than by QtConcurrent::run, which would wrap the errors.
+    const auto promise = std::make_shared<QPromise<void>>();
+    promise->start();
+    m_workers.start([=, this] {
+        try {
+            runConversion(source, destination, settings, onProgress);
+        } catch (...) {
+            promise->setException(std::current_exception());
+        }
+        promise->finish();
+    });
+    return promise->future();
+}
+
+struct FFmpegService::EncoderRun
+{
+    ChildProcess::End end;
+    QString errors;
+    bool lacksEncoder = false;
+
+    bool hasFailed() const { return !end.byUncaughtSignal && end.exitStatus != 0; }
+};
+
+void FFmpegService::runConversion(const QUrl &source, const QUrl &destination,
+                                  ConversionSettings settings, const ProgressHandler &onProgress)
+{
+    const auto ffmpeg = locateBinary(u"ffmpeg"_s);
+    if (!ffmpeg)
+        throw FFmpegError::notFound();
+    const MediaInfo info = probe(source, *ffmpeg);
+    createFolderFor(destination);
+    const auto target = targetBitrate(settings.goal, info.videoBitrate, settings.codec);
+
+    const auto encode = [&](Attempt attempt) {
+        const auto process = std::make_shared<ChildProcess>(
+            ffmpeg->toLocalFile(), conversionArguments(source, destination, settings, target));
+        const QString encoder = videoEncoder(settings.codec, settings.useHardware);
+        return runEncoder(attempt, process, encoder, info.duration, onProgress);
+    };
+
+    EncoderRun run = encode(Attempt::first);
+    if (settings.useHardware && run.hasFailed() && run.lacksEncoder) {
+        settings.useHardware = false;
+        run = encode(Attempt::withSoftwareEncoder);
+    }
+    if (run.end.byUncaughtSignal)
+        throw FFmpegError::cancelled();
+    if (run.hasFailed())
+        throw FFmpegError::processFailed(run.errors);
+}
+
+FFmpegService::EncoderRun FFmpegService::runEncoder(Attempt attempt,
+                                                    const std::shared_ptr<ChildProcess> &process,
+                                                    const QString &encoder, double duration,
+                                                    const ProgressHandler &onProgress)
+{
+    ErrorTail errors(encoder);
+    LineReader progress(LineReader::Endings::lineFeedOrReturn, [&](const LineReader::Line &line) {
+        const auto fraction = progressFraction(line.bytes, duration);
+        if (line.isComplete && fraction)
+            onProgress(*fraction);
+    });
+
+    // Published before the launch, so that a cancel from here on reaches the process.
+    publish(attempt, process);
+    const auto withdrawProcess = qScopeGuard([this] { withdraw(); });
+    const ChildProcess::End end = process->run([&](QByteArrayView bytes) { progress.read(bytes); },
+                                               [&](QByteArrayView bytes) { errors.read(bytes); });
+    progress.finish();
+    errors.finish();
+    return {end, errors.text(), errors.lacksEncoder()};
+}
+
+MediaInfo FFmpegService::probe(const QUrl &source, const QUrl &ffmpeg)
+{
+    const QString path = source.toLocalFile();
+    if (const auto ffprobe = locateBinary(u"ffprobe"_s)) {
+        const auto info = mediaInfoFromJson(describeWithFFprobe(ffprobe->toLocalFile(), path));
+        if (info)
+            return *info;
+    }
+    return mediaInfoFromBanner(describeWithFFmpeg(ffmpeg.toLocalFile(), path));
+}
+
+void FFmpegService::publish(Attempt attempt, const std::shared_ptr<ChildProcess> &process)
+{
+    const std::scoped_lock guard(m_lock);
+    // A cancel from before the first process exists is not this conversion's; one that falls
+    // between its two processes is.
+    if (attempt == Attempt::first)
+        m_wasCancelled = false;
+    else if (m_wasCancelled)
+        throw FFmpegError::cancelled();
+    m_activeProcess = process;
+}
+
+void FFmpegService::withdraw()
+{
+    const std::scoped_lock guard(m_lock);
+    m_activeProcess.reset();
+}
+
+void FFmpegService::cancel()
+{
+    std::shared_ptr<ChildProcess> process;
+    {
+        const std::scoped_lock guard(m_lock);
+        m_wasCancelled = true;
+        process = m_activeProcess;
+    }
+    if (process)
+        process->interrupt();
+}
+
+} // namespace quorvale

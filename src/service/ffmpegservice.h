@@ -1,0 +1,83 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "mediainfo.h"
+#include "model/conversionsettings.h"
+
+#include <QFuture>
+#include <QSet>
+#include <QString>
+#include <QThreadPool>
+#include <QUrl>
+
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <optional>
+
+namespace quorvale {
+
+class ChildProcess;
+
+/// Drives the user's own ffmpeg and ffprobe: finds them, probes a source and converts it.
+class FFmpegService
+{
+public:
+    /// Receives fractions done, at most 1, on a worker thread. Must neither block nor throw.
+    using ProgressHandler = std::function<void(double)>;
+
+    FFmpegService();
+
+    /// Waits for conversions that still run.
+    ~FFmpegService();
+
+    FFmpegService(const FFmpegService &) = delete;
+    FFmpegService &operator=(const FFmpegService &) = delete;
+
+    /// The first executable file called `named` in toolDirectories(), or none. Looks afresh at
+    /// every call, so a tool installed meanwhile is found. Any thread.
+    static std::optional<QUrl> locateBinary(const QString &named);
+
+    /// The lower-case file extensions, without dots, that are accepted as input. Any thread.
+    static const QSet<QString> &supportedExtensions();
+
+    /// Converts the file `source` into the file `destination`, whose extension decides the
+    /// container, on a worker thread. Missing folders of the destination are created.
+    ///
+    /// The future throws FFmpegError::notFound when there is no ffmpeg, FFmpegError::cancelled when
+    /// a signal ended it, FFmpegError::processFailed when it ended with another status than 0, and
+    /// SystemError when the folder cannot be created, the output's name is too long for its file
+    /// system or ffmpeg cannot be started. A partly written output file is left where it is.
+    ///
+    /// When ffmpeg was built without the media engine's encoder that the settings ask for, the
+    /// conversion is run once more with the software encoder.
+    QFuture<void> convert(const QUrl &source, const QUrl &destination,
+                          const ConversionSettings &settings, const ProgressHandler &onProgress);
+
+    /// Interrupts the ffmpeg that converts now, with one SIGINT per call; does nothing when none
+    /// does. A probe is not interrupted. Any thread, never blocks.
+    void cancel();
+
+private:
+    enum class Attempt { first, withSoftwareEncoder };
+    struct EncoderRun;
+
+    void runConversion(const QUrl &source, const QUrl &destination, ConversionSettings settings,
+                       const ProgressHandler &onProgress);
+    EncoderRun runEncoder(Attempt attempt, const std::shared_ptr<ChildProcess> &process,
+                          const QString &encoder, double duration,
+                          const ProgressHandler &onProgress);
+    static MediaInfo probe(const QUrl &source, const QUrl &ffmpeg);
+    void publish(Attempt attempt, const std::shared_ptr<ChildProcess> &process);
+    void withdraw();
+
+    std::mutex m_lock; // guards the two fields below for single reads and writes
+    std::shared_ptr<ChildProcess> m_activeProcess;
+    bool m_wasCancelled = false; // since the conversion's first process was published
+
+    QThreadPool m_workers;
+};
+
+} // namespace quorvale

@@ -1,0 +1,112 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#include "standintools.h"
+
+#include "testtooldirectories.h"
+
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace quorvale::test {
+
+namespace {
+
+void write(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qFatal("Cannot write %s", qPrintable(path));
+}
+
+QByteArray read(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
+
+Script &Script::outRepeatedly(int count, const QByteArray &bytes)
+{
+    return add("out-repeat " + QByteArray::number(count), bytes);
+}
+
+Script &Script::errRepeatedly(int count, const QByteArray &bytes)
+{
+    return add("err-repeat " + QByteArray::number(count), bytes);
+}
+
+Script &Script::add(const QByteArray &command)
+{
+    m_text += command + '\n';
+    return *this;
+}
+
+Script &Script::add(const QByteArray &command, int number)
+{
+    return add(command + ' ' + QByteArray::number(number));
+}
+
+Script &Script::add(const QByteArray &command, const QByteArray &bytes)
+{
+    return add(command + ' ' + bytes.toPercentEncoding());
+}
+
+StandInTools::StandInTools()
+{
+    for (const QString &tool : {u"ffmpeg"_s, u"ffprobe"_s}) {
+        if (!QFile::link(QStringLiteral(STAND_IN_TOOL), path(tool)))
+            qFatal("Cannot put a stand-in tool at %s", qPrintable(path(tool)));
+    }
+    setScript(u"ffprobe"_s, Script().out(R"({"format": {"duration": "10.0"},
+        "streams": [{"codec_type": "video", "bit_rate": "1000000"}]})"));
+    setToolDirectories({folder()});
+}
+
+StandInTools::~StandInTools()
+{
+    setToolDirectories({});
+}
+
+void StandInTools::removeTool(const QString &tool)
+{
+    QFile::remove(path(tool));
+}
+
+void StandInTools::setScript(const QString &tool, const Script &script)
+{
+    write(path(tool + u".script"_s), script.text());
+}
+
+void StandInTools::setScript(const QString &tool, int number, const Script &script)
+{
+    write(path(u"%1.script.%2"_s.arg(tool).arg(number)), script.text());
+}
+
+QList<QList<QByteArray>> StandInTools::runs(const QString &tool) const
+{
+    QList<QList<QByteArray>> runs;
+    QList<QByteArray> run;
+    QByteArray word;
+    for (const char c : read(path(tool + u".arguments"_s))) {
+        if (c == '\0') {
+            run << word;
+            word.clear();
+        } else if (c == '\n' && word.isEmpty()) {
+            runs << run;
+            run.clear();
+        } else {
+            word += c;
+        }
+    }
+    return runs;
+}
+
+int StandInTools::countedInterrupts(const QString &tool) const
+{
+    return read(path(tool + u".interrupts"_s)).toInt();
+}
+
+} // namespace quorvale::test
