@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "model/conversionjob.h"
+
+#include <QAbstractListModel>
+#include <QHash>
+#include <QList>
+
+#include <functional>
+#include <optional>
+
+namespace quorvale {
+
+/// The ordered list of jobs, shown to views row by row: a change of one job touches its row only
+/// and the list is never reset. Main thread only.
+///
+/// Jobs are named by their id; an operation on an id that is not in the list does nothing.
+class JobListModel : public QAbstractListModel
+{
+    Q_OBJECT
+
+public:
+    enum Role {
+        IdRole = Qt::UserRole, ///< QUuid
+        FileNameRole,          ///< the source's name with its extension
+        FolderNameRole,        ///< the name of the folder that holds the source, "/" for the root
+        StateWordRole,         ///< the state in a word for the user
+        IsInProgressRole,      ///< whether the job is being converted
+        ProgressRole,          ///< fraction done, as the encoder reports it
+        FailureRole,           ///< why the job failed; empty in every other state
+    };
+
+    using QAbstractListModel::QAbstractListModel;
+
+    const QList<ConversionJob> &jobs() const { return m_jobs; }
+
+    /// The row of the job with the id, if it is in the list.
+    std::optional<qsizetype> rowOf(const QUuid &id) const;
+
+    /// The job with the id, or null. Valid until the next change of the list.
+    const ConversionJob *find(const QUuid &id) const;
+
+    void append(const QList<ConversionJob> &jobs);
+
+    /// Removes every job for which `isUnwanted` is true, keeping the order of the others.
+    void removeIf(const std::function<bool(const ConversionJob &)> &isUnwanted);
+    void remove(const QUuid &id);
+
+    /// Moves the job at row `from` so that it ends up at row `to`; both are rows of the list.
+    void move(qsizetype from, qsizetype to);
+
+    void setState(const QUuid &id, const JobState &state);
+    void setProgress(const QUuid &id, double progress);
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role) const override;
+    QHash<int, QByteArray> roleNames() const override;
+
+Q_SIGNALS:
+    /// After every change of the list or of one of its jobs.
+    void changed();
+
+private:
+    void removeRows(qsizetype first, qsizetype count);
+    void forgetRows() { m_knowsRows = false; }
+    void announce(qsizetype row, const QList<int> &roles);
+
+    QList<ConversionJob> m_jobs;
+
+    // Where each job stands; made anew at the first look-up after rows have shifted.
+    mutable QHash<QUuid, qsizetype> m_rows;
+    mutable bool m_knowsRows = true;
+};
+
+} // namespace quorvale

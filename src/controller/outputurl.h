@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "model/conversionsettings.h"
+
+#include <QUrl>
+
+namespace quorvale {
+
+/// Where the conversion of `source` with `settings` writes in the folder `destination`. With
+/// overwrite off it is a path where nothing is yet, not even a link that leads nowhere.
+QUrl outputUrl(const QUrl &source, const QUrl &destination, const ConversionSettings &settings);
+
+} // namespace quorvale

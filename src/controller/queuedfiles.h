@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QHash>
+#include <QString>
+#include <QUrl>
+
+namespace quorvale {
+
+/// Counts the jobs per file, so that whether a file is queued costs one look-up. Files are told
+/// apart by their standardised path: dot and dot-dot components resolved, links not followed.
+class QueuedFiles
+{
+public:
+    void insert(const QUrl &file) { ++m_jobs[standardisedPath(file)]; }
+    void remove(const QUrl &file);
+    bool contains(const QUrl &file) const { return m_jobs.contains(standardisedPath(file)); }
+
+private:
+    static QString standardisedPath(const QUrl &file);
+
+    QHash<QString, qsizetype> m_jobs;
+};
+
+} // namespace quorvale
