@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#include "displayadvice.h"
+
+#include <QString>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace quorvale {
+
+namespace {
+
+QtMessageHandler previousHandler = nullptr;
+
+void adviseWhenFatal(QtMsgType type, const QMessageLogContext &context, const QString &message)
+{
+    if (type != QtFatalMsg) {
+        previousHandler(type, context, message);
+        return;
+    }
+    std::fputs(qPrintable(message), stderr);
+    std::fputs("\n"
+               "Quorvale needs a display to open its window. Start it from a desktop session, or\n"
+               "give it a virtual display:  xvfb-run --auto-servernum <command>\n"
+               "(on Debian and Ubuntu xvfb-run is in the packages xvfb and xauth).\n",
+               stderr);
+    std::_Exit(EXIT_FAILURE);
+}
+
+} // namespace
+
+DisplayAdvice::DisplayAdvice()
+{
+    previousHandler = qInstallMessageHandler(adviseWhenFatal);
+}
+
+DisplayAdvice::~DisplayAdvice()
+{
+    qInstallMessageHandler(previousHandler);
+}
+
+} // namespace quorvale

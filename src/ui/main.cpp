@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#include "displayadvice.h"
+#include "quorvaleapp.h"
+#include "standardinput.h"
+
+#include <QApplication>
+#include <QQuickStyle>
+
+#include <cstdlib>
+#include <optional>
+
+int main(int argc, char *argv[])
+{
+    quorvale::detachStandardInputFromTerminal();
+
+    std::optional<quorvale::DisplayAdvice> advice(std::in_place);
+    QApplication::setApplicationName(QStringLiteral("Quorvale"));
+    QApplication application(argc, argv);
+    advice.reset();
+
+    QQuickStyle::setStyle(QStringLiteral("Basic"));
+    quorvale::QuorvaleApp quorvale;
+    if (!quorvale.open())
+        return EXIT_FAILURE;
+    const int status = QApplication::exec();
+
+    // A running ffmpeg is left to finish its file. An ordinary return would wait for the thread
+    // that reads it or, by destroying its process object, kill it.
+    if (quorvale.isConverting())
+        std::_Exit(status);
+    return status;
+}

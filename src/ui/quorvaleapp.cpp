@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#include "quorvaleapp.h"
+
+#include "controller/converterviewmodel.h"
+#include "controller/platform/dialogpanel.h"
+
+#include <QVariantMap>
+
+using namespace Qt::StringLiterals;
+
+namespace quorvale {
+
+QuorvaleApp::QuorvaleApp() : m_model(ConverterViewModel::create(std::make_unique<DialogPanel>()))
+{
+    QQmlEngine::setObjectOwnership(m_model.get(), QQmlEngine::CppOwnership);
+    m_engine.addImportPath(u":/qt/qml"_s);
+    m_engine.setInitialProperties({{u"model"_s, QVariant::fromValue(m_model.get())}});
+}
+
+bool QuorvaleApp::open()
+{
+    m_engine.load(QUrl(u"qrc:/qt/qml/Quorvale/MainWindow.qml"_s));
+    return !m_engine.rootObjects().isEmpty();
+}
+
+bool QuorvaleApp::isConverting() const
+{
+    return m_model->isConverting();
+}
+
+} // namespace quorvale
