@@ -75,6 +75,13 @@ void StandInTools::removeTool(const QString &tool)
     QFile::remove(path(tool));
 }
 
+void StandInTools::replaceTool(const QString &tool, const QByteArray &contents)
+{
+    removeTool(tool);
+    write(path(tool), contents);
+    QFile::setPermissions(path(tool), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
 void StandInTools::setScript(const QString &tool, const Script &script)
 {
     write(path(tool + u".script"_s), script.text());

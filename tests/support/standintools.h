@@ -59,6 +59,9 @@ public:
 
     void removeTool(const QString &tool);
 
+    /// Puts an executable file with these contents in the tool's place.
+    void replaceTool(const QString &tool, const QByteArray &contents);
+
     /// What every run of `tool` does.
     void setScript(const QString &tool, const Script &script);
 

@@ -1,0 +1,257 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#include "service/childprocess.h"
+#include "support/conversion.h"
+#include "support/standintools.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTest>
+
+#include <thread>
+
+using namespace quorvale;
+using namespace quorvale::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QUrl source = QUrl::fromLocalFile(u"/in/clip.mkv"_s);
+constexpr auto missingEncoder = "Unknown encoder 'h264_videotoolbox'\n";
+
+} // namespace
+
+class CancellationTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        m_tools.reset(); // there is only one place at a time where tools are looked for
+        m_tools = std::make_unique<StandInTools>();
+    }
+
+    void withoutAConversionDoesNothing()
+    {
+        m_service.cancel();
+        m_tools->setScript(u"ffmpeg"_s, Script().out("progress=end\n"));
+        QVERIFY(endOf(convert()).isSuccess());
+        m_service.cancel();
+    }
+
+    void interruptsTheRunningTool()
+    {
+        m_tools->setScript(u"ffmpeg"_s, untilReleased(Script()));
+        const auto conversion = convert();
+        awaitRunning();
+        m_service.cancel();
+        const ConversionEnd end = endOf(conversion);
+        QVERIFY(end.ffmpegError == FFmpegError::Case::cancelled);
+        QCOMPARE(end.message, u"Conversion cancelled."_s);
+    }
+
+    void sendsExactlyOneInterrupt()
+    {
+        m_tools->setScript(u"ffmpeg"_s, untilReleased(Script().countInterrupts()).exit(0));
+        const auto conversion = convert();
+        awaitRunning();
+        m_service.cancel();
+        // Long enough for a second one to arrive, if there were one.
+        QTest::qSleep(100);
+        release();
+        QVERIFY(endOf(conversion).isSuccess());
+        QCOMPARE(m_tools->countedInterrupts(u"ffmpeg"_s), 1);
+    }
+
+    void sendsOneInterruptPerCall()
+    {
+        m_tools->setScript(u"ffmpeg"_s, untilReleased(Script().countInterrupts()).exit(0));
+        const auto conversion = convert();
+        awaitRunning();
+        for (int i = 0; i < 3; ++i) {
+            m_service.cancel();
+            QTest::qSleep(100); // equal signals that are still pending would merge
+        }
+        release();
+        QVERIFY(endOf(conversion).isSuccess());
+        QCOMPARE(m_tools->countedInterrupts(u"ffmpeg"_s), 3);
+    }
+
+    void aToolThatCatchesTheInterruptDecidesItsEnd()
+    {
+        m_tools->setScript(
+            u"ffmpeg"_s,
+            untilReleased(
+                Script().err("Exiting normally, received signal 2.\n").catchInterrupt(255)));
+        const auto conversion = convert();
+        awaitRunning();
+        m_service.cancel();
+        const ConversionEnd end = endOf(conversion);
+        QVERIFY(end.ffmpegError == FFmpegError::Case::processFailed);
+        QCOMPARE(end.message, u"Exiting normally, received signal 2."_s);
+    }
+
+    void aToolThatCatchesTheInterruptAndSucceedsHasSucceeded()
+    {
+        m_tools->setScript(u"ffmpeg"_s, untilReleased(Script().catchInterrupt(0)));
+        const auto conversion = convert();
+        awaitRunning();
+        m_service.cancel();
+        QVERIFY(endOf(conversion).isSuccess());
+    }
+
+    void aToolThatIgnoresTheInterruptRunsToItsEnd()
+    {
+        m_tools->setScript(u"ffmpeg"_s,
+                           untilReleased(Script().ignoreInterrupt()).out("progress=end\n"));
+        const auto conversion = convert();
+        awaitRunning();
+        m_service.cancel();
+        release();
+        QVERIFY(endOf(conversion).isSuccess());
+    }
+
+    void doesNotReachTheProbe()
+    {
+        m_tools->setScript(u"ffprobe"_s,
+                           untilReleased(Script()).out(R"({"format": {"duration": "10"}})"));
+        m_tools->setScript(u"ffmpeg"_s, Script().out("progress=end\n"));
+        const auto conversion = convert();
+        awaitRunning();
+        m_service.cancel();
+        release();
+        QVERIFY(endOf(conversion).isSuccess());
+    }
+
+    void aCancelDuringTheProbeDoesNotPreventTheSoftwareEncoder()
+    {
+        m_tools->setScript(u"ffprobe"_s,
+                           untilReleased(Script()).out(R"({"format": {"duration": "10"}})"));
+        m_tools->setScript(u"ffmpeg"_s, 1, Script().err(missingEncoder).exit(1));
+        m_tools->setScript(u"ffmpeg"_s, 2, Script().exit(0));
+        const auto conversion = convert();
+        awaitRunning();
+        m_service.cancel();
+        release();
+        QVERIFY(endOf(conversion).isSuccess());
+        QCOMPARE(m_tools->runs(u"ffmpeg"_s).size(), 2);
+    }
+
+    void beforeTheSoftwareEncoderStartsItEndsTheConversion()
+    {
+        // The first run survives the interrupt and then turns out to lack the encoder, so the
+        // cancel lies between the two runs whenever it came.
+        m_tools->setScript(u"ffmpeg"_s, 1,
+                           untilReleased(Script().ignoreInterrupt()).err(missingEncoder).exit(1));
+        m_tools->setScript(u"ffmpeg"_s, 2, Script().exit(0));
+        const auto conversion = convert();
+        awaitRunning();
+        m_service.cancel();
+        release();
+        QVERIFY(endOf(conversion).ffmpegError == FFmpegError::Case::cancelled);
+        QCOMPARE(m_tools->runs(u"ffmpeg"_s).size(), 1);
+    }
+
+    void reachesTheSoftwareEncoderToo()
+    {
+        m_tools->setScript(u"ffmpeg"_s, 1, Script().err(missingEncoder).exit(1));
+        m_tools->setScript(u"ffmpeg"_s, 2, untilReleased(Script()));
+        const auto conversion = convert();
+        awaitRunning();
+        m_service.cancel();
+        QVERIFY(endOf(conversion).ffmpegError == FFmpegError::Case::cancelled);
+    }
+
+    void isForgottenByTheNextConversion()
+    {
+        m_tools->setScript(u"ffmpeg"_s, 1, untilReleased(Script()));
+        m_tools->setScript(u"ffmpeg"_s, 2, Script().err(missingEncoder).exit(1));
+        m_tools->setScript(u"ffmpeg"_s, 3, Script().exit(0));
+        const auto cancelled = convert();
+        awaitRunning();
+        m_service.cancel();
+        QVERIFY(!endOf(cancelled).isSuccess());
+        QVERIFY(endOf(convert()).isSuccess());
+    }
+
+    void atAnyInstantNeitherHangsNorThrows()
+    {
+        m_tools->setScript(u"ffmpeg"_s, Script().out("progress=end\n").wait(5).exit(0));
+        for (int delay = 0; delay < 60; ++delay) {
+            const auto conversion = convert();
+            std::this_thread::sleep_for(std::chrono::microseconds(delay * 400));
+            m_service.cancel();
+            const ConversionEnd end = endOf(conversion);
+            QVERIFY2(end.isSuccess() || end.ffmpegError == FFmpegError::Case::cancelled,
+                     qPrintable(end.message));
+        }
+    }
+
+    void fromSeveralThreadsAtOnceNeitherHangsNorThrows()
+    {
+        m_tools->setScript(u"ffmpeg"_s, Script().countInterrupts().wait(50).exit(0));
+        for (int round = 0; round < 5; ++round) {
+            const auto conversion = convert();
+            std::vector<std::thread> threads;
+            for (int i = 0; i < 4; ++i) {
+                threads.emplace_back([this] {
+                    for (int call = 0; call < 50; ++call)
+                        m_service.cancel();
+                });
+            }
+            for (std::thread &thread : threads)
+                thread.join();
+            const ConversionEnd end = endOf(conversion);
+            QVERIFY2(end.isSuccess() || end.ffmpegError == FFmpegError::Case::cancelled,
+                     qPrintable(end.message));
+        }
+    }
+
+    void beforeTheLaunchIsDeliveredRightAfterIt()
+    {
+        m_tools->setScript(u"ffmpeg"_s, untilReleased(Script()));
+        ChildProcess process(m_tools->path(u"ffmpeg"_s), {});
+        process.interrupt();
+        process.interrupt();
+        QVERIFY(process.run({}, {}).byUncaughtSignal);
+    }
+
+    void afterTheEndDoesNothing()
+    {
+        m_tools->setScript(u"ffmpeg"_s, Script().exit(7));
+        ChildProcess process(m_tools->path(u"ffmpeg"_s), {});
+        const ChildProcess::End end = process.run({}, {});
+        process.interrupt();
+        QVERIFY(!end.byUncaughtSignal);
+        QCOMPARE(end.exitStatus, 7);
+    }
+
+private:
+    QFuture<void> convert()
+    {
+        const QUrl destination = QUrl::fromLocalFile(m_tools->path(u"out/clip_converted.mp4"_s));
+        return m_service.convert(source, destination, {}, [](double) {});
+    }
+
+    // Appends to `script`: say that the tool runs, then wait for release().
+    Script untilReleased(Script script) const
+    {
+        return script.touch(m_tools->path(u"running"_s)).await(m_tools->path(u"released"_s));
+    }
+
+    void awaitRunning() const { QTRY_VERIFY(QFile::exists(m_tools->path(u"running"_s))); }
+
+    void release() const
+    {
+        QFile file(m_tools->path(u"released"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+    }
+
+    std::unique_ptr<StandInTools> m_tools;
+    FFmpegService m_service;
+};
+
+QTEST_GUILESS_MAIN(CancellationTest)
+#include "cancellation_test.moc"

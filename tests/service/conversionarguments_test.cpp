@@ -1,0 +1,96 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#include "model/encoderarguments.h"
+#include "service/conversionarguments.h"
+
+#include <QTest>
+
+using namespace quorvale;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QUrl source = QUrl::fromLocalFile(u"/in/my clip.mkv"_s);
+const QUrl destination = QUrl::fromLocalFile(u"/out/my clip_converted.mp4"_s);
+
+QStringList words(const char *line)
+{
+    return QString::fromLatin1(line).split(u' ', Qt::SkipEmptyParts);
+}
+
+QStringList audioWords(AudioMode audio)
+{
+    if (audio == AudioMode::copy)
+        return words("-c:a copy");
+    return words(audio == AudioMode::aac ? "-c:a aac -b:a 192k" : "-c:a pcm_s24le");
+}
+
+} // namespace
+
+class ConversionArgumentsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void defaultSettings()
+    {
+        QCOMPARE(conversionArguments(source, destination, {}, 4000000),
+                 words("-n -hide_banner -i") + QStringList{u"/in/my clip.mkv"_s}
+                     + words("-c:v h264_videotoolbox -tag:v avc1 -b:v 4000000 -maxrate 6000000 "
+                             "-bufsize 8000000 -pix_fmt yuv420p "
+                             "-c:a aac -b:a 192k -map_metadata 0 -movflags +faststart -progress "
+                             "pipe:1 -nostats")
+                     + QStringList{u"/out/my clip_converted.mp4"_s});
+    }
+
+    void everySetting_data()
+    {
+        QTest::addColumn<ConversionSettings>("settings");
+        for (const OutputCodec codec : allCases<OutputCodec>()) {
+            for (const AudioMode audio : allCases<AudioMode>()) {
+                for (const bool hardware : {false, true}) {
+                    for (const bool overwrite : {false, true}) {
+                        ConversionSettings settings;
+                        settings.codec = codec;
+                        settings.audio = audio;
+                        settings.useHardware = hardware;
+                        settings.overwrite = overwrite;
+                        settings.quality = 64.5;
+                        QTest::addRow("%s, %s, hardware %d, overwrite %d",
+                                      qPrintable(rawValue(codec)), qPrintable(rawValue(audio)),
+                                      hardware, overwrite)
+                            << settings;
+                    }
+                }
+            }
+        }
+    }
+    void everySetting()
+    {
+        QFETCH(const ConversionSettings, settings);
+        for (const std::optional<qint64> target :
+             {std::optional<qint64>(), std::optional<qint64>(777777)}) {
+            const QStringList expected =
+                QStringList{settings.overwrite ? u"-y"_s : u"-n"_s, u"-hide_banner"_s, u"-i"_s,
+                            u"/in/my clip.mkv"_s}
+                + videoArguments(settings.codec, settings.useHardware, settings.quality, target)
+                + audioWords(settings.audio)
+                + words("-map_metadata 0 -movflags +faststart -progress pipe:1 -nostats")
+                + QStringList{u"/out/my clip_converted.mp4"_s};
+            QCOMPARE(conversionArguments(source, destination, settings, target), expected);
+        }
+    }
+
+    void pathsArePlainNotPercentEncoded()
+    {
+        const QString odd = u"/in/50% #1? \u05d0e\u0301\n'\".mkv"_s;
+        const QStringList arguments =
+            conversionArguments(QUrl::fromLocalFile(odd), QUrl::fromLocalFile(odd), {}, {});
+        QCOMPARE(arguments[3], odd);
+        QCOMPARE(arguments.last(), odd);
+    }
+};
+
+QTEST_APPLESS_MAIN(ConversionArgumentsTest)
+#include "conversionarguments_test.moc"

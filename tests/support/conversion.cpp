@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#include "conversion.h"
+
+namespace quorvale::test {
+
+FFmpegService::ProgressHandler ProgressLog::handler()
+{
+    return [this](double fraction) {
+        const std::scoped_lock guard(m_mutex);
+        m_values << fraction;
+    };
+}
+
+QList<double> ProgressLog::values() const
+{
+    const std::scoped_lock guard(m_mutex);
+    return m_values;
+}
+
+ConversionEnd endOf(QFuture<void> conversion)
+{
+    try {
+        conversion.waitForFinished();
+    } catch (const FFmpegError &error) {
+        return {error.kind(), error.errorDescription()};
+    } catch (const std::exception &error) {
+        return {std::nullopt, QString::fromUtf8(error.what())};
+    }
+    return {};
+}
+
+} // namespace quorvale::test
