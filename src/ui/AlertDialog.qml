@@ -10,15 +10,18 @@ Dialog {
 
     required property ConverterViewModel model
 
+    // Of its own width, so that a long message wraps instead of widening it.
+    width: 420
     anchors.centerIn: parent
     modal: true
     title: "Quorvale"
     standardButtons: Dialog.Ok
     onClosed: alert.model.clearAlert()
 
-    Label {
+    contentItem: Label {
         text: alert.model.alertMessage
         textFormat: Text.PlainText
+        wrapMode: Text.Wrap
     }
 
     Connections {
