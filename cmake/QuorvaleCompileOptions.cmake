@@ -13,11 +13,6 @@ target_compile_options(quorvale_options INTERFACE
     # A fused multiply-add rounds once where the encoder arguments promise two roundings.
     -ffp-contract=off)
 
-# QCoro needs the compiler's coroutines, which GCC 10 and clang before 16 do not enable by -std=c++20 alone.
-if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    target_compile_options(quorvale_options INTERFACE -fcoroutines)
-endif()
-
 target_compile_definitions(quorvale_options INTERFACE
     QT_NO_CAST_FROM_ASCII
     QT_NO_CAST_TO_ASCII

@@ -8,7 +8,6 @@
 
 #include <QCoreApplication>
 #include <QCoroFuture>
-#include <QPointer>
 
 using namespace Qt::StringLiterals;
 
@@ -89,9 +88,9 @@ QList<QUuid> ConverterViewModel::unfinishedJobs() const
 FFmpegService::ProgressHandler ConverterViewModel::progressHandler(const QUuid &id)
 {
     // The value is posted to the application, which outlives the controller that it is meant for.
-    return [controller = QPointer(this), id](double progress) {
-        const auto deliver = [controller, id, progress] {
-            if (controller)
+    return [weak = weak_from_this(), id](double progress) {
+        const auto deliver = [weak, id, progress] {
+            if (const auto controller = weak.lock())
                 controller->setProgress(id, progress);
         };
         QMetaObject::invokeMethod(qApp, deliver, Qt::QueuedConnection);

@@ -79,9 +79,9 @@ void ConverterViewModel::clearCompleted()
     m_jobs.removeIf(isCompleted);
 }
 
-qsizetype ConverterViewModel::completedCount() const
+int ConverterViewModel::completedCount() const
 {
-    return std::ranges::count_if(jobs(), isCompleted);
+    return static_cast<int>(std::ranges::count_if(jobs(), isCompleted));
 }
 
 double ConverterViewModel::overallProgress() const

@@ -32,8 +32,8 @@ class ConverterViewModel : public QObject, public std::enable_shared_from_this<C
     Q_PROPERTY(
         bool isDropTargeted READ isDropTargeted WRITE setDropTargeted NOTIFY isDropTargetedChanged)
     Q_PROPERTY(QString alertMessage READ alertText NOTIFY alertMessageChanged)
-    Q_PROPERTY(qsizetype jobCount READ jobCount NOTIFY jobsChanged)
-    Q_PROPERTY(qsizetype completedCount READ completedCount NOTIFY jobsChanged)
+    Q_PROPERTY(int jobCount READ jobCount NOTIFY jobsChanged)
+    Q_PROPERTY(int completedCount READ completedCount NOTIFY jobsChanged)
     Q_PROPERTY(double overallProgress READ overallProgress NOTIFY jobsChanged)
 
 public:
@@ -46,7 +46,7 @@ public:
     /// In the order in which they are converted and shown.
     const QList<ConversionJob> &jobs() const { return m_jobs.jobs(); }
     JobListModel *jobModel() { return &m_jobs; }
-    qsizetype jobCount() const { return jobs().size(); }
+    int jobCount() const { return m_jobs.rowCount(); }
 
     /// Queues the accepted videos among `urls`, files or folders, behind the jobs that are there,
     /// sorted by file name. A file with a job that is not completed is not queued again; everything
@@ -64,7 +64,7 @@ public:
 
     void clearCompleted();
 
-    qsizetype completedCount() const;
+    int completedCount() const;
 
     /// The fraction of the whole queue that is done: completed jobs count 1, others their progress.
     double overallProgress() const;

@@ -74,7 +74,7 @@ void JobListModel::removeIf(const std::function<bool(const ConversionJob &)> &is
         while (first > 0 && isUnwanted(m_jobs[first - 1]))
             --first;
         if (first < end)
-            removeRows(first, end - first);
+            removeRun(first, end - first);
         end = first - 1;
     }
     Q_EMIT changed();
@@ -83,12 +83,12 @@ void JobListModel::removeIf(const std::function<bool(const ConversionJob &)> &is
 void JobListModel::remove(const QUuid &id)
 {
     if (const auto row = rowOf(id)) {
-        removeRows(*row, 1);
+        removeRun(*row, 1);
         Q_EMIT changed();
     }
 }
 
-void JobListModel::removeRows(qsizetype first, qsizetype count)
+void JobListModel::removeRun(qsizetype first, qsizetype count)
 {
     beginRemoveRows({}, static_cast<int>(first), static_cast<int>(first + count - 1));
     m_jobs.remove(first, count);

@@ -64,7 +64,7 @@ Q_SIGNALS:
     void changed();
 
 private:
-    void removeRows(qsizetype first, qsizetype count);
+    void removeRun(qsizetype first, qsizetype count);
     void forgetRows() { m_knowsRows = false; }
     void announce(qsizetype row, const QList<int> &roles);
 

@@ -28,7 +28,7 @@ public:
     using Handler = std::function<void(const Line &)>;
 
     /// The longest line, in bytes, that reaches the handler whole.
-    static constexpr qsizetype longestLine = 16 * 1024;
+    static constexpr qsizetype longestLine = 16'384;
 
     /// `handler` is called once per line, during read() or finish().
     LineReader(Endings endings, Handler handler);

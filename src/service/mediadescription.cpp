@@ -19,7 +19,7 @@ namespace {
 // Collects the beginning of a stream and lets the rest pass.
 ChildProcess::Reader beginningInto(QByteArray &collected)
 {
-    constexpr qsizetype mostBytes = 16 * 1024 * 1024;
+    constexpr qsizetype mostBytes = 16'777'216;
     return [&collected](QByteArrayView bytes) {
         collected.append(bytes.first(std::min(bytes.size(), mostBytes - collected.size())));
     };

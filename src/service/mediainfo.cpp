@@ -36,7 +36,7 @@ QJsonArray streamsOf(const QJsonObject &description)
 // The stated bitrate of the first stream of the type; later streams of that type do not count.
 std::optional<qint64> firstBitrate(const QJsonArray &streams, QLatin1StringView type)
 {
-    for (const QJsonValue &stream : streams) {
+    for (const QJsonValue stream : streams) {
         if (stream["codec_type"_L1].toString() == type)
             return integerIn(stream["bit_rate"_L1]);
     }

@@ -1,0 +1,260 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#include "support/queue.h"
+
+#include <QTest>
+
+using namespace quorvale;
+using namespace quorvale::test;
+using namespace Qt::StringLiterals;
+
+using enum JobState::Case;
+
+// What the user does to the queue and to the batch while the batch runs.
+
+class BatchEditingTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        m_queue.reset(); // there is only one place at a time where tools are looked for
+        m_queue = std::make_unique<Queue>();
+    }
+
+    void aJobAddedDuringARunWaitsForTheNext()
+    {
+        startWith({u"1.mkv"_s});
+        m_queue->add({u"2.mkv"_s});
+        finish();
+        QCOMPARE(m_queue->state(0), completed);
+        QCOMPARE(m_queue->state(1), waiting);
+        QVERIFY(runBatch(m_queue->model()));
+        QCOMPARE(m_queue->state(1), completed);
+    }
+
+    void theResultOfARemovedJobIsDroppedAndTheRunGoesOn()
+    {
+        startWith({u"1.mkv"_s, u"2.mkv"_s});
+        m_queue->model().remove(m_queue->id(0));
+        finish();
+        QCOMPARE(m_queue->model().jobs().size(), 1);
+        QCOMPARE(m_queue->state(0), completed);
+        QCOMPARE(m_queue->tools().runs(u"ffmpeg"_s).size(), 2);
+    }
+
+    void aJobRemovedBeforeItsTurnIsSkipped()
+    {
+        startWith({u"1.mkv"_s, u"2.mkv"_s, u"3.mkv"_s});
+        m_queue->model().remove(m_queue->id(1));
+        finish();
+        const auto runs = m_queue->tools().runs(u"ffmpeg"_s);
+        QCOMPARE(runs.size(), 2);
+        QCOMPARE(runs[1][3], "/in/3.mkv");
+    }
+
+    void theConvertingJobQueuedAgainIsCompletedByItsConversion()
+    {
+        startWith({u"1.mkv"_s});
+        m_queue->model().requeue(m_queue->id(0));
+        QCOMPARE(m_queue->state(0), waiting);
+        QCOMPARE(m_queue->job(0).progress, 0.0);
+        finish();
+        QCOMPARE(m_queue->state(0), completed);
+    }
+
+    void aCompletedJobQueuedAgainDuringTheRunWaitsForTheNext()
+    {
+        m_queue->setConversion(1, Script());
+        m_queue->setConversion(2, m_queue->untilReleased(Script()));
+        m_queue->add({u"1.mkv"_s, u"2.mkv"_s});
+        m_queue->model().start();
+        QTRY_VERIFY(m_queue->isToolWaiting());
+        m_queue->model().requeue(m_queue->id(0));
+        finish();
+        QCOMPARE(m_queue->state(0), waiting);
+        QCOMPARE(m_queue->state(1), completed);
+    }
+
+    void movingDoesNothing()
+    {
+        startWith({u"1.mkv"_s, u"2.mkv"_s, u"3.mkv"_s});
+        const QUuid last = m_queue->id(2);
+        m_queue->model().moveJob(last, -1);
+        QCOMPARE(m_queue->id(2), last);
+        finish();
+    }
+
+    void settingsAndFolderChangedDuringARunApplyToTheNext()
+    {
+        const FileTree elsewhere;
+        startWith({u"1.mkv"_s, u"2.mkv"_s});
+        m_queue->model().chooseCodec(2);
+        m_queue->choose(elsewhere.root());
+        finish();
+        for (const auto &run : m_queue->tools().runs(u"ffmpeg"_s)) {
+            QVERIFY(run.contains("h264_videotoolbox"));
+            QVERIFY(run.last().startsWith(m_queue->outputPath(QString()).toUtf8()));
+        }
+        m_queue->add({u"3.mkv"_s});
+        QVERIFY(runBatch(m_queue->model()));
+        const QList<QByteArray> next = m_queue->tools().runs(u"ffmpeg"_s).last();
+        QVERIFY(next.contains("prores_videotoolbox"));
+        QCOMPARE(next.last(), elsewhere.path(u"3_converted.mov"_s).toUtf8());
+    }
+
+    void clearingDuringARunKeepsTheConvertingJob()
+    {
+        startWith({u"1.mkv"_s});
+        m_queue->model().clearCompleted();
+        QCOMPARE(m_queue->model().jobs().size(), 1);
+        finish();
+    }
+
+    void cancelWithoutARunChangesNothing()
+    {
+        m_queue->add({u"1.mkv"_s});
+        m_queue->model().cancel();
+        QCOMPARE(m_queue->state(0), waiting);
+        QVERIFY(!m_queue->model().isConverting());
+        QVERIFY(!m_queue->model().alertMessage());
+    }
+
+    void aCancelAfterARunDoesNotPreventTheNext()
+    {
+        m_queue->setConversions(Script());
+        m_queue->add({u"1.mkv"_s});
+        QVERIFY(runBatch(m_queue->model()));
+        m_queue->model().cancel();
+        m_queue->add({u"2.mkv"_s});
+        QVERIFY(runBatch(m_queue->model()));
+        QCOMPARE(m_queue->state(1), completed);
+    }
+
+    void cancelEndsTheJobAndTheRun()
+    {
+        startWith({u"1.mkv"_s, u"2.mkv"_s}, Script().out("out_time_ms=2500000\n"));
+        QTRY_COMPARE(m_queue->job(0).progress, 0.25);
+        m_queue->model().cancel();
+        QTRY_VERIFY(!m_queue->model().isConverting());
+        QCOMPARE(m_queue->state(0), cancelled);
+        QCOMPARE(m_queue->job(0).progress, 0.25);
+        QCOMPARE(m_queue->state(1), waiting);
+        QVERIFY(!m_queue->model().alertMessage());
+    }
+
+    void cancelledJobsAreConvertedByTheNextRun()
+    {
+        startWith({u"1.mkv"_s, u"2.mkv"_s});
+        m_queue->model().cancel();
+        QTRY_VERIFY(!m_queue->model().isConverting());
+        m_queue->release();
+        QVERIFY(runBatch(m_queue->model()));
+        QCOMPARE(m_queue->state(0), completed);
+        QCOMPARE(m_queue->state(1), completed);
+    }
+
+    void aToolThatEndsByItselfAtACancelIsAFailureAndTheRunEnds()
+    {
+        startWith({u"1.mkv"_s, u"2.mkv"_s},
+                  Script().err("received signal 2\n").catchInterrupt(255));
+        m_queue->model().cancel();
+        QTRY_VERIFY(!m_queue->model().isConverting());
+        QVERIFY(m_queue->job(0).state == JobState::failed(u"received signal 2"_s));
+        QCOMPARE(m_queue->state(1), waiting);
+    }
+
+    void aToolThatSucceedsInSpiteOfACancelIsASuccessAndTheRunEnds()
+    {
+        startWith({u"1.mkv"_s, u"2.mkv"_s}, Script().catchInterrupt(0));
+        m_queue->model().cancel();
+        QTRY_VERIFY(!m_queue->model().isConverting());
+        QCOMPARE(m_queue->state(0), completed);
+        QCOMPARE(m_queue->state(1), waiting);
+    }
+
+    void aCancelDuringThePreparationStopsTheRunBeforeTheNextJob()
+    {
+        m_queue->tools().setScript(u"ffprobe"_s, m_queue->untilReleased(Script()).out(
+                                                     R"({"format": {"duration": "10"}})"));
+        m_queue->setConversions(Script());
+        m_queue->add({u"1.mkv"_s, u"2.mkv"_s});
+        m_queue->model().start();
+        QTRY_VERIFY(m_queue->isToolWaiting());
+        m_queue->model().cancel();
+        finish();
+        QCOMPARE(m_queue->state(0), completed);
+        QCOMPARE(m_queue->state(1), waiting);
+    }
+
+    void aCancelBetweenTwoJobsKeepsTheNextWaiting()
+    {
+        m_queue->setConversions(Script());
+        m_queue->add({u"1.mkv"_s, u"2.mkv"_s});
+        connect(m_queue->model().jobModel(), &JobListModel::changed, this, [this] {
+            if (m_queue->state(0) == completed)
+                m_queue->model().cancel();
+        });
+        m_queue->model().start();
+        QTRY_VERIFY(!m_queue->model().isConverting());
+        QCOMPARE(m_queue->state(0), completed);
+        QCOMPARE(m_queue->state(1), waiting);
+        QCOMPARE(m_queue->tools().runs(u"ffmpeg"_s).size(), 1);
+    }
+
+    void aCancelRightAfterTheStartConvertsNothing()
+    {
+        m_queue->setConversions(Script());
+        m_queue->add({u"1.mkv"_s});
+        m_queue->model().start();
+        m_queue->model().cancel();
+        QTRY_VERIFY(!m_queue->model().isConverting());
+        QCOMPARE(m_queue->state(0), waiting);
+        QVERIFY(m_queue->tools().runs(u"ffmpeg"_s).isEmpty());
+    }
+
+    void aJobRemovedRightAfterTheStartIsNotConverted()
+    {
+        m_queue->setConversions(Script());
+        m_queue->add({u"1.mkv"_s});
+        m_queue->model().start();
+        m_queue->model().remove(m_queue->id(0));
+        QTRY_VERIFY(!m_queue->model().isConverting());
+        QVERIFY(m_queue->tools().runs(u"ffmpeg"_s).isEmpty());
+    }
+
+    void theBatchKeepsTheControllerAliveAndNothingElseDoes()
+    {
+        startWith({u"1.mkv"_s});
+        const std::weak_ptr<ConverterViewModel> controller = m_queue->model().shared_from_this();
+        m_queue->takeModel();
+        QVERIFY(!controller.expired());
+        m_queue->release();
+        QTRY_VERIFY(controller.expired());
+        QCOMPARE(m_queue->tools().runs(u"ffmpeg"_s).size(), 1);
+    }
+
+private:
+    // Starts a batch and waits until the first conversion does `beginning` and holds.
+    void startWith(const QStringList &names, const Script &beginning = {})
+    {
+        m_queue->setConversions(m_queue->untilReleased(beginning));
+        m_queue->add(names);
+        m_queue->model().start();
+        QTRY_VERIFY(m_queue->isToolWaiting());
+        QCOMPARE(m_queue->state(0), converting);
+    }
+
+    void finish()
+    {
+        m_queue->release();
+        QTRY_VERIFY(!m_queue->model().isConverting());
+    }
+
+    std::unique_ptr<Queue> m_queue;
+};
+
+QTEST_GUILESS_MAIN(BatchEditingTest)
+#include "batchediting_test.moc"

@@ -1,0 +1,124 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#include "support/queue.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace quorvale;
+using namespace quorvale::test;
+using namespace Qt::StringLiterals;
+
+using enum JobState::Case;
+
+namespace {
+
+const QString nothingToConvert = u"Add or re-queue at least one video first."_s;
+const QString noDestination = u"Choose an output folder first."_s;
+const QString noFFmpeg = u"FFmpeg was not found. Install it with Homebrew: brew install ffmpeg"_s;
+
+} // namespace
+
+class BatchStartTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void anEmptyListIsSaidFirst()
+    {
+        Queue queue;
+        queue.choose(std::nullopt);
+        queue.tools().removeTool(u"ffmpeg"_s);
+        queue.model().start();
+        QVERIFY(queue.model().alertMessage() == nothingToConvert);
+        QVERIFY(!queue.model().isConverting());
+    }
+
+    void aListOfCompletedJobsIsLikeAnEmptyOne()
+    {
+        Queue queue;
+        queue.setConversions(Script());
+        queue.add({u"1.mkv"_s});
+        QVERIFY(runBatch(queue.model()));
+        QVERIFY(!queue.model().alertMessage());
+        queue.model().start();
+        QVERIFY(queue.model().alertMessage() == nothingToConvert);
+        QVERIFY(!queue.model().isConverting());
+    }
+
+    void theMissingFolderIsSaidSecond()
+    {
+        Queue queue;
+        queue.choose(std::nullopt);
+        queue.tools().removeTool(u"ffmpeg"_s);
+        queue.add({u"1.mkv"_s});
+        queue.model().start();
+        QVERIFY(queue.model().alertMessage() == noDestination);
+        QVERIFY(!queue.model().isConverting());
+    }
+
+    void theMissingToolIsSaidThird()
+    {
+        Queue queue;
+        queue.tools().removeTool(u"ffmpeg"_s);
+        queue.add({u"1.mkv"_s});
+        queue.model().start();
+        QVERIFY(queue.model().alertMessage() == noFFmpeg);
+        QVERIFY(!queue.model().isConverting());
+        QCOMPARE(queue.state(0), waiting);
+    }
+
+    void theSameTextTwiceIsRaisedTwice()
+    {
+        Queue queue;
+        const QSignalSpy raised(&queue.model(), &ConverterViewModel::alertRaised);
+        queue.model().start();
+        queue.model().clearAlert();
+        QVERIFY(!queue.model().alertMessage());
+        queue.model().start();
+        QCOMPARE(raised.size(), 2);
+        QVERIFY(queue.model().alertMessage() == nothingToConvert);
+    }
+
+    void aStartDoesNotClearAnEarlierAlert()
+    {
+        Queue queue;
+        queue.setConversions(Script());
+        queue.model().start();
+        queue.add({u"1.mkv"_s});
+        QVERIFY(runBatch(queue.model()));
+        QVERIFY(queue.model().alertMessage() == nothingToConvert);
+    }
+
+    void aSecondStartDoesNothing()
+    {
+        Queue queue;
+        queue.setConversions(Script());
+        queue.add({u"1.mkv"_s});
+        const QSignalSpy changes(&queue.model(), &ConverterViewModel::isConvertingChanged);
+        queue.model().start();
+        queue.model().start();
+        QTRY_VERIFY(!queue.model().isConverting());
+        queue.model().clearCompleted();
+        QCOMPARE(changes.size(), 2);
+        QCOMPARE(queue.tools().runs(u"ffmpeg"_s).size(), 1);
+        QVERIFY(!queue.model().alertMessage());
+    }
+
+    void aStartDuringARunSaysNothingEvenWithoutAFolder()
+    {
+        Queue queue;
+        queue.setConversions(queue.untilReleased(Script()));
+        queue.add({u"1.mkv"_s});
+        queue.model().start();
+        queue.choose(std::nullopt);
+        queue.model().start();
+        QVERIFY(!queue.model().alertMessage());
+        queue.release();
+        QTRY_VERIFY(!queue.model().isConverting());
+    }
+};
+
+QTEST_GUILESS_MAIN(BatchStartTest)
+#include "batchstart_test.moc"
