@@ -1,0 +1,174 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#include "controller/converterviewmodel.h"
+#include "support/clips.h"
+#include "support/conversionbench.h"
+#include "support/toolrun.h"
+
+#include <QTest>
+
+#include <algorithm>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+using namespace quorvale;
+using namespace quorvale::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// What a file name's bytes mean is nobody's business on the way from a source to its output; so
+// these tests name, make and read files without Qt.
+using Names = std::vector<std::string>;
+
+constexpr std::size_t longestName = 255; // bytes, on the file systems of Linux
+const std::string outputEnding = "_converted.mp4";
+
+// The characters are written out as bytes to be independent of editors, which normalise.
+const std::string decomposedAccent = "cafe\xCC\x81";
+const std::string composedAccent = "caf\xC3\xA9";
+
+Names baseNames()
+{
+    return {
+        "with some spaces",
+        " a space at either end ",
+        "single 'quotes'",
+        "double \"quotes\"",
+        "`backquotes` $HOME $(true) *; & | <>",
+        "line\nfeed",
+        "tab\tulator",
+        "percent%20encoded",
+        "sequence%03d",
+        "fragment#1",
+        "query?a=b",
+        "-y",
+        "--",
+        "back\\slash",
+        "a:colon",
+        "file:",
+        "two..dots.mkv",
+        "[0-9]{a,b}",
+        "\xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D",           // Hebrew
+        "\xD9\x85\xD8\xB1\xD8\xAD\xD8\xA8\xD8\xA7 1", // Arabic
+        "\xE2\x80\xAEoverridden\xE2\x80\xAC",         // with a right-to-left override
+        "\xF0\x9F\x8E\xAC\xF0\x9F\x91\xA9\xE2\x80\x8D\xF0\x9F\x92\xBB", // emoji, one of them joined
+        decomposedAccent,
+        composedAccent,
+        std::string(200, 'n'),
+        std::string(longestName - outputEnding.size(), 'm'),
+    };
+}
+
+fs::path fsPath(const QDir &folder)
+{
+    return fs::path(folder.path().toStdString());
+}
+
+Names sorted(Names names)
+{
+    std::ranges::sort(names);
+    return names;
+}
+
+Names namesIn(const QDir &folder)
+{
+    Names names;
+    for (const fs::directory_entry &entry : fs::directory_iterator(fsPath(folder)))
+        names.push_back(entry.path().filename().native());
+    return sorted(names);
+}
+
+// For the log, with every byte beyond ASCII as a number.
+QByteArray shown(const Names &names)
+{
+    QByteArray text;
+    for (const std::string &name : names)
+        text += QByteArray::fromStdString(name).toPercentEncoding(" '\"#?\\:") + '\n';
+    return text;
+}
+
+} // namespace
+
+class RealFileNamesTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        useMachineTools();
+        m_clip = makeClip(u"silent.mp4"_s, QDir(m_folder.path()));
+    }
+
+    void everyNameReachesTheOutputByteForByte()
+    {
+        ConversionBench bench;
+        Names expected;
+        for (const std::string &baseName : baseNames()) {
+            takeSource(bench, baseName + ".mp4");
+            expected.push_back(baseName + outputEnding);
+        }
+        const Names sources = namesIn(bench.sources());
+        const auto count = static_cast<qsizetype>(sources.size());
+        QVERIFY(bench.drop(bench.sources().path(), count));
+
+        QVERIFY(bench.runBatch());
+
+        for (const ConversionJob &job : bench.controller().jobs())
+            QVERIFY2(isCompleted(job.state), qPrintable(job.source().toString()));
+        QCOMPARE(bench.controller().completedCount(), count);
+        QCOMPARE(shown(namesIn(bench.outputs())), shown(sorted(expected)));
+        QCOMPARE(shown(namesIn(bench.sources())), shown(sources));
+    }
+
+    void aDroppedFileKeepsItsName()
+    {
+        ConversionBench bench;
+        const std::string name = "100%25 #1? " + decomposedAccent + ".mp4";
+        takeSource(bench, name);
+        QVERIFY(bench.drop(bench.sources().filePath(QString::fromStdString(name)), 1));
+
+        QVERIFY(bench.runBatch());
+
+        QVERIFY(isCompleted(bench.controller().jobs().first().state));
+        QCOMPARE(shown(namesIn(bench.outputs())),
+                 shown({"100%25 #1? " + decomposedAccent + outputEnding}));
+    }
+
+    void aNameThatGrowsTooLongFailsAndTheNextJobCompletes()
+    {
+        ConversionBench bench;
+        const std::string tooLong(longestName - outputEnding.size() + 1, 'a');
+        const std::string longest(longestName - std::string(".mp4").size(), 'b');
+        for (const std::string &baseName : {tooLong, longest, std::string("c")})
+            takeSource(bench, baseName + ".mp4");
+        QVERIFY(bench.drop(bench.sources().path(), 3));
+
+        QVERIFY(bench.runBatch());
+
+        for (const std::string &baseName : {tooLong, longest}) {
+            const JobState state = bench.stateOf(QString::fromStdString(baseName + ".mp4"));
+            QVERIFY(state.is(JobState::Case::failed));
+            QVERIFY2(state.message().contains(u"too long"_s), qPrintable(state.message()));
+        }
+        QVERIFY(isCompleted(bench.stateOf(u"c.mp4"_s)));
+        QCOMPARE(shown(namesIn(bench.outputs())), shown({"c" + outputEnding}));
+    }
+
+private:
+    void takeSource(const ConversionBench &bench, const std::string &name) const
+    {
+        fs::copy_file(m_clip.toStdString(), fsPath(bench.sources()) / name);
+    }
+
+    QTemporaryDir m_folder;
+    QString m_clip;
+};
+
+QTEST_GUILESS_MAIN(RealFileNamesTest)
+#include "realfilenames_test.moc"

@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#include "conversionbench.h"
+
+#include "model/filename.h"
+#include "recordedpanel.h"
+#include "toolrun.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace quorvale::test {
+
+namespace {
+
+constexpr int patience = 120'000; // milliseconds
+
+} // namespace
+
+ConversionBench::ConversionBench()
+{
+    useMachineTools();
+    if (!QDir().mkpath(sources().path()) || !QDir().mkpath(outputs().path()))
+        qFatal("Cannot create folders in %s", qPrintable(m_folder.path()));
+    auto panel = std::make_unique<RecordedPanel>();
+    panel->answers << QList<QUrl>{QUrl::fromLocalFile(outputs().path())};
+    m_controller = ConverterViewModel::create(std::move(panel));
+    m_controller->chooseDestination();
+}
+
+ConversionBench::~ConversionBench()
+{
+    if (!m_controller->isConverting())
+        return;
+    m_controller->cancel();
+    if (!awaitEnd())
+        qFatal("A cancelled batch does not end");
+}
+
+bool ConversionBench::drop(const QString &path, qsizetype count)
+{
+    const qsizetype expected = m_controller->jobCount() + count;
+    m_controller->handleDrop({QUrl::fromLocalFile(path)});
+    return QTest::qWaitFor([&] { return m_controller->jobCount() == expected; }, patience);
+}
+
+bool ConversionBench::runBatch()
+{
+    m_controller->start();
+    return m_controller->isConverting() && awaitEnd();
+}
+
+bool ConversionBench::awaitEnd()
+{
+    return QTest::qWaitFor([&] { return !m_controller->isConverting(); }, patience);
+}
+
+JobState ConversionBench::stateOf(const QString &name) const
+{
+    for (const ConversionJob &job : m_controller->jobs()) {
+        if (lastPathComponent(job.source().toLocalFile()) == name)
+            return job.state;
+    }
+    qFatal("No job for %s", qPrintable(name));
+}
+
+bool isCompleted(const JobState &state)
+{
+    if (state.is(JobState::Case::completed))
+        return true;
+    qWarning("State %d instead of completed: %s", static_cast<int>(state.kind()),
+             qPrintable(state.message()));
+    return false;
+}
+
+} // namespace quorvale::test
