@@ -13,7 +13,7 @@
 
 int main(int argc, char *argv[])
 {
-    quorvale::detachStandardInputFromTerminal();
+    quorvale::detachStandardInput();
 
     std::optional<quorvale::DisplayAdvice> advice(std::in_place);
     QApplication::setApplicationName(QStringLiteral("Quorvale"));

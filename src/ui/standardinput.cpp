@@ -8,11 +8,8 @@
 
 namespace quorvale {
 
-void detachStandardInputFromTerminal()
+void detachStandardInput()
 {
-    const bool isOpen = ::fcntl(STDIN_FILENO, F_GETFD) != -1;
-    if (isOpen && ::isatty(STDIN_FILENO) == 0)
-        return;
     const int null = ::open("/dev/null", O_RDONLY); // NOLINT(cppcoreguidelines-pro-type-vararg)
     if (null < 0 || null == STDIN_FILENO)
         return;

@@ -5,9 +5,9 @@
 
 namespace quorvale {
 
-/// Replaces this process's standard input by the null device when it is a terminal or closed. The
-/// tools inherit it, and ffmpeg would otherwise read keys from the terminal ("q" ends it) and
-/// change the terminal's mode. To be called before the first tool is started.
-void detachStandardInputFromTerminal();
+/// Replaces this process's standard input by the null device. The tools inherit it, and ffmpeg
+/// reads commands from it ("q" ends a conversion half-way, with success) and changes the mode of a
+/// terminal. To be called before the first tool is started.
+void detachStandardInput();
 
 } // namespace quorvale
