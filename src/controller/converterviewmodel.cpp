@@ -40,6 +40,7 @@ void ConverterViewModel::add(const QList<QUrl> &urls)
 
     QList<ConversionJob> newJobs;
     newJobs.reserve(fresh.size());
+    m_queuedFiles.reserve(fresh.size());
     for (const QUrl &file : std::as_const(fresh)) {
         newJobs.emplaceBack(file);
         m_queuedFiles.insert(file);

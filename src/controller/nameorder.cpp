@@ -6,8 +6,10 @@
 #include "model/filename.h"
 
 #include <QCollator>
+#include <QtConcurrentMap>
 
 #include <algorithm>
+#include <optional>
 #include <vector>
 
 namespace quorvale {
@@ -28,8 +30,8 @@ QCollator nameCollator()
 
 struct KeyedFile
 {
-    QCollatorSortKey key;
     QUrl file;
+    std::optional<QCollatorSortKey> key; // made in the second step
 };
 
 } // namespace
@@ -39,13 +41,20 @@ void sortByName(QList<QUrl> &files)
     if (files.size() < 2)
         return;
     const QCollator collator = nameCollator();
+    // The first use completes the collator; from then on threads may share it.
+    (void)collator.sortKey(QString());
+
     std::vector<KeyedFile> keyed;
     keyed.reserve(static_cast<std::size_t>(files.size()));
-    for (const QUrl &file : files)
-        keyed.push_back({collator.sortKey(lastPathComponent(file.path(QUrl::FullyDecoded))), file});
+    for (QUrl &file : files)
+        keyed.push_back({std::move(file), std::nullopt});
+    QtConcurrent::blockingMap(keyed, [&collator](KeyedFile &each) {
+        each.key = collator.sortKey(lastPathComponent(each.file.path(QUrl::FullyDecoded)));
+    });
     std::ranges::stable_sort(
-        keyed, [](const auto &a, const auto &b) { return a.compare(b) < 0; }, &KeyedFile::key);
-    std::ranges::transform(keyed, files.begin(), &KeyedFile::file);
+        keyed, [](const KeyedFile &a, const KeyedFile &b) { return a.key->compare(*b.key) < 0; });
+    for (qsizetype i = 0; KeyedFile & each : keyed)
+        files[i++] = std::move(each.file);
 }
 
 } // namespace quorvale

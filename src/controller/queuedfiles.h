@@ -14,9 +14,14 @@ namespace quorvale {
 class QueuedFiles
 {
 public:
+    /// Makes room for so many more files at once.
+    void reserve(qsizetype more) { m_jobs.reserve(m_jobs.size() + more); }
     void insert(const QUrl &file) { ++m_jobs[standardisedPath(file)]; }
     void remove(const QUrl &file);
-    bool contains(const QUrl &file) const { return m_jobs.contains(standardisedPath(file)); }
+    bool contains(const QUrl &file) const
+    {
+        return !m_jobs.isEmpty() && m_jobs.contains(standardisedPath(file));
+    }
 
 private:
     static QString standardisedPath(const QUrl &file);

@@ -8,11 +8,17 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QtConcurrentMap>
 
 #include <algorithm>
-#include <filesystem>
+#include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 
@@ -20,53 +26,75 @@ namespace quorvale {
 
 namespace {
 
-namespace fs = std::filesystem;
-
 struct Entry
 {
     std::string name;
     bool isFolder = false; // a real one, not a link to one
 };
 
-QString decoded(const std::string &name)
+bool isAcceptedExtension(const QString &extension)
 {
-    return QFile::decodeName(
-        QByteArray::fromRawData(name.data(), static_cast<qsizetype>(name.size())));
+    return FFmpegService::supportedExtensions().contains(extension.toLower());
 }
 
-bool isAccepted(QStringView name)
+// Decodes no more of the name than its extension: most of a large tree's cost lies in names.
+bool isAccepted(std::string_view name)
 {
-    return FFmpegService::supportedExtensions().contains(pathExtension(name).toString().toLower());
+    const std::size_t dot = name.rfind('.');
+    return dot != 0 && dot != std::string_view::npos
+           && isAcceptedExtension(QString::fromUtf8(name.substr(dot + 1)));
+}
+
+bool isRealFolder(int folder, const dirent &entry)
+{
+    if (entry.d_type != DT_UNKNOWN)
+        return entry.d_type == DT_DIR;
+    // Some file systems tell the type only when asked for it.
+    struct stat facts = {};
+    return ::fstatat(folder, entry.d_name, &facts, AT_SYMLINK_NOFOLLOW) == 0
+           && S_ISDIR(facts.st_mode);
 }
 
 // The visible entries of a folder, in the order of their names' bytes; none when it cannot be read.
-std::vector<Entry> entriesOf(const fs::path &folder)
+// The names stay bytes, because there are file systems whose names are no valid UTF-8.
+std::vector<Entry> entriesOf(const std::string &folder)
 {
     std::vector<Entry> entries;
-    std::error_code error;
-    for (fs::directory_iterator each(folder, error), end; !error && each != end;
-         each.increment(error)) {
-        std::string name = each->path().filename().string();
-        if (name.starts_with('.'))
-            continue;
-        std::error_code unknown; // an entry of unknown type is simply not entered
-        const bool isFolder = !each->is_symlink(unknown) && each->is_directory(unknown);
-        entries.push_back({std::move(name), isFolder});
+    const std::unique_ptr<DIR, int (*)(DIR *)> stream(::opendir(folder.c_str()), ::closedir);
+    if (!stream)
+        return entries;
+    while (const dirent *entry = ::readdir(stream.get())) {
+        if (entry->d_name[0] != '.')
+            entries.push_back({entry->d_name, isRealFolder(::dirfd(stream.get()), *entry)});
     }
     std::ranges::sort(entries, {}, &Entry::name);
     return entries;
 }
 
-void findBelow(const fs::path &folder, QList<QUrl> &found)
+// The paths of the accepted entries below `folder`, which ends in a slash.
+void findBelow(const std::string &folder, std::vector<std::string> &found)
 {
     for (const Entry &entry : entriesOf(folder)) {
-        const QString name = decoded(entry.name);
-        const fs::path path = folder / entry.name;
-        if (isAccepted(name))
-            found << QUrl::fromLocalFile(decoded(path.string()));
-        if (entry.isFolder && !isPackage(name))
-            findBelow(path, found);
+        if (isAccepted(entry.name))
+            found.push_back(folder + entry.name);
+        if (entry.isFolder && !isPackage(QString::fromUtf8(entry.name)))
+            findBelow(folder + entry.name + '/', found);
     }
+}
+
+QList<QUrl> findInFolder(const QString &folder)
+{
+    std::vector<std::string> paths;
+    findBelow(QFile::encodeName(folder.endsWith(u'/') ? folder : folder + u'/').toStdString(),
+              paths);
+
+    // Each URL knows its path by its own place, so that the threads need nothing in common.
+    QList<QUrl> urls(static_cast<qsizetype>(paths.size()));
+    const QUrl *first = urls.constData();
+    QtConcurrent::blockingMap(urls, [first, &paths](QUrl &url) {
+        url = QUrl::fromLocalFile(QString::fromUtf8(paths[static_cast<std::size_t>(&url - first)]));
+    });
+    return urls;
 }
 
 } // namespace
@@ -79,8 +107,8 @@ QList<QUrl> findVideos(const QList<QUrl> &urls)
             continue;
         const QString path = url.toLocalFile();
         if (QFileInfo(path).isDir())
-            findBelow(QFile::encodeName(path).toStdString(), found);
-        else if (isAccepted(lastPathComponent(path)))
+            found += findInFolder(path);
+        else if (isAcceptedExtension(pathExtension(lastPathComponent(path)).toString()))
             found << url;
     }
     return found;

@@ -12,7 +12,6 @@ using namespace quorvale;
 using namespace Qt::StringLiterals;
 
 using Bitrate = std::optional<qint64>;
-Q_DECLARE_METATYPE(Bitrate)
 
 namespace {
 

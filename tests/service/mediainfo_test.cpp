@@ -8,7 +8,6 @@
 using namespace quorvale;
 
 using Bitrate = std::optional<qint64>;
-Q_DECLARE_METATYPE(Bitrate)
 
 namespace {
 

@@ -160,7 +160,5 @@ private Q_SLOTS:
     }
 };
 
-Q_DECLARE_METATYPE(quorvale::test::Script)
-
 QTEST_GUILESS_MAIN(ProbeTest)
 #include "probe_test.moc"

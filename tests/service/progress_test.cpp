@@ -8,7 +8,6 @@
 using namespace quorvale;
 
 using Fraction = std::optional<double>;
-Q_DECLARE_METATYPE(Fraction)
 
 class ProgressTest : public QObject
 {
