@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QProcess>
+
+#include <functional>
+
+namespace quorvale::test {
+
+/// A process that never outlives the test, not even one that crashes: ended, and waited for, with
+/// this object.
+class ChildOfTheTest : public QProcess
+{
+public:
+    ChildOfTheTest();
+    ~ChildOfTheTest() override;
+
+    /// Has the child do this, too, just before it becomes the program. Only calls that are safe
+    /// between fork and exec.
+    void setPreparation(const std::function<void()> &preparation);
+};
+
+} // namespace quorvale::test

@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "childofthetest.h"
+
+#include <QByteArray>
+#include <QTemporaryDir>
+
+#include <sys/types.h>
+
+namespace quorvale::test {
+
+class VirtualDisplay;
+
+/// One run of the program as it is built, or of a copy, in an environment of its own.
+class ProgramRun
+{
+public:
+    ProgramRun();
+    explicit ProgramRun(const QString &executable);
+
+    /// Ends what is left of the run.
+    ~ProgramRun();
+
+    ProgramRun(const ProgramRun &) = delete;
+    ProgramRun &operator=(const ProgramRun &) = delete;
+
+    /// Where it shows its window; on no platform in particular without these. To be called before
+    /// start(), like the following.
+    void showOn(const VirtualDisplay &display);
+    void showNowhere() { set(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen")); }
+
+    void set(const QString &variable, const QString &value);
+    void unset(const QString &variable);
+    ChildOfTheTest &process() { return m_process; }
+
+    /// Starts it. False, with a warning, when that fails.
+    bool start();
+
+    pid_t id() const { return static_cast<pid_t>(m_process.processId()); }
+    bool isRunning() const { return m_process.state() == QProcess::Running; }
+
+    /// Waits for the end. False when it does not come in time.
+    bool waitForEnd(int milliseconds);
+
+    bool endedBySignal() const { return m_process.exitStatus() == QProcess::CrashExit; }
+    /// The exit status, or the number of the signal that ended it.
+    int status() const { return m_process.exitCode(); }
+    QByteArray standardError() const { return m_standardError; }
+    /// What it said on standard error, apart from the graphics drivers' remarks on the machine.
+    QByteArray complaints() const;
+
+    /// The processes of this run, its tools included, that are there now, even when it has ended.
+    QList<pid_t> processes() const;
+
+private:
+    QTemporaryDir m_home;
+    QString m_executable;
+    QByteArray m_mark; // an entry of its environment, which its children inherit
+    QProcessEnvironment m_environment;
+    QByteArray m_standardError;
+    ChildOfTheTest m_process;
+};
+
+} // namespace quorvale::test

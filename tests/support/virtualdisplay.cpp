@@ -1,0 +1,231 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#include "virtualdisplay.h"
+
+#include "desktopenvironment.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QRegularExpression>
+#include <QStandardPaths>
+#include <QTest>
+#include <QtEndian>
+
+using namespace Qt::StringLiterals;
+
+namespace quorvale::test {
+
+namespace {
+
+constexpr int patience = 30'000;
+
+constexpr const char *windowManagerSettings = R"(<?xml version="1.0"?>
+<openbox_config xmlns="http://openbox.org/3.4/rc">
+  <focus><focusNew>yes</focusNew></focus>
+  <keyboard>
+    <keybind key="A-F4"><action name="Close"/></keybind>
+  </keyboard>
+  <applications>
+    <application title="Quorvale">
+      <position force="yes"><x>0</x><y>0</y></position>
+    </application>
+    <application title="Drag source">
+      <position force="yes"><x>-0</x><y>0</y></position>
+    </application>
+  </applications>
+</openbox_config>
+)";
+
+bool hasStarted(ChildOfTheTest &process, const QString &tool, const QStringList &arguments)
+{
+    process.start(tool, arguments);
+    if (process.waitForStarted(-1))
+        return true;
+    qWarning("%s: %s", qPrintable(tool), qPrintable(process.errorString()));
+    return false;
+}
+
+} // namespace
+
+bool VirtualDisplay::start()
+{
+    if (QStandardPaths::findExecutable(u"xdotool"_s).isEmpty()) {
+        qWarning("xdotool is missing.");
+        return false;
+    }
+    return startServer() && startWindowManager();
+}
+
+bool VirtualDisplay::startServer()
+{
+    // It chooses a free number itself and says it when it is ready.
+    m_server.setStandardErrorFile(QProcess::nullDevice());
+    if (!hasStarted(m_server, u"Xvfb"_s,
+                    {u"-displayfd"_s, u"1"_s, u"-screen"_s, u"0"_s, u"1280x800x24"_s, u"-noreset"_s,
+                     u"-nolisten"_s, u"tcp"_s, u"-fbdir"_s, m_folder.path()}))
+        return false;
+    if (!QTest::qWaitFor([this] { return m_server.canReadLine(); }, patience)) {
+        qWarning("Xvfb does not get ready.");
+        return false;
+    }
+    m_name = u':' + QString::fromLatin1(m_server.readLine().trimmed());
+    return true;
+}
+
+bool VirtualDisplay::startWindowManager()
+{
+    const QString settings = m_folder.filePath(u"openbox.xml"_s);
+    QFile file(settings);
+    if (!file.open(QIODevice::WriteOnly) || file.write(windowManagerSettings) < 0) {
+        qWarning("%s: %s", qPrintable(settings), qPrintable(file.errorString()));
+        return false;
+    }
+    file.close();
+    m_windowManager.setProcessEnvironment(environment());
+    m_windowManager.setStandardErrorFile(QProcess::nullDevice());
+    if (!hasStarted(m_windowManager, u"openbox"_s,
+                    {u"--sm-disable"_s, u"--config-file"_s, settings}))
+        return false;
+    // It is what knows the number of desktops.
+    if (QTest::qWaitFor([this] { return run({u"get_num_desktops"_s}).has_value(); }, patience))
+        return true;
+    qWarning("openbox does not get ready.");
+    return false;
+}
+
+QProcessEnvironment VirtualDisplay::environment() const
+{
+    QProcessEnvironment environment = environmentWithoutDesktop(m_folder.path());
+    environment.insert(u"DISPLAY"_s, m_name);
+    environment.insert(u"QT_QPA_PLATFORM"_s, u"xcb"_s);
+    return environment;
+}
+
+std::optional<QByteArray> VirtualDisplay::run(const QStringList &arguments) const
+{
+    ChildOfTheTest process;
+    process.setProcessEnvironment(environment());
+    if (!hasStarted(process, u"xdotool"_s, arguments) || !process.waitForFinished(patience)
+        || process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0)
+        return std::nullopt;
+    return process.readAllStandardOutput();
+}
+
+std::optional<QByteArray> VirtualDisplay::xdotool(const QStringList &arguments) const
+{
+    auto output = run(arguments);
+    if (!output)
+        qWarning("xdotool %s failed.", qPrintable(arguments.join(u' ')));
+    return output;
+}
+
+QStringList VirtualDisplay::windows(const QString &title) const
+{
+    const QString pattern = u'^' + QRegularExpression::escape(title) + u'$';
+    // It fails when there is none.
+    const auto output = run({u"search"_s, u"--onlyvisible"_s, u"--name"_s, pattern});
+    return QString::fromLatin1(output.value_or(QByteArray())).split(u'\n', Qt::SkipEmptyParts);
+}
+
+std::optional<QString> VirtualDisplay::waitForWindow(const QString &title) const
+{
+    QStringList found;
+    const auto isThere = [&] {
+        found = windows(title);
+        return !found.isEmpty();
+    };
+    if (QTest::qWaitFor(isThere, patience))
+        return found.first();
+    qWarning("There is no window with the title %s.", qPrintable(title));
+    return std::nullopt;
+}
+
+bool VirtualDisplay::waitForNoWindow(const QString &title, int milliseconds) const
+{
+    return QTest::qWaitFor([&] { return windows(title).isEmpty(); }, milliseconds);
+}
+
+bool VirtualDisplay::activate(const QString &window) const
+{
+    if (!xdotool({u"windowactivate"_s, window}))
+        return false;
+    const auto hasKeyboard = [&] {
+        return run({u"getwindowfocus"_s}).value_or(QByteArray()).trimmed() == window.toLatin1();
+    };
+    if (QTest::qWaitFor(hasKeyboard, patience))
+        return true;
+    qWarning("The window does not get the keyboard.");
+    return false;
+}
+
+std::optional<QSize> VirtualDisplay::sizeOf(const QString &window) const
+{
+    const auto output = xdotool({u"getwindowgeometry"_s, u"--shell"_s, window});
+    if (!output)
+        return std::nullopt;
+    static const QRegularExpression size(u"WIDTH=(\\d+)\\s+HEIGHT=(\\d+)"_s);
+    const auto match = size.match(QString::fromLatin1(*output));
+    return QSize(match.captured(1).toInt(), match.captured(2).toInt());
+}
+
+std::optional<QRect> VirtualDisplay::areaOf(const QString &window) const
+{
+    // Where xdotool says that a window is, some versions count its frame twice.
+    const auto size = sizeOf(window);
+    if (!size || !xdotool({u"mousemove"_s, u"--window"_s, window, u"0"_s, u"0"_s}))
+        return std::nullopt;
+    const auto output = xdotool({u"getmouselocation"_s, u"--shell"_s});
+    if (!output || !parkMouse())
+        return std::nullopt;
+    static const QRegularExpression location(u"X=(\\d+)\\s+Y=(\\d+)"_s);
+    const auto match = location.match(QString::fromLatin1(*output));
+    return QRect(QPoint(match.captured(1).toInt(), match.captured(2).toInt()), *size);
+}
+
+bool VirtualDisplay::parkMouse() const
+{
+    return xdotool({u"mousemove"_s, u"1279"_s, u"799"_s}).has_value();
+}
+
+QByteArray VirtualDisplay::picture(const QRect &area) const
+{
+    // An XWD file: a header of big-endian numbers, the first of which is the header's length, a map
+    // of colours, and the lines of pixels.
+    QFile file(m_folder.filePath(u"Xvfb_screen0"_s));
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    const QByteArray screen = file.readAll();
+    const auto number = [&screen](qsizetype index) -> qsizetype {
+        return screen.size() < 4 * (index + 1) ? 0
+                                               : qFromBigEndian<quint32>(screen.data() + 4 * index);
+    };
+    constexpr qsizetype colourBytes = 12;
+    constexpr qsizetype pixelBytes = 4;
+    const qsizetype lineBytes = number(12);
+    const qsizetype pixels = number(0) + number(19) * colourBytes;
+    QByteArray picture;
+    for (int y = area.top(); y <= area.bottom(); ++y)
+        picture += screen.mid(pixels + y * lineBytes + area.left() * pixelBytes,
+                              area.width() * pixelBytes);
+    return picture;
+}
+
+QByteArray VirtualDisplay::restingPicture(const QRect &area) const
+{
+    QByteArray last;
+    QElapsedTimer unchanged;
+    const auto rests = [&] {
+        if (const QByteArray now = picture(area); now != last) {
+            last = now;
+            unchanged.start();
+        }
+        return unchanged.isValid() && unchanged.hasExpired(300);
+    };
+    if (QTest::qWaitFor(rests, patience))
+        return last;
+    qWarning("The screen does not come to rest.");
+    return {};
+}
+
+} // namespace quorvale::test

@@ -1,0 +1,91 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#include "support/processtable.h"
+#include "support/programrun.h"
+#include "support/virtualdisplay.h"
+#include "support/windowdriver.h"
+
+#include <QDir>
+#include <QTest>
+
+#include <csignal>
+
+using namespace quorvale::test;
+using namespace Qt::StringLiterals;
+
+// Whether the installed program works wherever it is, without the tree that it was built in.
+class RelocationTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        QVERIFY(m_display.start());
+        ChildOfTheTest install;
+        install.start(QStringLiteral(CMAKE_PROGRAM),
+                      {u"--install"_s, QStringLiteral(BUILD_TREE), u"--prefix"_s,
+                       m_folder.filePath(u"first"_s)});
+        QVERIFY(install.waitForFinished(120'000));
+        QVERIFY2(install.exitStatus() == QProcess::NormalExit && install.exitCode() == 0,
+                 install.readAllStandardError().constData());
+        QVERIFY(QDir(m_folder.path()).rename(u"first"_s, u"second place"_s));
+    }
+
+    void opensItsWindow_data()
+    {
+        QTest::addColumn<QString>("backend");
+        QTest::newRow("usual renderer") << QString();
+        QTest::newRow("software renderer") << u"software"_s;
+    }
+    void opensItsWindow()
+    {
+        QFETCH(const QString, backend);
+        const auto run = newRun(backend);
+        run->showOn(m_display);
+        QVERIFY(run->start());
+        WindowDriver window(m_display);
+        QVERIFY(window.find());
+        const QByteArray files = mappedFiles(run->id());
+        QVERIFY2(!files.isEmpty() && !files.contains(BUILD_TREE "/"), files.constData());
+        QVERIFY(window.close());
+        QVERIFY(run->waitForEnd(30'000));
+        QVERIFY(!run->endedBySignal());
+        QCOMPARE(run->status(), 0);
+        QCOMPARE(run->complaints(), QByteArray());
+    }
+
+    void runsOffscreen_data() { opensItsWindow_data(); }
+    void runsOffscreen()
+    {
+        QFETCH(const QString, backend);
+        const auto run = newRun(backend);
+        run->showNowhere();
+        QVERIFY(run->start());
+        // It stays until it is told to end.
+        QVERIFY2(!run->waitForEnd(2000), run->standardError().constData());
+        QVERIFY(mappedFiles(run->id()).contains("/QtQuick/"));
+        QCOMPARE(::kill(run->id(), SIGTERM), 0);
+        QVERIFY(run->waitForEnd(30'000));
+        QVERIFY(run->endedBySignal());
+        QCOMPARE(run->status(), SIGTERM);
+        QCOMPARE(run->complaints(), QByteArray());
+    }
+
+private:
+    std::unique_ptr<ProgramRun> newRun(const QString &backend) const
+    {
+        auto run = std::make_unique<ProgramRun>(m_folder.filePath(u"second place/bin/quorvale"_s));
+        run->set(u"LC_ALL"_s, u"C.UTF-8"_s); // Qt remarks on locales of other encodings
+        if (!backend.isEmpty())
+            run->set(u"QT_QUICK_BACKEND"_s, backend);
+        return run;
+    }
+
+    VirtualDisplay m_display;
+    QTemporaryDir m_folder;
+};
+
+QTEST_GUILESS_MAIN(RelocationTest)
+#include "relocation_test.moc"

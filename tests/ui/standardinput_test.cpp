@@ -1,0 +1,134 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#include "ui/standardinput.h"
+
+#include "support/processtable.h"
+#include "support/programrun.h"
+#include "support/pseudoterminal.h"
+
+#include <QTemporaryFile>
+#include <QTest>
+
+#include <array>
+#include <csignal>
+
+#include <fcntl.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+using namespace quorvale;
+using namespace quorvale::test;
+using namespace Qt::StringLiterals;
+
+// What becomes of the standard input that the program is started with.
+class StandardInputTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aTerminalIsReplaced()
+    {
+        PseudoTerminal terminal;
+        QVERIFY(terminal.isOpen());
+        const QByteArray mode = terminal.mode();
+        QVERIFY(!mode.isEmpty());
+
+        ProgramRun run;
+        run.showNowhere();
+        run.process().setPreparation([descriptor = terminal.descriptor()] {
+            ::setsid();
+            ::ioctl(descriptor, TIOCSCTTY, 0); // NOLINT(cppcoreguidelines-pro-type-vararg)
+            for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+                ::dup2(descriptor, stream);
+        });
+        QVERIFY(run.start());
+        QTRY_COMPARE_WITH_TIMEOUT(openFile(run.id(), STDIN_FILENO), nullDevice, patience);
+        QVERIFY(hasStarted(run));
+        QCOMPARE(openFile(run.id(), STDIN_FILENO), nullDevice);
+        QCOMPARE(openFile(run.id(), STDOUT_FILENO), terminal.path());
+        QCOMPARE(openFile(run.id(), STDERR_FILENO), terminal.path());
+        QCOMPARE(terminal.mode(), mode);
+
+        end(run);
+        QCOMPARE(terminal.mode(), mode);
+    }
+
+    void aClosedOneIsReplaced()
+    {
+        ProgramRun run;
+        run.showNowhere();
+        run.process().setPreparation([] { ::close(STDIN_FILENO); });
+        QVERIFY(run.start());
+        QTRY_COMPARE_WITH_TIMEOUT(openFile(run.id(), STDIN_FILENO), nullDevice, patience);
+        QVERIFY(hasStarted(run));
+        QCOMPARE(openFile(run.id(), STDIN_FILENO), nullDevice);
+        end(run);
+    }
+
+    void aFileIsReplaced()
+    {
+        QTemporaryFile file;
+        QVERIFY(file.open());
+        ProgramRun run;
+        run.showNowhere();
+        run.process().setStandardInputFile(file.fileName());
+        QVERIFY(run.start());
+        QVERIFY(hasStarted(run));
+        QCOMPARE(openFile(run.id(), STDIN_FILENO), nullDevice);
+        end(run);
+    }
+
+    void aPipeIsReplaced()
+    {
+        std::array<int, 2> pipe{};
+        QCOMPARE(::pipe2(pipe.data(), O_CLOEXEC), 0);
+        const QString name = openFile(::getpid(), pipe[0]);
+        QVERIFY2(name.startsWith(u"pipe:"_s), qPrintable(name));
+        ProgramRun run;
+        run.showNowhere();
+        run.process().setPreparation([end = pipe[0]] { ::dup2(end, STDIN_FILENO); });
+        QVERIFY(run.start());
+        QVERIFY(hasStarted(run));
+        QCOMPARE(openFile(run.id(), STDIN_FILENO), nullDevice);
+        end(run);
+        ::close(pipe[0]);
+        ::close(pipe[1]);
+    }
+
+    void replacesAClosedDescriptor()
+    {
+        const int original = ::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 3);
+        ::close(STDIN_FILENO);
+        detachStandardInput();
+        const QString replaced = openFile(::getpid(), STDIN_FILENO);
+        if (original >= 0) {
+            ::dup2(original, STDIN_FILENO);
+            ::close(original);
+        }
+        QCOMPARE(replaced, nullDevice);
+    }
+
+private:
+    static constexpr int patience = 30'000;
+    const QString nullDevice = u"/dev/null"_s;
+
+    // Waits until the program is past its beginning: it has loaded what its window needs.
+    static bool hasStarted(const ProgramRun &run)
+    {
+        return QTest::qWaitFor([&] { return mappedFiles(run.id()).contains("/QtQuick/"); },
+                               patience);
+    }
+
+    static void end(ProgramRun &run)
+    {
+        QVERIFY(run.isRunning());
+        QCOMPARE(::kill(run.id(), SIGTERM), 0);
+        QVERIFY(run.waitForEnd(patience));
+        QVERIFY(run.endedBySignal());
+        QCOMPARE(run.status(), SIGTERM);
+    }
+};
+
+QTEST_GUILESS_MAIN(StandardInputTest)
+#include "standardinput_test.moc"
