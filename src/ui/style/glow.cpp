@@ -17,6 +17,9 @@ namespace {
 /// At this many standard deviations from the rectangle even a black shadow is invisible.
 constexpr qreal reach = 3;
 
+/// And what is further away than this from a place does not make its shadow deeper.
+constexpr qreal influence = 4;
+
 /// How much of a Gaussian bell around 0 lies between the two places.
 qreal bellBetween(qreal from, qreal to, qreal deviation)
 {
@@ -50,9 +53,9 @@ public:
             const auto rowAt = [&](qreal place) {
                 return std::clamp(int((place + m_halfHeight) / m_rowHeight), 0, m_rowCount - 1);
             };
-            const int last = rowAt(y + reach * m_deviation);
+            const int last = rowAt(y + influence * m_deviation);
             qreal depth = 0;
-            for (int row = rowAt(y - reach * m_deviation); row <= last; ++row)
+            for (int row = rowAt(y - influence * m_deviation); row <= last; ++row)
                 depth +=
                     rows[size_t(row)] * bellBetween(top(row) - y, top(row + 1) - y, m_deviation);
             depths.push_back(depth);
@@ -130,7 +133,7 @@ void Glow::draw(QPainter &painter, qreal pixel) const
             shadow.column((x + 0.5 - pixels.width() / 2.0) * pixel, ys);
         for (int y = 0; y < int(ys.size()); ++y) {
             QColor color = m_color;
-            color.setAlphaF(float(m_color.alphaF() * std::clamp(depths[size_t(y)], 0.0, 1.0)));
+            color.setAlpha(qRound(m_color.alphaF() * 255 * depths[size_t(y)]));
             for (const int column : {x, pixels.width() - 1 - x}) {
                 for (const int row : {y, pixels.height() - 1 - y})
                     image.setPixelColor(column, row, color);

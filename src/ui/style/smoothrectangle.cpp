@@ -12,31 +12,45 @@ namespace quorvale {
 
 namespace {
 
-/// How far a corner reaches along each edge beyond its radius, as a part of the radius.
-constexpr qreal reachBeyondRadius = 0.55;
+/// How far a fully smooth corner reaches along each edge beyond its radius, as a part of it.
+constexpr qreal reachBeyondRadius = 0.5;
+
+/// How much more a fully smooth corner bends at its middle than a circle of its radius. With this
+/// the bend grows all the way there.
+constexpr qreal extraBend = 0.3;
 
 /// The top left corner, from the left edge to the top edge, in a rectangle that begins at 0, 0.
 ///
 /// On each side a cubic curve leaves the edge straight and bends more and more, up to the bend of
-/// the circle that it meets `turn` further round; in full smoothness the two curves meet at 45
-/// degrees and nothing is left of the circle. Each curve has three of its four points on the edge,
-/// for a bend of 0 at the start. With its last handle of the length c, the bend at its end is
-/// 2/3 b sin(turn) / c², where b is the distance of the middle points: that is to be 1 / radius.
+/// an arc around the corner's middle that it meets after a turn by `turn`. In full smoothness the
+/// two curves meet each other and nothing is left of the arc; without any it is a quarter of a
+/// circle. The middle of the corner stays where that circle has it.
+///
+/// Each curve has three of its four points on the edge, for a bend of 0 at the start. With a last
+/// handle of the length c, the bend at its end is 2/3 b sin(turn) / c², where b is the distance of
+/// its middle points: that is to be the bend of the arc.
 QPainterPath topLeftCorner(qreal radius, qreal smoothness)
 {
+    constexpr qreal half = std::numbers::sqrt2 / 2;
     const qreal turn = smoothness * std::numbers::pi / 4;
     const qreal reach = radius * (1 + reachBeyondRadius * smoothness);
-    const qreal c = radius * std::tan(turn / 2);
-    const qreal b = turn > 0 ? 3 * c * c / (2 * radius * std::sin(turn)) : 0;
-    const qreal third = radius - c;
+    const qreal arcRadius = radius / (1 + extraBend * smoothness * smoothness);
+    const qreal arcCentre = arcRadius * half + radius * (1 - half);
+
+    const QPointF onArc(arcCentre - arcRadius * std::cos(turn),
+                        arcCentre - arcRadius * std::sin(turn));
+    const qreal c = turn > 0 ? onArc.x() / std::sin(turn) : 0;
+    const qreal b = turn > 0 ? 3 * c * c / (2 * arcRadius * std::sin(turn)) : 0;
+    const qreal third = onArc.y() + c * std::cos(turn);
     const qreal second = third + b;
-    const QPointF onCircle(radius * (1 - std::cos(turn)), radius * (1 - std::sin(turn)));
 
     QPainterPath path(QPointF(0, reach));
-    path.cubicTo(QPointF(0, second), QPointF(0, third), onCircle);
-    const qreal degrees = turn * 180 / std::numbers::pi;
-    if (degrees < 45)
-        path.arcTo(0, 0, 2 * radius, 2 * radius, 180 - degrees, -90 + 2 * degrees);
+    path.cubicTo(QPointF(0, second), QPointF(0, third), onArc);
+    // Not arcTo, whose end is a little off: a stroke would show the gap.
+    const qreal handle = arcRadius * 4 / 3 * std::tan((std::numbers::pi / 2 - 2 * turn) / 4);
+    const QPointF along = handle * QPointF(std::sin(turn), -std::cos(turn));
+    const QPointF arcEnd = onArc.transposed();
+    path.cubicTo(onArc + along, arcEnd - QPointF(-along.y(), -along.x()), arcEnd);
     path.cubicTo(QPointF(third, 0), QPointF(second, 0), QPointF(reach, 0));
     return path;
 }
