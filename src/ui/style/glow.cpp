@@ -124,9 +124,9 @@ void Glow::draw(QPainter &painter, qreal pixel) const
 
     // A quarter, of which the other three are mirror images.
     const QSize pixels(qCeil(rect.width() / pixel), qCeil(rect.height() / pixel));
-    std::vector<qreal> ys;
-    for (int y = 0; y < (pixels.height() + 1) / 2; ++y)
-        ys.push_back((y + 0.5 - pixels.height() / 2.0) * pixel);
+    std::vector<qreal> ys(size_t(pixels.height() + 1) / 2);
+    for (size_t y = 0; y < ys.size(); ++y)
+        ys[y] = (qreal(y) + 0.5 - pixels.height() / 2.0) * pixel;
     QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
     for (int x = 0; x < (pixels.width() + 1) / 2; ++x) {
         const std::vector<qreal> depths =

@@ -119,7 +119,9 @@ QPainterPath SmoothRectangle::outline(const QRectF &rect, qreal radius)
     const auto add = [&](QPointF origin, qreal xX, qreal xY, qreal yX, qreal yY) {
         path.connectPath(QTransform(xX, xY, yX, yY, origin.x(), origin.y()).map(corner));
     };
-    path.moveTo(rect.topLeft() + QPointF(corner.currentPosition().x(), 0));
+    const QPointF reach(corner.currentPosition().x(), 0);
+    path.moveTo(rect.topLeft() + reach);
+    path.lineTo(rect.topRight() - reach);
     // Each is the one before turned by a quarter.
     add(rect.topRight(), 0, 1, -1, 0);
     add(rect.bottomRight(), -1, 0, 0, -1);

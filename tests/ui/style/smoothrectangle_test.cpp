@@ -239,6 +239,8 @@ private Q_SLOTS:
         QVERIFY(sharpestChangeOfBend(circular, radius) > 0.8);
         QVERIFY2(sharpestChangeOfBend(smooth, radius) < 0.3,
                  qPrintable(QString::number(sharpestChangeOfBend(smooth, radius))));
+        QCOMPARE(smooth.pointAtPercent(0), QPointF(1.5 * radius, 0));
+        QVERIFY(smooth.pointAtPercent(0.1).x() > 2 * radius);
         // The edge is left earlier, and the corner is as deep as a circle's.
         QVERIFY(depthBelowTop(smooth, radius) > 0.1);
         QVERIFY(depthBelowTop(circular, radius) < 0.01);
