@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <numeric>
 #include <vector>
 
 namespace quorvale {
@@ -32,38 +33,55 @@ qreal bellBetween(qreal from, qreal to, qreal deviation)
 class Shadow
 {
 public:
-    Shadow(QSizeF size, qreal radius, qreal deviation, qreal pixel)
+    /// To be seen at the heights `ys`.
+    Shadow(QSizeF size, qreal radius, qreal deviation, qreal pixel, const std::vector<qreal> &ys)
         : m_halfWidth(size.width() / 2), m_halfHeight(size.height() / 2),
           m_radius(std::clamp(radius, 0.0, std::min(m_halfWidth, m_halfHeight))),
           m_deviation(deviation), m_rowCount(std::max(1, qRound(size.height() / pixel))),
           m_rowHeight(size.height() / m_rowCount)
     {
+        m_views.reserve(ys.size());
+        for (const qreal y : ys)
+            m_views.push_back(viewFrom(y));
     }
 
-    /// Its depth, of 0 to 1, at the distance x from the middle, for each distance of `ys`.
-    std::vector<qreal> column(qreal x, const std::vector<qreal> &ys) const
+    /// Its depth, of 0 to 1, at the distance x from the middle, for each of the heights.
+    std::vector<qreal> column(qreal x) const
     {
-        std::vector<qreal> rows;
+        std::vector<qreal> rows(size_t(m_rowCount), 0);
         for (int row = 0; row < m_rowCount; ++row) {
             const qreal half = halfWidthAt(top(row) + m_rowHeight / 2);
-            rows.push_back(bellBetween(x - half, x + half, m_deviation));
+            rows[size_t(row)] = bellBetween(x - half, x + half, m_deviation);
         }
         std::vector<qreal> depths;
-        for (const qreal y : ys) {
-            const auto rowAt = [&](qreal place) {
-                return std::clamp(int((place + m_halfHeight) / m_rowHeight), 0, m_rowCount - 1);
-            };
-            const int last = rowAt(y + influence * m_deviation);
-            qreal depth = 0;
-            for (int row = rowAt(y - influence * m_deviation); row <= last; ++row)
-                depth +=
-                    rows[size_t(row)] * bellBetween(top(row) - y, top(row + 1) - y, m_deviation);
-            depths.push_back(depth);
-        }
+        depths.reserve(m_views.size());
+        for (const View &view : m_views)
+            depths.push_back(std::inner_product(view.weights.begin(), view.weights.end(),
+                                                rows.begin() + view.firstRow, 0.0));
         return depths;
     }
 
 private:
+    /// How much each row that matters at a height counts there.
+    struct View
+    {
+        int firstRow;
+        std::vector<qreal> weights;
+    };
+
+    View viewFrom(qreal y) const
+    {
+        const auto rowAt = [&](qreal place) {
+            return std::clamp(int((place + m_halfHeight) / m_rowHeight), 0, m_rowCount - 1);
+        };
+        View view{.firstRow = rowAt(y - influence * m_deviation), .weights = {}};
+        const int last = rowAt(y + influence * m_deviation);
+        view.weights.reserve(size_t(last) + 1 - size_t(view.firstRow));
+        for (int row = view.firstRow; row <= last; ++row)
+            view.weights.push_back(bellBetween(top(row) - y, top(row + 1) - y, m_deviation));
+        return view;
+    }
+
     qreal top(int row) const { return row * m_rowHeight - m_halfHeight; }
 
     qreal halfWidthAt(qreal y) const
@@ -81,6 +99,7 @@ private:
     const qreal m_deviation;
     const int m_rowCount;
     const qreal m_rowHeight;
+    std::vector<View> m_views;
 };
 
 } // namespace
@@ -120,17 +139,15 @@ void Glow::draw(QPainter &painter, qreal pixel) const
         return;
     // A blur finer than the pixels would divide by 0 and look the same.
     const qreal deviation = std::max(m_blur / 2, pixel / 8);
-    const Shadow shadow(size(), m_radius, deviation, pixel);
-
     // A quarter, of which the other three are mirror images.
     const QSize pixels(qCeil(rect.width() / pixel), qCeil(rect.height() / pixel));
     std::vector<qreal> ys(size_t(pixels.height() + 1) / 2);
     for (size_t y = 0; y < ys.size(); ++y)
         ys[y] = (qreal(y) + 0.5 - pixels.height() / 2.0) * pixel;
+    const Shadow shadow(size(), m_radius, deviation, pixel, ys);
     QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
     for (int x = 0; x < (pixels.width() + 1) / 2; ++x) {
-        const std::vector<qreal> depths =
-            shadow.column((x + 0.5 - pixels.width() / 2.0) * pixel, ys);
+        const std::vector<qreal> depths = shadow.column((x + 0.5 - pixels.width() / 2.0) * pixel);
         for (int y = 0; y < int(ys.size()); ++y) {
             QColor color = m_color;
             color.setAlpha(qRound(m_color.alphaF() * 255 * depths[size_t(y)]));
