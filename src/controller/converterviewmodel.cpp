@@ -20,14 +20,38 @@ bool isCompleted(const ConversionJob &job)
     return job.state.is(JobState::Case::completed);
 }
 
-} // namespace
-
-std::shared_ptr<ConverterViewModel> ConverterViewModel::create(std::unique_ptr<OpenPanel> panel)
+template <typename Option>
+QStringList labels()
 {
-    return std::shared_ptr<ConverterViewModel>(new ConverterViewModel(std::move(panel)));
+    QStringList labels;
+    for (const Option option : allCases<Option>())
+        labels << rawValue(option);
+    return labels;
 }
 
-ConverterViewModel::ConverterViewModel(std::unique_ptr<OpenPanel> panel) : m_panel(std::move(panel))
+// The option at `index` of its labels. A picker without a choice says -1, which is none.
+template <typename Option>
+std::optional<Option> optionAt(int index)
+{
+    constexpr auto options = allCases<Option>();
+    if (index < 0 || static_cast<std::size_t>(index) >= options.size())
+        return std::nullopt;
+    return options[static_cast<std::size_t>(index)];
+}
+
+} // namespace
+
+std::shared_ptr<ConverterViewModel>
+ConverterViewModel::create(std::unique_ptr<OpenPanel> panel,
+                           std::unique_ptr<FileManager> fileManager)
+{
+    return std::shared_ptr<ConverterViewModel>(
+        new ConverterViewModel(std::move(panel), std::move(fileManager)));
+}
+
+ConverterViewModel::ConverterViewModel(std::unique_ptr<OpenPanel> panel,
+                                       std::unique_ptr<FileManager> fileManager)
+    : m_panel(std::move(panel)), m_fileManager(std::move(fileManager))
 {
     connect(&m_jobs, &JobListModel::changed, this, &ConverterViewModel::jobsChanged);
 }
@@ -75,6 +99,18 @@ void ConverterViewModel::moveJob(const QUuid &id, qint64 offset)
         m_jobs.move(*row, target);
 }
 
+void ConverterViewModel::moveJobs(const QList<int> &rows, int destination)
+{
+    if (m_isConverting)
+        return;
+    QList<int> sorted = rows;
+    sorted.removeIf([this](int row) { return row < 0 || row >= jobCount(); });
+    std::ranges::sort(sorted);
+    const auto doubles = std::ranges::unique(sorted);
+    sorted.erase(doubles.begin(), doubles.end());
+    m_jobs.move(sorted, std::clamp(destination, 0, jobCount()));
+}
+
 void ConverterViewModel::clearCompleted()
 {
     m_jobs.removeIf(isCompleted);
@@ -82,7 +118,7 @@ void ConverterViewModel::clearCompleted()
 
 int ConverterViewModel::completedCount() const
 {
-    return static_cast<int>(std::ranges::count_if(jobs(), isCompleted));
+    return m_jobs.completedCount();
 }
 
 double ConverterViewModel::overallProgress() const
@@ -105,14 +141,42 @@ bool ConverterViewModel::handleDrop(const QList<QUrl> &urls)
     return true;
 }
 
+void ConverterViewModel::chooseFiles()
+{
+    const auto chosen = m_panel->run({.title = u"Choose videos to convert"_s,
+                                      .prompt = u"Add Videos"_s,
+                                      .choice = OpenPanelRequest::Choice::videos,
+                                      .allowsMultiple = true});
+    if (chosen)
+        add(*chosen);
+}
+
+void ConverterViewModel::chooseFolder()
+{
+    const auto chosen = m_panel->run({.title = u"Choose a folder of videos"_s,
+                                      .prompt = u"Add Folder"_s,
+                                      .choice = OpenPanelRequest::Choice::folders,
+                                      .allowsMultiple = true});
+    if (chosen)
+        add(*chosen);
+}
+
 void ConverterViewModel::chooseDestination()
 {
-    const auto chosen =
-        m_panel->run({u"Choose output folder"_s, u"Choose"_s, OpenPanelRequest::Choice::folder});
+    const auto chosen = m_panel->run({.title = u"Choose output folder"_s,
+                                      .prompt = u"Choose"_s,
+                                      .choice = OpenPanelRequest::Choice::folders,
+                                      .canCreateFolders = true});
     if (!chosen)
         return;
     m_destination = chosen->isEmpty() ? std::nullopt : std::optional(chosen->first());
     Q_EMIT destinationChanged();
+}
+
+void ConverterViewModel::revealDestination()
+{
+    if (m_destination)
+        m_fileManager->reveal(*m_destination);
 }
 
 void ConverterViewModel::setDropTargeted(bool isTargeted)
@@ -129,16 +193,56 @@ void ConverterViewModel::setSettings(const ConversionSettings &settings)
 
 QStringList ConverterViewModel::codecLabels() const
 {
-    QStringList labels;
-    for (const OutputCodec codec : allCases<OutputCodec>())
-        labels << rawValue(codec);
-    return labels;
+    return labels<OutputCodec>();
+}
+
+QStringList ConverterViewModel::goalLabels() const
+{
+    return labels<EncodingGoal>();
+}
+
+QStringList ConverterViewModel::audioLabels() const
+{
+    return labels<AudioMode>();
+}
+
+void ConverterViewModel::setGoalIndex(int index)
+{
+    if (const auto goal = optionAt<EncodingGoal>(index))
+        change(m_settings.goal, *goal);
+}
+
+void ConverterViewModel::setAudioIndex(int index)
+{
+    if (const auto audio = optionAt<AudioMode>(index))
+        change(m_settings.audio, *audio);
+}
+
+void ConverterViewModel::setUseHardware(bool useHardware)
+{
+    change(m_settings.useHardware, useHardware);
+}
+
+void ConverterViewModel::setQuality(double quality)
+{
+    change(m_settings.quality, quality);
+}
+
+template <typename Setting>
+void ConverterViewModel::change(Setting &setting, Setting value)
+{
+    if (setting == value)
+        return;
+    setting = value;
+    Q_EMIT settingsChanged();
 }
 
 void ConverterViewModel::chooseCodec(int index)
 {
-    m_settings.chooseCodec(allCases<OutputCodec>().at(static_cast<std::size_t>(index)));
-    Q_EMIT settingsChanged();
+    if (const auto codec = optionAt<OutputCodec>(index)) {
+        m_settings.chooseCodec(*codec);
+        Q_EMIT settingsChanged();
+    }
 }
 
 void ConverterViewModel::clearAlert()

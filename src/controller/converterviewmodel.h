@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "filemanager.h"
 #include "joblistmodel.h"
 #include "model/conversionsettings.h"
 #include "openpanel.h"
@@ -26,8 +27,16 @@ class ConverterViewModel : public QObject, public std::enable_shared_from_this<C
     Q_PROPERTY(quorvale::JobListModel *jobs READ jobModel CONSTANT)
     Q_PROPERTY(QUrl destination READ destinationUrl NOTIFY destinationChanged)
     Q_PROPERTY(QString destinationPath READ destinationPath NOTIFY destinationChanged)
+    Q_PROPERTY(bool hasDestination READ hasDestination NOTIFY destinationChanged)
     Q_PROPERTY(QStringList codecLabels READ codecLabels CONSTANT)
     Q_PROPERTY(int codecIndex READ codecIndex NOTIFY settingsChanged)
+    Q_PROPERTY(bool isProRes READ isProRes NOTIFY settingsChanged)
+    Q_PROPERTY(QStringList goalLabels READ goalLabels CONSTANT)
+    Q_PROPERTY(int goalIndex READ goalIndex WRITE setGoalIndex NOTIFY settingsChanged)
+    Q_PROPERTY(QStringList audioLabels READ audioLabels CONSTANT)
+    Q_PROPERTY(int audioIndex READ audioIndex WRITE setAudioIndex NOTIFY settingsChanged)
+    Q_PROPERTY(bool useHardware READ useHardware WRITE setUseHardware NOTIFY settingsChanged)
+    Q_PROPERTY(double quality READ quality WRITE setQuality NOTIFY settingsChanged)
     Q_PROPERTY(bool isConverting READ isConverting NOTIFY isConvertingChanged)
     Q_PROPERTY(
         bool isDropTargeted READ isDropTargeted WRITE setDropTargeted NOTIFY isDropTargetedChanged)
@@ -39,7 +48,8 @@ class ConverterViewModel : public QObject, public std::enable_shared_from_this<C
 public:
     /// A controller with default settings and an empty queue. Shared, because a running batch keeps
     /// it alive until the batch has ended.
-    static std::shared_ptr<ConverterViewModel> create(std::unique_ptr<OpenPanel> panel);
+    static std::shared_ptr<ConverterViewModel> create(std::unique_ptr<OpenPanel> panel,
+                                                      std::unique_ptr<FileManager> fileManager);
 
     // The queue
 
@@ -54,15 +64,21 @@ public:
     void add(const QList<QUrl> &urls);
 
     /// Removes the job, whatever its state; what becomes of a running conversion of it is dropped.
-    void remove(const QUuid &id);
+    Q_INVOKABLE void remove(const QUuid &id);
 
     /// Makes the job wait again, from the beginning.
-    void requeue(const QUuid &id);
+    Q_INVOKABLE void requeue(const QUuid &id);
 
     /// Moves the job by `offset` rows, at most to either end. Does nothing while a batch runs.
-    void moveJob(const QUuid &id, qint64 offset);
+    Q_INVOKABLE void moveJob(const QUuid &id, qint64 offset);
 
-    void clearCompleted();
+    /// Moves the jobs at `rows`, in their present order, to before the job at `destination`, both
+    /// counted before the move; to the end for the number of jobs. Does nothing while a batch runs.
+    /// Rows that are not in the list are left out, `destination` is brought to the nearer end, and
+    /// jobs that stand there already are no change.
+    Q_INVOKABLE void moveJobs(const QList<int> &rows, int destination);
+
+    Q_INVOKABLE void clearCompleted();
 
     int completedCount() const;
 
@@ -70,6 +86,12 @@ public:
     double overallProgress() const;
 
     // Files in, files out
+
+    /// Lets the user choose videos and queues them.
+    Q_INVOKABLE void chooseFiles();
+
+    /// Lets the user choose folders and queues the videos below them.
+    Q_INVOKABLE void chooseFolder();
 
     /// Queues each dropped URL by a call of add() of its own, in order, once the drop is over. Says
     /// true, whatever was dropped.
@@ -79,6 +101,9 @@ public:
 
     /// Lets the user choose the output folder.
     Q_INVOKABLE void chooseDestination();
+
+    /// Shows the output folder in the file manager, when one is chosen.
+    Q_INVOKABLE void revealDestination();
 
     /// Written by the drop targets while a drag that they would take hovers over them.
     bool isDropTargeted() const { return m_isDropTargeted; }
@@ -125,12 +150,29 @@ private:
         bool isCancelled = false;
     };
 
-    explicit ConverterViewModel(std::unique_ptr<OpenPanel> panel);
+    ConverterViewModel(std::unique_ptr<OpenPanel> panel, std::unique_ptr<FileManager> fileManager);
 
     QUrl destinationUrl() const { return m_destination.value_or(QUrl()); }
     QString destinationPath() const { return destinationUrl().toLocalFile(); }
+    bool hasDestination() const { return m_destination.has_value(); }
+
+    // The settings as QML binds to them: an option is its index among the labels. An index without
+    // a label, and a value that is stored already, change nothing.
     QStringList codecLabels() const;
     int codecIndex() const { return static_cast<int>(m_settings.codec); }
+    bool isProRes() const { return quorvale::isProRes(m_settings.codec); }
+    QStringList goalLabels() const;
+    int goalIndex() const { return static_cast<int>(m_settings.goal); }
+    void setGoalIndex(int index);
+    QStringList audioLabels() const;
+    int audioIndex() const { return static_cast<int>(m_settings.audio); }
+    void setAudioIndex(int index);
+    bool useHardware() const { return m_settings.useHardware; }
+    void setUseHardware(bool useHardware);
+    double quality() const { return m_settings.quality; }
+    void setQuality(double quality);
+    template <typename Setting>
+    void change(Setting &setting, Setting value);
     QString alertText() const { return m_alertMessage.value_or(QString()); }
 
     void setState(const QUuid &id, const JobState &state);
@@ -152,6 +194,7 @@ private:
     std::optional<QString> m_alertMessage;
 
     std::unique_ptr<OpenPanel> m_panel;
+    std::unique_ptr<FileManager> m_fileManager;
     FFmpegService m_service;
     std::shared_ptr<BatchTask> m_conversionTask; // of the last successful start()
 };

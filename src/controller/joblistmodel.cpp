@@ -5,6 +5,9 @@
 
 #include "model/filename.h"
 
+#include <algorithm>
+#include <span>
+
 using namespace Qt::StringLiterals;
 
 namespace quorvale {
@@ -26,6 +29,12 @@ QString stateWord(const JobState &state)
         return u"Cancelled"_s;
     }
     Q_UNREACHABLE();
+}
+
+int countCompleted(std::span<const ConversionJob> jobs)
+{
+    return static_cast<int>(std::ranges::count_if(
+        jobs, [](const ConversionJob &job) { return job.state.is(JobState::Case::completed); }));
 }
 
 } // namespace
@@ -57,6 +66,7 @@ void JobListModel::append(const QList<ConversionJob> &jobs)
     const qsizetype first = m_jobs.size();
     beginInsertRows({}, static_cast<int>(first), static_cast<int>(first + jobs.size() - 1));
     m_jobs += jobs;
+    m_completedCount += countCompleted(jobs);
     if (m_knowsRows) {
         for (qsizetype row = first; row < m_jobs.size(); ++row)
             m_rows.insert(m_jobs[row].id(), row);
@@ -91,6 +101,8 @@ void JobListModel::remove(const QUuid &id)
 void JobListModel::removeRun(qsizetype first, qsizetype count)
 {
     beginRemoveRows({}, static_cast<int>(first), static_cast<int>(first + count - 1));
+    m_completedCount -= countCompleted(std::span(m_jobs).subspan(static_cast<std::size_t>(first),
+                                                                 static_cast<std::size_t>(count)));
     m_jobs.remove(first, count);
     forgetRows();
     endRemoveRows();
@@ -99,21 +111,70 @@ void JobListModel::removeRun(qsizetype first, qsizetype count)
 void JobListModel::move(qsizetype from, qsizetype to)
 {
     // Qt counts the destination before the row is taken out.
-    const qsizetype destination = to > from ? to + 1 : to;
-    if (!beginMoveRows({}, static_cast<int>(from), static_cast<int>(from), {},
+    if (moveRun(from, 1, to > from ? to + 1 : to))
+        Q_EMIT changed();
+}
+
+void JobListModel::move(const QList<int> &rows, qsizetype destination)
+{
+    const auto runEnd = [](auto row, auto end) {
+        const auto isGap = [](int a, int b) {
+            return b != a + 1;
+        };
+        const auto gap = std::adjacent_find(row, end, isGap);
+        return gap == end ? end : std::next(gap);
+    };
+    // Those above go down last run first and those below come up first run first, so that no move
+    // shifts a row that is still to be moved.
+    const auto below = std::ranges::lower_bound(rows, destination);
+    QList<std::pair<int, qsizetype>> above; // each run's first row and length
+    for (auto row = rows.begin(); row != below;) {
+        const auto end = runEnd(row, below);
+        above.prepend({*row, end - row});
+        row = end;
+    }
+    bool isChanged = false;
+    qsizetype target = destination;
+    for (const auto &[first, count] : std::as_const(above)) {
+        isChanged |= moveRun(first, count, target);
+        target -= count;
+    }
+    target = destination;
+    for (auto row = below; row != rows.end();) {
+        const auto end = runEnd(row, rows.end());
+        isChanged |= moveRun(*row, end - row, target);
+        target += end - row;
+        row = end;
+    }
+    if (isChanged)
+        Q_EMIT changed();
+}
+
+// Moves a run of rows to before the row `destination`. False when it stands there already.
+bool JobListModel::moveRun(qsizetype first, qsizetype count, qsizetype destination)
+{
+    if (!beginMoveRows({}, static_cast<int>(first), static_cast<int>(first + count - 1), {},
                        static_cast<int>(destination)))
-        return;
-    m_jobs.move(from, to);
+        return false;
+    const auto jobs = m_jobs.begin();
+    if (destination < first)
+        std::rotate(jobs + destination, jobs + first, jobs + first + count);
+    else
+        std::rotate(jobs + first, jobs + first + count, jobs + destination);
     forgetRows();
     endMoveRows();
-    Q_EMIT changed();
+    return true;
 }
 
 void JobListModel::setState(const QUuid &id, const JobState &state)
 {
     if (const auto row = rowOf(id)) {
-        m_jobs[*row].state = state;
-        announce(*row, {StateWordRole, IsInProgressRole, FailureRole});
+        ConversionJob &job = m_jobs[*row];
+        m_completedCount -= countCompleted({&job, 1});
+        job.state = state;
+        m_completedCount += countCompleted({&job, 1});
+        announce(*row,
+                 {StateWordRole, IsInProgressRole, IsCompletedRole, HasFailedRole, FailureRole});
     }
 }
 
@@ -148,12 +209,18 @@ QVariant JobListModel::data(const QModelIndex &index, int role) const
         return lastPathComponent(job.source().toLocalFile());
     case IdRole:
         return QVariant::fromValue(job.id());
+    case SourcePathRole:
+        return job.source().toLocalFile();
     case FolderNameRole:
         return folderName(job.source().toLocalFile());
     case StateWordRole:
         return stateWord(job.state);
     case IsInProgressRole:
         return job.state.is(JobState::Case::converting);
+    case IsCompletedRole:
+        return job.state.is(JobState::Case::completed);
+    case HasFailedRole:
+        return job.state.is(JobState::Case::failed);
     case ProgressRole:
         return job.progress;
     case FailureRole:
@@ -168,9 +235,12 @@ QHash<int, QByteArray> JobListModel::roleNames() const
     return {
         {IdRole, "jobId"},
         {FileNameRole, "fileName"},
+        {SourcePathRole, "sourcePath"},
         {FolderNameRole, "folderName"},
         {StateWordRole, "stateWord"},
         {IsInProgressRole, "isInProgress"},
+        {IsCompletedRole, "isCompleted"},
+        {HasFailedRole, "hasFailed"},
         {ProgressRole, "progress"},
         {FailureRole, "failure"},
     };

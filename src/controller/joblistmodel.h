@@ -26,9 +26,12 @@ public:
     enum Role {
         IdRole = Qt::UserRole, ///< QUuid
         FileNameRole,          ///< the source's name with its extension
+        SourcePathRole,        ///< the source's full local path
         FolderNameRole,        ///< the name of the folder that holds the source, "/" for the root
         StateWordRole,         ///< the state in a word for the user
         IsInProgressRole,      ///< whether the job is being converted
+        IsCompletedRole,       ///< whether the job was converted
+        HasFailedRole,         ///< whether the job failed
         ProgressRole,          ///< fraction done, as the encoder reports it
         FailureRole,           ///< why the job failed; empty in every other state
     };
@@ -43,6 +46,9 @@ public:
     /// The job with the id, or null. Valid until the next change of the list.
     const ConversionJob *find(const QUuid &id) const;
 
+    /// How many jobs are completed. Costs nothing.
+    int completedCount() const { return m_completedCount; }
+
     void append(const QList<ConversionJob> &jobs);
 
     /// Removes every job for which `isUnwanted` is true, keeping the order of the others.
@@ -51,6 +57,11 @@ public:
 
     /// Moves the job at row `from` so that it ends up at row `to`; both are rows of the list.
     void move(qsizetype from, qsizetype to);
+
+    /// Moves the jobs at `rows`, rows of the list in ascending order without doubles, to before the
+    /// job at `destination`, both counted before the move; to the end for the number of jobs. Views
+    /// see one move for each run of neighbouring rows, and changed() is said once.
+    void move(const QList<int> &rows, qsizetype destination);
 
     void setState(const QUuid &id, const JobState &state);
     void setProgress(const QUuid &id, double progress);
@@ -65,10 +76,12 @@ Q_SIGNALS:
 
 private:
     void removeRun(qsizetype first, qsizetype count);
+    bool moveRun(qsizetype first, qsizetype count, qsizetype destination);
     void forgetRows() { m_knowsRows = false; }
     void announce(qsizetype row, const QList<int> &roles);
 
     QList<ConversionJob> m_jobs;
+    int m_completedCount = 0;
 
     // Where each job stands; made anew at the first look-up after rows have shifted.
     mutable QHash<QUuid, qsizetype> m_rows;

@@ -14,11 +14,13 @@ namespace quorvale {
 /// What one panel asks of the user.
 struct OpenPanelRequest
 {
-    enum class Choice { files, folder };
+    enum class Choice { videos, folders };
 
     QString title;
     QString prompt; ///< the text of the button that confirms
-    Choice choice = Choice::files;
+    Choice choice = Choice::videos;
+    bool allowsMultiple = false;
+    bool canCreateFolders = false; ///< whether the panel has to offer to make a folder
 };
 
 /// Lets the user choose files or folders in a modal panel. An interface, so that the controller

@@ -4,6 +4,7 @@
 #include "quorvaleapp.h"
 
 #include "controller/converterviewmodel.h"
+#include "controller/platform/desktopfilemanager.h"
 #include "controller/platform/dialogpanel.h"
 
 #include <QVariantMap>
@@ -12,7 +13,9 @@ using namespace Qt::StringLiterals;
 
 namespace quorvale {
 
-QuorvaleApp::QuorvaleApp() : m_model(ConverterViewModel::create(std::make_unique<DialogPanel>()))
+QuorvaleApp::QuorvaleApp()
+    : m_model(ConverterViewModel::create(std::make_unique<DialogPanel>(),
+                                         std::make_unique<DesktopFileManager>()))
 {
     QQmlEngine::setObjectOwnership(m_model.get(), QQmlEngine::CppOwnership);
     m_engine.addImportPath(u":/qt/qml"_s);

@@ -81,9 +81,11 @@ private Q_SLOTS:
     void movingDoesNothing()
     {
         startWith({u"1.mkv"_s, u"2.mkv"_s, u"3.mkv"_s});
-        const QUuid last = m_queue->id(2);
-        m_queue->model().moveJob(last, -1);
-        QCOMPARE(m_queue->id(2), last);
+        const QList<QUuid> order{m_queue->id(0), m_queue->id(1), m_queue->id(2)};
+        m_queue->model().moveJob(order[2], -1);
+        m_queue->model().moveJobs({1}, 0);
+        m_queue->model().moveJobs({0, 2}, 2);
+        QCOMPARE((QList<QUuid>{m_queue->id(0), m_queue->id(1), m_queue->id(2)}), order);
         finish();
     }
 

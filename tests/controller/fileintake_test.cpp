@@ -3,6 +3,7 @@
 
 #include "controller/converterviewmodel.h"
 #include "support/filetree.h"
+#include "support/recordedfilemanager.h"
 #include "support/recordedpanel.h"
 
 #include <QSignalSpy>
@@ -21,7 +22,8 @@ private Q_SLOTS:
     {
         auto panel = std::make_unique<RecordedPanel>();
         m_panel = panel.get();
-        m_model = ConverterViewModel::create(std::move(panel));
+        m_model =
+            ConverterViewModel::create(std::move(panel), std::make_unique<RecordedFileManager>());
     }
 
     void droppedFilesAreAddedInTheirOrderOnceTheDropIsOver()
@@ -87,7 +89,7 @@ private Q_SLOTS:
         QCOMPARE(m_panel->requests.size(), 1);
         QCOMPARE(m_panel->requests[0].title, u"Choose output folder"_s);
         QCOMPARE(m_panel->requests[0].prompt, u"Choose"_s);
-        QVERIFY(m_panel->requests[0].choice == OpenPanelRequest::Choice::folder);
+        QVERIFY(m_panel->requests[0].choice == OpenPanelRequest::Choice::folders);
     }
 
     void theChosenFolderBecomesTheDestination()

@@ -7,6 +7,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <algorithm>
+
 using namespace quorvale;
 using namespace Qt::StringLiterals;
 
@@ -58,6 +60,7 @@ private Q_SLOTS:
         QCOMPARE(show(0, JobListModel::StateWordRole), u"Ready"_s);
         QCOMPARE(show(0, JobListModel::ProgressRole), 0.0);
         QCOMPARE(show(0, JobListModel::FailureRole), QString());
+        QCOMPARE(show(0, JobListModel::SourcePathRole), u"/videos/Trip/clip0.mkv"_s);
         QCOMPARE(show(0, JobListModel::IdRole), QVariant::fromValue(m_jobs[0].id()));
     }
 
@@ -74,6 +77,72 @@ private Q_SLOTS:
         QCOMPARE(word(JobState::cancelled()), u"Cancelled"_s);
         QCOMPARE(word(JobState::failed(u"because"_s)), u"Failed"_s);
         QCOMPARE(show(0, JobListModel::FailureRole), u"because"_s);
+    }
+
+    void saysWhichWayTheJobEnded()
+    {
+        const QUuid id = m_jobs[0].id();
+        const auto flags = [&](const JobState &state) {
+            m_model->setState(id, state);
+            return QList<bool>{show(0, JobListModel::IsInProgressRole).toBool(),
+                               show(0, JobListModel::IsCompletedRole).toBool(),
+                               show(0, JobListModel::HasFailedRole).toBool()};
+        };
+        QCOMPARE(flags(JobState::waiting()), (QList{false, false, false}));
+        QCOMPARE(flags(JobState::converting()), (QList{true, false, false}));
+        QCOMPARE(flags(JobState::completed()), (QList{false, true, false}));
+        QCOMPARE(flags(JobState::cancelled()), (QList{false, false, false}));
+        QCOMPARE(flags(JobState::failed({})), (QList{false, false, true}));
+    }
+
+    void aStateTouchesOneRowAndEveryRoleThatShowsIt()
+    {
+        const QSignalSpy changes(m_model.get(), &JobListModel::dataChanged);
+        QHash<int, QVariant> before;
+        for (const int role : m_model->roleNames().keys())
+            before[role] = show(2, role);
+        m_model->setState(m_jobs[2].id(), JobState::failed(u"because"_s));
+        QCOMPARE(changes.size(), 1);
+        QCOMPARE(changes[0][0].toModelIndex().row(), 2);
+        QCOMPARE(changes[0][1].toModelIndex().row(), 2);
+        const auto roles = changes[0][2].value<QList<int>>();
+        QVERIFY(roles.contains(JobListModel::IsInProgressRole));
+        QVERIFY(roles.contains(JobListModel::IsCompletedRole));
+        for (const auto &[role, value] : before.asKeyValueRange())
+            QVERIFY(roles.contains(role) || show(2, role) == value);
+    }
+
+    void countsTheCompletedJobsThroughEveryKindOfChange()
+    {
+        const auto isExact = [&] {
+            const auto isCompleted = [](const ConversionJob &job) {
+                return job.state.is(JobState::Case::completed);
+            };
+            return m_model->completedCount() == std::ranges::count_if(m_model->jobs(), isCompleted);
+        };
+        for (const int row : {0, 1, 3, 5})
+            m_model->setState(m_jobs[row].id(), JobState::completed());
+        QCOMPARE(m_model->completedCount(), 4);
+        m_model->setState(m_jobs[5].id(), JobState::completed());
+        QCOMPARE(m_model->completedCount(), 4);
+        m_model->setState(m_jobs[1].id(), JobState::waiting());
+        QCOMPARE(m_model->completedCount(), 3);
+        m_model->setState(QUuid::createUuid(), JobState::completed());
+        m_model->setProgress(m_jobs[1].id(), 1.0);
+        QVERIFY(isExact());
+        QList<ConversionJob> more = makeJobs(2);
+        more[1].state = JobState::completed();
+        m_model->append(more);
+        QCOMPARE(m_model->completedCount(), 4);
+        m_model->move({0, 3}, 8);
+        QVERIFY(isExact());
+        m_model->remove(m_jobs[0].id());
+        m_model->remove(m_jobs[2].id());
+        QCOMPARE(m_model->completedCount(), 3);
+        m_model->removeIf([&](const ConversionJob &job) { return job.id() == m_jobs[3].id(); });
+        QCOMPARE(m_model->completedCount(), 2);
+        m_model->removeIf([](const ConversionJob &) { return true; });
+        QCOMPARE(m_model->completedCount(), 0);
     }
 
     void aProgressValueTouchesOneRowAndOneRole()
@@ -156,6 +225,55 @@ private Q_SLOTS:
         m_model->move(from, to);
         QCOMPARE(m_model->jobs(), expected);
         QCOMPARE(moved.row(), to);
+    }
+
+    void movesEverySelectionToEveryPlace()
+    {
+        const QList<QUuid> start = idsOf(*m_model);
+        for (unsigned selection = 0; selection < 64; ++selection) {
+            QList<int> rows;
+            for (int row = 0; row < 6; ++row) {
+                if ((selection >> row & 1U) != 0)
+                    rows << row;
+            }
+            for (int destination = 0; destination <= 6; ++destination) {
+                JobListModel model;
+                const Tester tester(&model, Tester::FailureReportingMode::QtTest);
+                model.append(m_jobs);
+                QList<QPersistentModelIndex> views;
+                for (int row = 0; row < 6; ++row)
+                    views << QPersistentModelIndex(model.index(row));
+                const QSignalSpy changes(&model, &JobListModel::changed);
+                const QSignalSpy moves(&model, &JobListModel::rowsMoved);
+                model.move(rows, destination);
+
+                QList<QUuid> expected;
+                for (int row = 0; row <= 6; ++row) {
+                    if (row == destination) {
+                        for (const int moved : std::as_const(rows))
+                            expected << start[moved];
+                    }
+                    if (row < 6 && !rows.contains(row))
+                        expected << start[row];
+                }
+                QCOMPARE(idsOf(model), expected);
+                QCOMPARE(changes.size(), expected == start ? 0 : 1);
+                QCOMPARE(moves.isEmpty(), expected == start);
+                for (int row = 0; row < 6; ++row) {
+                    QCOMPARE(views[row].row(), expected.indexOf(start[row]));
+                    QVERIFY(model.rowOf(start[row]) == views[row].row());
+                }
+            }
+        }
+    }
+
+    void neighboursMoveTogether()
+    {
+        const QSignalSpy moves(m_model.get(), &JobListModel::rowsMoved);
+        m_model->move({1, 2, 3}, 6);
+        QCOMPARE(moves.size(), 1);
+        m_model->move({0, 1, 4, 5}, 3);
+        QCOMPARE(moves.size(), 3);
     }
 
     void unknownIdsAreIgnored()

@@ -4,6 +4,7 @@
 #include "controller/converterviewmodel.h"
 #include "support/fatal.h"
 #include "support/filetree.h"
+#include "support/recordedfilemanager.h"
 #include "support/recordedpanel.h"
 
 #include <QSignalSpy>
@@ -20,7 +21,11 @@ class JobQueueTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { m_model = ConverterViewModel::create(std::make_unique<RecordedPanel>()); }
+    void init()
+    {
+        m_model = ConverterViewModel::create(std::make_unique<RecordedPanel>(),
+                                             std::make_unique<RecordedFileManager>());
+    }
 
     void startsEmpty()
     {
@@ -170,10 +175,7 @@ private Q_SLOTS:
         QFETCH(const QString, order);
         addClips(5);
         m_model->moveJob(idOf(row), offset);
-        QStringList expected;
-        for (const QChar clip : order)
-            expected << u"clip%1.mp4"_s.arg(clip);
-        QCOMPARE(names(), expected);
+        QCOMPARE(names(), clips(order));
     }
 
     void movingAnUnknownJobOrTheOnlyOneDoesNothing()
@@ -192,6 +194,43 @@ private Q_SLOTS:
         const QUuid last = idOf(1);
         QVERIFY(
             stopsTheProgram([&] { m_model->moveJob(last, std::numeric_limits<qint64>::max()); }));
+    }
+
+    void movesSeveralJobs_data()
+    {
+        QTest::addColumn<QList<int>>("rows");
+        QTest::addColumn<int>("destination");
+        QTest::addColumn<QString>("order");
+        QTest::newRow("one down") << QList{1} << 4 << u"02314"_s;
+        QTest::newRow("one up") << QList{3} << 1 << u"03124"_s;
+        QTest::newRow("apart, from both sides") << QList{0, 2, 4} << 3 << u"10243"_s;
+        QTest::newRow("in any order") << QList{4, 0, 2} << 3 << u"10243"_s;
+        QTest::newRow("named twice") << QList{0, 0, 1, 1} << 5 << u"23401"_s;
+        QTest::newRow("rows that are not there") << QList{-1, 1, 5, 99} << 0 << u"10234"_s;
+        QTest::newRow("beyond the end") << QList{0} << 99 << u"12340"_s;
+        QTest::newRow("before the start") << QList{4} << -7 << u"40123"_s;
+        QTest::newRow("before itself") << QList{2} << 2 << u"01234"_s;
+        QTest::newRow("behind itself") << QList{2} << 3 << u"01234"_s;
+        QTest::newRow("a block into itself") << QList{1, 2, 3} << 2 << u"01234"_s;
+        QTest::newRow("all") << QList{0, 1, 2, 3, 4} << 1 << u"01234"_s;
+        QTest::newRow("none") << QList<int>{} << 3 << u"01234"_s;
+    }
+    void movesSeveralJobs()
+    {
+        QFETCH(const QList<int>, rows);
+        QFETCH(const int, destination);
+        QFETCH(const QString, order);
+        addClips(5);
+        const QSignalSpy changes(m_model.get(), &ConverterViewModel::jobsChanged);
+        m_model->moveJobs(rows, destination);
+        QCOMPARE(names(), clips(order));
+        QCOMPARE(changes.size(), order == u"01234" ? 0 : 1);
+    }
+
+    void movingInAnEmptyQueueDoesNothing()
+    {
+        m_model->moveJobs({0, 1}, 1);
+        QVERIFY(m_model->jobs().isEmpty());
     }
 
     void clearingWithoutCompletedJobsKeepsAll()
@@ -217,6 +256,14 @@ private:
         for (int i = 0; i < count; ++i)
             clips << QUrl::fromLocalFile(u"/videos/clip%1.mp4"_s.arg(i));
         m_model->add(clips);
+    }
+
+    static QStringList clips(const QString &order)
+    {
+        QStringList names;
+        for (const QChar clip : order)
+            names << u"clip%1.mp4"_s.arg(clip);
+        return names;
     }
 
     QUuid idOf(qsizetype row) const { return m_model->jobs()[row].id(); }

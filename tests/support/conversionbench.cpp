@@ -4,6 +4,7 @@
 #include "conversionbench.h"
 
 #include "model/filename.h"
+#include "recordedfilemanager.h"
 #include "recordedpanel.h"
 #include "toolrun.h"
 
@@ -26,7 +27,8 @@ ConversionBench::ConversionBench()
         qFatal("Cannot create folders in %s", qPrintable(m_folder.path()));
     auto panel = std::make_unique<RecordedPanel>();
     panel->answers << QList<QUrl>{QUrl::fromLocalFile(outputs().path())};
-    m_controller = ConverterViewModel::create(std::move(panel));
+    m_controller =
+        ConverterViewModel::create(std::move(panel), std::make_unique<RecordedFileManager>());
     m_controller->chooseDestination();
 }
 

@@ -3,6 +3,8 @@
 
 #include "queue.h"
 
+#include "support/recordedfilemanager.h"
+
 #include <QFile>
 #include <QTest>
 
@@ -14,7 +16,7 @@ Queue::Queue()
 {
     auto panel = std::make_unique<RecordedPanel>();
     m_panel = panel.get();
-    m_model = ConverterViewModel::create(std::move(panel));
+    m_model = ConverterViewModel::create(std::move(panel), std::make_unique<RecordedFileManager>());
     choose(m_output.root());
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "controller/converterviewmodel.h"
+#include "support/recordedfilemanager.h"
 #include "support/standintools.h"
 
 #include <QDir>
@@ -71,8 +72,8 @@ private Q_SLOTS:
                         Script().err("Unknown encoder 'h264_videotoolbox'").exit(1));
         tools.setScript(u"ffmpeg"_s, 2, Script().out("out_time_us=5000000\n").exit(0));
         tools.setScript(u"ffmpeg"_s, 3, Script().err("It failed because it failed.\n").exit(1));
-        const auto model =
-            ConverterViewModel::create(std::make_unique<FolderPanel>(tools.folder()));
+        const auto model = ConverterViewModel::create(std::make_unique<FolderPanel>(tools.folder()),
+                                                      std::make_unique<RecordedFileManager>());
         QQmlEngine::setObjectOwnership(model.get(), QQmlEngine::CppOwnership);
 
         QQuickWindow stage;

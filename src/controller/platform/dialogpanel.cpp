@@ -13,7 +13,7 @@ std::optional<QList<QUrl>> DialogPanel::run(const OpenPanelRequest &request)
     dialog.setWindowTitle(request.title);
     dialog.setLabelText(QFileDialog::Accept, request.prompt);
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
-    if (request.choice == OpenPanelRequest::Choice::folder) {
+    if (request.choice == OpenPanelRequest::Choice::folders) {
         dialog.setFileMode(QFileDialog::Directory);
         dialog.setOption(QFileDialog::ShowDirsOnly);
     } else {

@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QUrl>
+
+namespace quorvale {
+
+/// Shows folders in the desktop's file manager. An interface, so that the controller needs no
+/// desktop.
+class FileManager
+{
+public:
+    virtual ~FileManager() = default;
+
+    /// Brings the file manager to the front with `folder`, a local file URL, selected in its
+    /// parent. Returns at once; what fails is not reported. Main thread.
+    virtual void reveal(const QUrl &folder) = 0;
+};
+
+} // namespace quorvale

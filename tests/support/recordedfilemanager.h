@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "controller/filemanager.h"
+
+#include <QList>
+
+namespace quorvale::test {
+
+/// A file manager that only remembers what it was to show.
+struct RecordedFileManager : FileManager
+{
+    void reveal(const QUrl &folder) override { revealed << folder; }
+
+    QList<QUrl> revealed;
+};
+
+} // namespace quorvale::test
