@@ -134,7 +134,8 @@ double ConverterViewModel::overallProgress() const
 bool ConverterViewModel::handleDrop(const QList<QUrl> &urls)
 {
     for (const QUrl &url : urls) {
-        if (url.isLocalFile())
+        // A URL that could not be decoded may still pass for a local one.
+        if (url.isValid() && url.isLocalFile())
             QMetaObject::invokeMethod(
                 this, [this, url] { add({url}); }, Qt::QueuedConnection);
     }
@@ -143,6 +144,7 @@ bool ConverterViewModel::handleDrop(const QList<QUrl> &urls)
 
 void ConverterViewModel::chooseFiles()
 {
+    const auto self = shared_from_this(); // much may end while a panel is open
     const auto chosen = m_panel->run({.title = u"Choose videos to convert"_s,
                                       .prompt = u"Add Videos"_s,
                                       .choice = OpenPanelRequest::Choice::videos,
@@ -153,6 +155,7 @@ void ConverterViewModel::chooseFiles()
 
 void ConverterViewModel::chooseFolder()
 {
+    const auto self = shared_from_this(); // much may end while a panel is open
     const auto chosen = m_panel->run({.title = u"Choose a folder of videos"_s,
                                       .prompt = u"Add Folder"_s,
                                       .choice = OpenPanelRequest::Choice::folders,
@@ -163,6 +166,7 @@ void ConverterViewModel::chooseFolder()
 
 void ConverterViewModel::chooseDestination()
 {
+    const auto self = shared_from_this(); // much may end while a panel is open
     const auto chosen = m_panel->run({.title = u"Choose output folder"_s,
                                       .prompt = u"Choose"_s,
                                       .choice = OpenPanelRequest::Choice::folders,

@@ -22,8 +22,9 @@ private Q_SLOTS:
     {
         auto panel = std::make_unique<RecordedPanel>();
         m_panel = panel.get();
-        m_model =
-            ConverterViewModel::create(std::move(panel), std::make_unique<RecordedFileManager>());
+        auto fileManager = std::make_unique<RecordedFileManager>();
+        m_fileManager = fileManager.get();
+        m_model = ConverterViewModel::create(std::move(panel), std::move(fileManager));
     }
 
     void droppedFilesAreAddedInTheirOrderOnceTheDropIsOver()
@@ -56,14 +57,74 @@ private Q_SLOTS:
         QCOMPARE(m_model->jobs()[0].source(), tree.url(u"clip9.mkv"_s));
     }
 
-    void aDropWithoutFilesAddsNothingAndSucceeds()
+    void whatIsNoFileAddsNothingAndTheDropSucceeds_data()
+    {
+        QTest::addColumn<QList<QUrl>>("urls");
+        QTest::newRow("nothing") << QList<QUrl>{};
+        QTest::newRow("a web link") << QList{QUrl(u"https://example.org/clip.mp4"_s)};
+        QTest::newRow("a text clipping") << QList{QUrl(u"clip.mp4"_s)};
+        QTest::newRow("an empty URL") << QList{QUrl()};
+        QTest::newRow("undecodable")
+            << QList{QUrl(u"file:///v/%zz.mp4"_s, QUrl::StrictMode), QUrl(u"file://[/clip.mp4"_s)};
+    }
+    void whatIsNoFileAddsNothingAndTheDropSucceeds()
+    {
+        QFETCH(const QList<QUrl>, urls);
+        QVERIFY(m_model->handleDrop(urls));
+        QCOMPARE(namesOf(urls), QStringList{});
+    }
+
+    void filesAmongOtherThingsAreAdded()
     {
         const FileTree tree;
-        QVERIFY(m_model->handleDrop({}));
-        QVERIFY(m_model->handleDrop(
-            {QUrl(u"https://example.org/clip.mp4"_s), QUrl(), QUrl(u"clip.mp4"_s)}));
-        m_model->handleDrop({tree.addFile(u"last.mp4"_s)});
-        QTRY_COMPARE(m_model->jobs().size(), 1);
+        QCOMPARE(namesOf({QUrl(u"https://example.org/web.mp4"_s), tree.addFile(u"a.mp4"_s), QUrl(),
+                          tree.addFile(u"letter.txt"_s), tree.addFile(u"b.mp4"_s)}),
+                 (QStringList{u"a.mp4"_s, u"b.mp4"_s}));
+    }
+
+    void everyFileOfADropIsAddedByItself()
+    {
+        constexpr int count = 10'000;
+        QList<QUrl> clips;
+        for (int i = count; i > 0; --i)
+            clips << QUrl::fromLocalFile(u"/videos/%1.mp4"_s.arg(i));
+        const QSignalSpy inserts(m_model->jobModel(), &JobListModel::rowsInserted);
+        const QSignalSpy resets(m_model->jobModel(), &JobListModel::modelReset);
+        const QSignalSpy moves(m_model->jobModel(), &JobListModel::rowsMoved);
+        const QSignalSpy removals(m_model->jobModel(), &JobListModel::rowsRemoved);
+        const QSignalSpy rowChanges(m_model->jobModel(), &JobListModel::dataChanged);
+        m_model->handleDrop(clips);
+        QTRY_COMPARE(m_model->jobCount(), count);
+        for (int i = 0; i < count; ++i)
+            QCOMPARE(m_model->jobs()[i].source(), clips[i]);
+        QCOMPARE(inserts.size(), count);
+        for (int i = 0; i < count; ++i) {
+            QCOMPARE(inserts[i][1], i);
+            QCOMPARE(inserts[i][2], i);
+        }
+        QCOMPARE(resets.size() + moves.size() + removals.size() + rowChanges.size(), 0);
+    }
+
+    void severalDroppedFoldersAreEachInNameOrder()
+    {
+        const FileTree tree;
+        tree.addFiles({u"one/d.mp4"_s, u"one/b.mp4"_s, u"two/c.mp4"_s, u"two/a.mp4"_s});
+        QCOMPARE(namesOf({tree.url(u"one"_s), tree.url(u"two"_s)}),
+                 (QStringList{u"b.mp4"_s, u"d.mp4"_s, u"a.mp4"_s, u"c.mp4"_s}));
+    }
+
+    void aFileDroppedWithItsFolderIsOneJob()
+    {
+        const FileTree tree;
+        const QUrl clip = tree.addFile(u"clip.mp4"_s);
+        QCOMPARE(namesOf({tree.root(), clip}), QStringList{u"clip.mp4"_s});
+    }
+
+    void aDropDuringADropComesBehindIt()
+    {
+        const FileTree tree;
+        m_model->handleDrop({tree.addFile(u"b.mp4"_s)});
+        QCOMPARE(namesOf({tree.addFile(u"a.mp4"_s)}), (QStringList{u"b.mp4"_s, u"a.mp4"_s}));
     }
 
     void percentSignsQuestionMarksAndHashesSurvive()
@@ -78,48 +139,14 @@ private Q_SLOTS:
 
     void aDropThatArrivesAfterTheControllersEndIsLost()
     {
+        const std::weak_ptr<ConverterViewModel> weak = m_model;
+        int changes = 0;
+        connect(m_model.get(), &ConverterViewModel::jobsChanged, this, [&] { ++changes; });
         m_model->handleDrop({QUrl::fromLocalFile(u"/videos/clip.mp4"_s)});
         m_model.reset();
+        QVERIFY2(weak.expired(), "A drop keeps the controller alive");
         QCoreApplication::processEvents();
-    }
-
-    void asksForTheOutputFolder()
-    {
-        m_model->chooseDestination();
-        QCOMPARE(m_panel->requests.size(), 1);
-        QCOMPARE(m_panel->requests[0].title, u"Choose output folder"_s);
-        QCOMPARE(m_panel->requests[0].prompt, u"Choose"_s);
-        QVERIFY(m_panel->requests[0].choice == OpenPanelRequest::Choice::folders);
-    }
-
-    void theChosenFolderBecomesTheDestination()
-    {
-        const QUrl folder = QUrl::fromLocalFile(u"/out/a b"_s);
-        const QSignalSpy changes(m_model.get(), &ConverterViewModel::destinationChanged);
-        m_panel->answers = {QList<QUrl>{folder}, QList<QUrl>{folder}};
-        m_model->chooseDestination();
-        QVERIFY(m_model->destination() == folder);
-        m_model->chooseDestination();
-        QVERIFY(m_model->destination() == folder);
-        QCOMPARE(m_model->property("destinationPath").toString(), u"/out/a b"_s);
-        QCOMPARE(changes.size(), 2);
-    }
-
-    void cancellingThePanelKeepsTheEarlierFolder()
-    {
-        const QUrl folder = QUrl::fromLocalFile(u"/out"_s);
-        m_panel->answers = {QList<QUrl>{folder}, std::nullopt};
-        m_model->chooseDestination();
-        m_model->chooseDestination();
-        QVERIFY(m_model->destination() == folder);
-    }
-
-    void aPanelThatReportsNoFolderClearsTheDestination()
-    {
-        m_panel->answers = {QList<QUrl>{QUrl::fromLocalFile(u"/out"_s)}, QList<QUrl>{}};
-        m_model->chooseDestination();
-        m_model->chooseDestination();
-        QVERIFY(!m_model->destination());
+        QCOMPARE(changes, 0);
     }
 
     void theDropTargetsStateIsTheWindowsToWrite()
@@ -133,17 +160,41 @@ private Q_SLOTS:
         QCOMPARE(changes.size(), 2);
     }
 
-    void choosingACodecAdaptsTheSettings()
+    void revealsTheOutputFolder()
     {
-        const QSignalSpy changes(m_model.get(), &ConverterViewModel::settingsChanged);
-        m_model->chooseCodec(4);
-        QCOMPARE(m_model->settings().codec, OutputCodec::proRes4444);
-        QCOMPARE(m_model->settings().audio, AudioMode::pcm);
-        QCOMPARE(changes.size(), 1);
+        const QUrl folder = QUrl::fromLocalFile(u"/out/50% a b"_s);
+        m_panel->answers = {QList{folder}};
+        m_model->chooseDestination();
+        m_model->revealDestination();
+        QCOMPARE(m_fileManager->revealed, QList{folder});
+    }
+
+    void revealsNothingWithoutAnOutputFolder()
+    {
+        m_model->revealDestination();
+        QCOMPARE(m_fileManager->revealed, QList<QUrl>{});
     }
 
 private:
+    // What a whole drop adds, which is told by a last file behind it.
+    QStringList namesOf(const QList<QUrl> &drop)
+    {
+        const QUrl last = QUrl::fromLocalFile(u"/last of the drop.mp4"_s);
+        m_model->handleDrop(drop + QList{last});
+        const auto isOver = [&] {
+            return m_model->jobCount() > 0 && m_model->jobs().last().source() == last;
+        };
+        if (!QTest::qWaitFor(isOver))
+            qWarning("The drop is not over");
+        QStringList names;
+        for (const ConversionJob &job : m_model->jobs())
+            names << job.source().fileName();
+        names.removeLast();
+        return names;
+    }
+
     RecordedPanel *m_panel = nullptr;
+    RecordedFileManager *m_fileManager = nullptr;
     std::shared_ptr<ConverterViewModel> m_model;
 };
 
