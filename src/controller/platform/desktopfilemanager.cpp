@@ -4,11 +4,11 @@
 #include "desktopfilemanager.h"
 
 #include <QCoreApplication>
-#include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
 #include <QDesktopServices>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -16,36 +16,44 @@ namespace quorvale {
 
 namespace {
 
-// Long enough for a file manager that is started for it.
-constexpr int patience = 15'000; // milliseconds
-
-void openParent(const QUrl &folder)
+void openParentOf(const QUrl &folder)
 {
-    const QUrl parent = folder.adjusted(QUrl::StripTrailingSlash).adjusted(QUrl::RemoveFilename);
+    const QUrl parent = folder.adjusted(QUrl::RemoveFilename);
+    // The root has no other name than its slash; strip others, for handlers that compare paths.
     QDesktopServices::openUrl(parent.adjusted(QUrl::StripTrailingSlash));
 }
 
 } // namespace
 
+DesktopFileManager::DesktopFileManager(std::function<QDBusConnection()> bus,
+                                       std::chrono::milliseconds patience)
+    : m_bus(std::move(bus)), m_patience(patience)
+{
+}
+
 void DesktopFileManager::reveal(const QUrl &folder)
 {
-    const QDBusConnection bus = QDBusConnection::sessionBus();
+    const QUrl item = folder.adjusted(QUrl::StripTrailingSlash);
+#ifdef Q_OS_MACOS
+    openParentOf(item);
+#else
+    const QDBusConnection bus = m_bus();
     if (!bus.isConnected())
-        return openParent(folder);
+        return openParentOf(item);
 
     QDBusMessage request = QDBusMessage::createMethodCall(
         u"org.freedesktop.FileManager1"_s, u"/org/freedesktop/FileManager1"_s,
         u"org.freedesktop.FileManager1"_s, u"ShowItems"_s);
     const QString startupId; // none, because the desktop gave the program none to pass on
-    request << QStringList{folder.toString(QUrl::FullyEncoded)} << startupId;
-    auto *answer =
-        new QDBusPendingCallWatcher(bus.asyncCall(request, patience), QCoreApplication::instance());
-    QObject::connect(answer, &QDBusPendingCallWatcher::finished, answer, [answer, folder] {
-        const QDBusPendingReply<> reply = *answer;
-        if (reply.isError())
-            openParent(folder);
+    request << QStringList{item.toString(QUrl::FullyEncoded)} << startupId;
+    const auto call = bus.asyncCall(request, static_cast<int>(m_patience.count()));
+    auto *answer = new QDBusPendingCallWatcher(call, QCoreApplication::instance());
+    QObject::connect(answer, &QDBusPendingCallWatcher::finished, answer, [answer, item] {
+        if (answer->isError())
+            openParentOf(item);
         answer->deleteLater();
     });
+#endif
 }
 
 } // namespace quorvale

@@ -5,16 +5,30 @@
 
 #include "controller/filemanager.h"
 
+#include <QDBusConnection>
+
+#include <chrono>
+#include <functional>
+
 namespace quorvale {
 
 /// The file manager of the desktop that the program runs on: the one that offers
 /// org.freedesktop.FileManager1 on the session bus (the file manager D-Bus interface of
-/// freedesktop.org). Without one, the folder that holds the folder is opened with whatever opens
-/// folders.
+/// freedesktop.org). Where none answers, the folder's parent is opened with whatever opens folders,
+/// which is the Finder on macOS.
 class DesktopFileManager : public FileManager
 {
 public:
+    /// `bus` is asked for the session bus at each use; what does not answer in `patience`, which is
+    /// long enough for a file manager that is started first, counts as absent.
+    explicit DesktopFileManager(std::function<QDBusConnection()> bus = QDBusConnection::sessionBus,
+                                std::chrono::milliseconds patience = std::chrono::seconds(15));
+
     void reveal(const QUrl &folder) override;
+
+private:
+    const std::function<QDBusConnection()> m_bus;
+    const std::chrono::milliseconds m_patience;
 };
 
 } // namespace quorvale

@@ -1,0 +1,169 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#include "controller/platform/desktopfilemanager.h"
+#include "support/privatebus.h"
+
+#include <QDBusContext>
+#include <QDBusMessage>
+#include <QDesktopServices>
+#include <QTest>
+
+using namespace quorvale;
+using namespace quorvale::test;
+using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A file manager on the bus that remembers its calls.
+class FakeFileManager : public QObject, protected QDBusContext
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.FileManager1")
+
+public:
+    enum class Manner { obliging, refusing, silent };
+
+    explicit FakeFileManager(QDBusConnection bus)
+    {
+        if (!bus.registerObject(u"/org/freedesktop/FileManager1"_s, this,
+                                QDBusConnection::ExportAllSlots)
+            || !bus.registerService(u"org.freedesktop.FileManager1"_s))
+            qFatal("Cannot play a file manager");
+    }
+
+    Manner manner = Manner::obliging;
+    QList<QStringList> shown;
+    QStringList startupIds;
+
+public Q_SLOTS:
+    void ShowItems(const QStringList &uris, const QString &startupId)
+    {
+        shown << uris;
+        startupIds << startupId;
+        if (manner == Manner::refusing)
+            sendErrorReply(QDBusError::Failed, u"I will not."_s);
+        if (manner == Manner::silent)
+            setDelayedReply(true);
+    }
+};
+
+} // namespace
+
+class DesktopFileManagerTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        m_opened.clear();
+        QDesktopServices::setUrlHandler(u"file"_s, this, "open");
+        m_bus = std::make_unique<PrivateBus>();
+    }
+
+    void cleanup()
+    {
+        QDesktopServices::unsetUrlHandler(u"file"_s);
+        m_bus.reset();
+    }
+
+    void asksTheFileManagerForTheFolder_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QString>("uri");
+        QTest::newRow("plain") << u"/out"_s << u"file:///out"_s;
+        QTest::newRow("spaces") << u"/my videos/for export"_s
+                                << u"file:///my%20videos/for%20export"_s;
+        QTest::newRow("characters of URLs")
+            << u"/a/50% #1?%20"_s << u"file:///a/50%25%20%231%3F%2520"_s;
+        QTest::newRow("letters") << u"/vidéos/日本"_s
+                                 << u"file:///vid%C3%A9os/%E6%97%A5%E6%9C%AC"_s;
+        QTest::newRow("a slash at the end") << u"/out/"_s << u"file:///out"_s;
+        QTest::newRow("the root") << u"/"_s << u"file:///"_s;
+    }
+    void asksTheFileManagerForTheFolder()
+    {
+        QFETCH(const QString, path);
+        QFETCH(const QString, uri);
+        FakeFileManager service(m_bus->connection(u"service"_s));
+        make().reveal(QUrl::fromLocalFile(path));
+        QTRY_COMPARE(service.shown, QList<QStringList>(1, {uri}));
+        QCOMPARE(service.startupIds, QStringList{QString()});
+        QTest::qWait(100);
+        QCOMPARE(m_opened, QList<QUrl>{});
+    }
+
+    void theCallerDoesNotWait()
+    {
+        FakeFileManager service(m_bus->connection(u"service"_s));
+        make().reveal(QUrl::fromLocalFile(u"/out"_s));
+        // The service lives in this very thread: had the caller waited, it would wait for ever.
+        QCOMPARE(service.shown.size(), 0);
+        QTRY_COMPARE(service.shown.size(), 1);
+    }
+
+    void opensTheParentWhenThereIsNoBus()
+    {
+        DesktopFileManager files([] { return QDBusConnection(u"no such bus"_s); });
+        files.reveal(QUrl::fromLocalFile(u"/videos/50% out"_s));
+        QCOMPARE(m_opened, QList{QUrl::fromLocalFile(u"/videos"_s)});
+    }
+
+    void opensTheParentWhenThereIsNoFileManager()
+    {
+        make().reveal(QUrl::fromLocalFile(u"/videos/50% #1?/out"_s));
+        QTRY_COMPARE(m_opened, QList{QUrl::fromLocalFile(u"/videos/50% #1?"_s)});
+    }
+
+    void opensTheParentWhenTheFileManagerRefuses()
+    {
+        FakeFileManager service(m_bus->connection(u"service"_s));
+        service.manner = FakeFileManager::Manner::refusing;
+        make().reveal(QUrl::fromLocalFile(u"/videos/out/"_s));
+        QTRY_COMPARE(m_opened, QList{QUrl::fromLocalFile(u"/videos"_s)});
+        QCOMPARE(service.shown.size(), 1);
+    }
+
+    void opensTheParentWhenTheFileManagerKeepsSilent()
+    {
+        FakeFileManager service(m_bus->connection(u"service"_s));
+        service.manner = FakeFileManager::Manner::silent;
+        make(200ms).reveal(QUrl::fromLocalFile(u"/out"_s));
+        QTRY_COMPARE(m_opened, QList{QUrl::fromLocalFile(u"/"_s)});
+    }
+
+    void opensTheParentWhenTheFileManagerEndsMeanwhile()
+    {
+        FakeFileManager service(m_bus->connection(u"service"_s));
+        service.manner = FakeFileManager::Manner::silent;
+        make().reveal(QUrl::fromLocalFile(u"/videos/out"_s));
+        QTRY_COMPARE(service.shown.size(), 1);
+        QCOMPARE(m_opened.size(), 0);
+        m_bus->disconnect(u"service"_s);
+        QTRY_COMPARE(m_opened, QList{QUrl::fromLocalFile(u"/videos"_s)});
+    }
+
+    void showsTheRootItselfWhenThereIsNoFileManager()
+    {
+        make().reveal(QUrl::fromLocalFile(u"/"_s));
+        QTRY_COMPARE(m_opened, QList{QUrl::fromLocalFile(u"/"_s)});
+    }
+
+public Q_SLOTS:
+    // Takes the place of the desktop's opener of folders.
+    void open(const QUrl &url) { m_opened << url; }
+
+private:
+    DesktopFileManager make(std::chrono::milliseconds patience = 15s) const
+    {
+        return DesktopFileManager([this] { return m_bus->connection(u"program"_s); }, patience);
+    }
+
+    std::unique_ptr<PrivateBus> m_bus;
+    QList<QUrl> m_opened;
+};
+
+QTEST_MAIN(DesktopFileManagerTest)
+#include "desktopfilemanager_test.moc"

@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#include "privatebus.h"
+
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace quorvale::test {
+
+namespace {
+
+constexpr int patience = 30'000; // milliseconds
+
+// The bus of a session without any service that it could start.
+QByteArray configuration(const QString &folder)
+{
+    return "<busconfig><type>session</type><listen>unix:dir=" + QFile::encodeName(folder)
+           + "</listen><policy context=\"default\"><allow send_destination=\"*\"/>"
+             "<allow receive_sender=\"*\"/><allow own=\"*\"/></policy></busconfig>\n";
+}
+
+} // namespace
+
+PrivateBus::PrivateBus()
+{
+    QFile file(m_folder.filePath(u"session.conf"_s));
+    if (!file.open(QIODevice::WriteOnly) || file.write(configuration(m_folder.path())) < 0)
+        qFatal("Cannot write %s", qPrintable(file.fileName()));
+    file.close();
+    m_daemon.start(u"dbus-daemon"_s, {u"--config-file="_s + file.fileName(), u"--nofork"_s,
+                                      u"--nopidfile"_s, u"--print-address"_s});
+    while (!m_daemon.canReadLine()) {
+        if (!m_daemon.waitForReadyRead(patience))
+            qFatal("dbus-daemon does not start: %s", m_daemon.readAllStandardError().constData());
+    }
+    m_address = QString::fromUtf8(m_daemon.readLine()).trimmed();
+}
+
+PrivateBus::~PrivateBus()
+{
+    for (const QString &name : std::as_const(m_names))
+        QDBusConnection::disconnectFromBus(m_address + name);
+}
+
+QDBusConnection PrivateBus::connection(const QString &name) const
+{
+    if (m_names.contains(name))
+        return QDBusConnection(m_address + name);
+    m_names << name;
+    auto connection = QDBusConnection::connectToBus(m_address, m_address + name);
+    if (!connection.isConnected())
+        qFatal("Cannot connect to %s", qPrintable(m_address));
+    return connection;
+}
+
+void PrivateBus::disconnect(const QString &name)
+{
+    if (m_names.removeOne(name))
+        QDBusConnection::disconnectFromBus(m_address + name);
+}
+
+} // namespace quorvale::test
