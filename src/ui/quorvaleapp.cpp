@@ -6,6 +6,7 @@
 #include "controller/converterviewmodel.h"
 #include "controller/platform/desktopfilemanager.h"
 #include "controller/platform/dialogpanel.h"
+#include "controller/platform/portalpanel.h"
 
 #include <QVariantMap>
 
@@ -14,8 +15,9 @@ using namespace Qt::StringLiterals;
 namespace quorvale {
 
 QuorvaleApp::QuorvaleApp()
-    : m_model(ConverterViewModel::create(std::make_unique<DialogPanel>(),
-                                         std::make_unique<DesktopFileManager>()))
+    : m_model(
+        ConverterViewModel::create(std::make_unique<PortalPanel>(std::make_unique<DialogPanel>()),
+                                   std::make_unique<DesktopFileManager>()))
 {
     QQmlEngine::setObjectOwnership(m_model.get(), QQmlEngine::CppOwnership);
     m_engine.addImportPath(u":/qt/qml"_s);

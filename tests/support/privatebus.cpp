@@ -61,4 +61,10 @@ void PrivateBus::disconnect(const QString &name)
         QDBusConnection::disconnectFromBus(m_address + name);
 }
 
+void PrivateBus::end()
+{
+    m_daemon.kill();
+    m_daemon.waitForFinished(patience);
+}
+
 } // namespace quorvale::test

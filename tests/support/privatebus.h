@@ -27,6 +27,9 @@ public:
     /// Closes the connection, as the end of its program does.
     void disconnect(const QString &name);
 
+    /// Ends the bus itself, for everybody on it.
+    void end();
+
 private:
     QTemporaryDir m_folder;
     ChildOfTheTest m_daemon;

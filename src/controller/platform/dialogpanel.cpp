@@ -3,28 +3,66 @@
 
 #include "dialogpanel.h"
 
+#include "activewindow.h"
+#include "videonamefilter.h"
+
+#include <QAbstractItemView>
+#include <QDir>
 #include <QFileDialog>
+#include <QWindow>
+
+using namespace Qt::StringLiterals;
 
 namespace quorvale {
+
+namespace {
+
+void askForVideos(QFileDialog &dialog, bool allowsMultiple)
+{
+    dialog.setFileMode(allowsMultiple ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
+    dialog.setNameFilter(videoNameFilter());
+}
+
+void askForFolders(QFileDialog &dialog, bool allowsMultiple)
+{
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    if (!allowsMultiple)
+        return;
+    // Qt's own dialog takes whatever is selected in its two views: let that be several.
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    for (const QString &name : {u"listView"_s, u"treeView"_s}) {
+        if (auto *view = dialog.findChild<QAbstractItemView *>(name))
+            view->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    }
+}
+
+} // namespace
 
 std::optional<QList<QUrl>> DialogPanel::run(const OpenPanelRequest &request)
 {
     QFileDialog dialog;
+    dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    if (request.choice == OpenPanelRequest::Choice::folders)
+        askForFolders(dialog, request.allowsMultiple);
+    else
+        askForVideos(dialog, request.allowsMultiple);
+    dialog.setOption(QFileDialog::ReadOnly, !request.canCreateFolders);
     dialog.setWindowTitle(request.title);
     dialog.setLabelText(QFileDialog::Accept, request.prompt);
-    dialog.setAcceptMode(QFileDialog::AcceptOpen);
-    if (request.choice == OpenPanelRequest::Choice::folders) {
-        dialog.setFileMode(QFileDialog::Directory);
-        dialog.setOption(QFileDialog::ShowDirsOnly);
-    } else {
-        dialog.setFileMode(QFileDialog::ExistingFiles);
-    }
-    dialog.setSupportedSchemes({QStringLiteral("file")});
-    if (m_lastFolder.isValid())
-        dialog.setDirectoryUrl(m_lastFolder);
+    dialog.setSupportedSchemes({u"file"_s});
+    // Said each time, because Qt's dialog remembers places of earlier runs and of other programs.
+    const QUrl home = QUrl::fromLocalFile(QDir::homePath());
+    dialog.setDirectoryUrl(m_lastFolders.value(request.title, home));
+
+    // The program's windows are no widgets, so they cannot be the dialog's parent as a widget.
+    dialog.winId();
+    dialog.windowHandle()->setTransientParent(activeWindow());
+    dialog.setWindowModality(Qt::ApplicationModal);
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;
-    m_lastFolder = dialog.directoryUrl();
+    m_lastFolders[request.title] = dialog.directoryUrl();
     return dialog.selectedUrls();
 }
 

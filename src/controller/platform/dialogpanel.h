@@ -5,17 +5,20 @@
 
 #include "controller/openpanel.h"
 
+#include <QHash>
+
 namespace quorvale {
 
-/// The desktop's own file dialog where there is one, Qt's otherwise. It opens where the last one
-/// was left, within one run of the program.
+/// The desktop's own file dialog where there is one, Qt's otherwise and for several folders, which
+/// desktops' dialogs for folders do not let choose. Each panel, told by its title, opens in
+/// the user's home at first and then where it was last confirmed. Needs a QApplication.
 class DialogPanel : public OpenPanel
 {
 public:
     std::optional<QList<QUrl>> run(const OpenPanelRequest &request) override;
 
 private:
-    QUrl m_lastFolder;
+    QHash<QString, QUrl> m_lastFolders;
 };
 
 } // namespace quorvale

@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#include "activewindow.h"
+
+#include <QGuiApplication>
+#include <QWindow>
+
+#include <algorithm>
+
+namespace quorvale {
+
+QWindow *activeWindow()
+{
+    if (QWindow *window = QGuiApplication::focusWindow())
+        return window;
+    const auto windows = QGuiApplication::topLevelWindows();
+    const auto visible = std::ranges::find_if(windows, &QWindow::isVisible);
+    return visible == windows.end() ? nullptr : *visible;
+}
+
+} // namespace quorvale

@@ -1,0 +1,103 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#include "portalpanel.h"
+
+#include "activewindow.h"
+#include "portalrequest.h"
+
+#include <QFile>
+#include <QGuiApplication>
+#include <QWidget>
+#include <QWindow>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace quorvale {
+
+namespace {
+
+// The first version of the portal's file chooser with folders.
+constexpr uint versionWithFolders = 3;
+
+// Keeps the user out of the program's windows, as a modal dialog of the program would: to Qt it is
+// one, but it is never shown.
+class ModalStandIn
+{
+public:
+    ModalStandIn()
+    {
+        m_widget.setAttribute(Qt::WA_DontShowOnScreen);
+        m_widget.setAttribute(Qt::WA_QuitOnClose, false);
+        m_widget.setWindowModality(Qt::ApplicationModal);
+        m_widget.show();
+    }
+    ~ModalStandIn() { m_widget.hide(); }
+
+    ModalStandIn(const ModalStandIn &) = delete;
+    ModalStandIn &operator=(const ModalStandIn &) = delete;
+
+private:
+    QWidget m_widget;
+};
+
+// The window by the name under which portals know it; empty where it has none.
+QString portalName(const QWindow *window)
+{
+    if (!window || QGuiApplication::platformName() != u"xcb"_s)
+        return {};
+    return u"x11:"_s + QString::number(window->winId(), 16);
+}
+
+QVariantMap optionsFor(const OpenPanelRequest &request, const QUrl &folder)
+{
+    QVariantMap options{{u"accept_label"_s, request.prompt},
+                        {u"modal"_s, true},
+                        {u"multiple"_s, true},
+                        {u"directory"_s, true}};
+    if (folder.isValid()) // a path in the file system's bytes, with the byte that ends it
+        options.insert(u"current_folder"_s, QFile::encodeName(folder.toLocalFile()).append('\0'));
+    return options;
+}
+
+} // namespace
+
+PortalPanel::PortalPanel(std::unique_ptr<OpenPanel> otherwise, std::function<QDBusConnection()> bus)
+    : m_otherwise(std::move(otherwise)), m_bus(std::move(bus))
+{
+}
+
+std::optional<QList<QUrl>> PortalPanel::run(const OpenPanelRequest &request)
+{
+    const bool isForFolders = request.choice == OpenPanelRequest::Choice::folders;
+    if (!isForFolders || !request.allowsMultiple)
+        return m_otherwise->run(request);
+    const QDBusConnection bus = m_bus();
+    if (!bus.isConnected())
+        return m_otherwise->run(request);
+
+    const QString parent = portalName(activeWindow());
+    auto outcome = PortalRequest::Outcome::unavailable;
+    PortalRequest portal(bus);
+    {
+        const ModalStandIn modal;
+        if (portal.version() >= versionWithFolders)
+            outcome = portal.open(parent, request.title, optionsFor(request, m_lastFolder));
+    }
+    switch (outcome) {
+    case PortalRequest::Outcome::unavailable:
+        return m_otherwise->run(request);
+    case PortalRequest::Outcome::cancelled:
+        return std::nullopt;
+    case PortalRequest::Outcome::chosen:
+        break;
+    }
+    if (!portal.urls().isEmpty())
+        m_lastFolder =
+            portal.urls().first().adjusted(QUrl::StripTrailingSlash | QUrl::RemoveFilename);
+    return portal.urls();
+}
+
+} // namespace quorvale
