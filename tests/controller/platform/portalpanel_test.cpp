@@ -220,6 +220,16 @@ private Q_SLOTS:
         QCOMPARE(m_otherwise->requests.size(), 0);
     }
 
+    void theEndOfTheBusBeforeTheReplyIsACancellation()
+    {
+        m_portal->keepsSilent = true;
+        m_portal->whenOpen = [this] {
+            m_bus->end();
+        };
+        QVERIFY(!m_panel->run(severalFolders));
+        QCOMPARE(m_otherwise->requests.size(), 0);
+    }
+
     void theProgramsWindowIsShutAndAliveMeanwhile()
     {
         ClickedWindow window;
@@ -269,6 +279,12 @@ private Q_SLOTS:
     }
 
 private:
+    // Once the program has been told that its chooser is open.
+    void afterTheReply(const std::function<void()> &action)
+    {
+        QTimer::singleShot(200, this, action);
+    }
+
     void stepsIn()
     {
         const QList folders{QUrl::fromLocalFile(u"/v"_s)};
