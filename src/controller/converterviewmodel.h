@@ -86,6 +86,10 @@ public:
     double overallProgress() const;
 
     // Files in, files out
+    //
+    // The operations that let the user choose return when the panel is closed and process events
+    // until then. An object of QML must not be destroyed while one of its handlers waits for them:
+    // handlers call them by Qt.callLater().
 
     /// Lets the user choose videos and queues them.
     Q_INVOKABLE void chooseFiles();

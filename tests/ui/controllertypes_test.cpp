@@ -5,6 +5,7 @@
 #include "support/recordedfilemanager.h"
 #include "support/recordedpanel.h"
 
+#include <QPointer>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQmlExpression>
@@ -17,6 +18,25 @@ Q_IMPORT_QML_PLUGIN(QuorvalePlugin)
 using namespace quorvale;
 using namespace quorvale::test;
 using namespace Qt::StringLiterals;
+
+namespace {
+
+// A panel during which files arrive.
+struct BusyPanel : OpenPanel
+{
+    std::optional<QList<QUrl>> run(const OpenPanelRequest &) override
+    {
+        model->handleDrop({QUrl::fromLocalFile(u"/videos/0.mp4"_s)});
+        QTest::qWait(50);
+        ++runs;
+        return std::nullopt;
+    }
+
+    ConverterViewModel *model = nullptr;
+    int runs = 0;
+};
+
+} // namespace
 
 // That the controller can be used from QML with the values that QML has.
 class ControllerTypesTest : public QObject
@@ -119,6 +139,39 @@ private Q_SLOTS:
         QCOMPARE(m_panel->requests.size(), 3);
         QCOMPARE(run(u"model.hasDestination"_s), true);
         QCOMPARE(m_fileManager->revealed, QList{folder});
+    }
+
+    // Without the call later, Qt would end the program: the handler's object goes meanwhile.
+    void aPanelOutlivesTheButtonThatIsGoneWhenFilesArrive()
+    {
+        auto panel = std::make_unique<BusyPanel>();
+        BusyPanel &busy = *panel;
+        m_root.reset();
+        m_model =
+            ConverterViewModel::create(std::move(panel), std::make_unique<RecordedFileManager>());
+        QQmlEngine::setObjectOwnership(m_model.get(), QQmlEngine::CppOwnership);
+        busy.model = m_model.get();
+        QQmlComponent component(m_engine.get());
+        component.setData("import QtQml\n"
+                          "import Quorvale\n"
+                          "Instantiator {\n"
+                          "    id: root\n"
+                          "    required property ConverterViewModel model\n"
+                          "    active: root.model.jobCount === 0\n"
+                          "    QtObject {\n"
+                          "        signal clicked\n"
+                          "        onClicked: Qt.callLater(root.model.chooseFiles)\n"
+                          "    }\n"
+                          "}\n",
+                          QUrl());
+        m_root.reset(component.createWithInitialProperties(
+            {{u"model"_s, QVariant::fromValue(m_model.get())}}));
+        QVERIFY2(m_root, qPrintable(component.errorString()));
+        const QPointer<QObject> button(m_root->property("object").value<QObject *>());
+        QVERIFY(button && QMetaObject::invokeMethod(button, "clicked"));
+        QTRY_COMPARE(busy.runs, 1);
+        QVERIFY(!button);
+        QCOMPARE(m_model->jobCount(), 1);
     }
 
 private:
