@@ -12,8 +12,9 @@ namespace quorvale {
 
 QWindow *activeWindow()
 {
-    if (QWindow *window = QGuiApplication::focusWindow())
-        return window;
+    QWindow *focused = QGuiApplication::focusWindow();
+    if (focused && focused->isVisible()) // the focus may still be with a dialog that is closing
+        return focused;
     const auto windows = QGuiApplication::topLevelWindows();
     const auto visible = std::ranges::find_if(windows, &QWindow::isVisible);
     return visible == windows.end() ? nullptr : *visible;

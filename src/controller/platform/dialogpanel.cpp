@@ -42,6 +42,7 @@ void askForFolders(QFileDialog &dialog, bool allowsMultiple)
 
 std::optional<QList<QUrl>> DialogPanel::run(const OpenPanelRequest &request)
 {
+    QWindow *const owner = activeWindow();
     QFileDialog dialog;
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     if (request.choice == OpenPanelRequest::Choice::folders)
@@ -58,7 +59,7 @@ std::optional<QList<QUrl>> DialogPanel::run(const OpenPanelRequest &request)
 
     // The program's windows are no widgets, so they cannot be the dialog's parent as a widget.
     dialog.winId();
-    dialog.windowHandle()->setTransientParent(activeWindow());
+    dialog.windowHandle()->setTransientParent(owner);
     dialog.setWindowModality(Qt::ApplicationModal);
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;
