@@ -258,8 +258,6 @@ void ConverterViewModel::setAlertMessage(const std::optional<QString> &message)
 {
     m_alertMessage = message;
     Q_EMIT alertMessageChanged();
-    if (message)
-        Q_EMIT alertRaised();
 }
 
 void ConverterViewModel::setState(const QUuid &id, const JobState &state)

@@ -143,9 +143,8 @@ Q_SIGNALS:
     void settingsChanged();
     void isConvertingChanged();
     void isDropTargetedChanged();
+    /// The text was set, possibly to what it was, or cleared.
     void alertMessageChanged();
-    /// There is a text to show, possibly the same as the last one.
-    void alertRaised();
 
 private:
     // The handle of a batch: whoever holds it can ask the batch to end.

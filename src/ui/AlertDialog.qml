@@ -2,33 +2,99 @@
 // SPDX-License-Identifier: MIT
 
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Layouts
+import QtQuick.Templates as T
 import Quorvale
+import Quorvale.Style
 
-Dialog {
+// Tells the user what the controller has to say, and waits until it has been read.
+T.Dialog {
     id: alert
 
     required property ConverterViewModel model
 
-    // Of its own width, so that a long message wraps instead of widening it.
-    width: 420
     anchors.centerIn: parent
+    bottomPadding: 16
+    closePolicy: T.Popup.CloseOnEscape
+    focus: true
+    implicitHeight: contentHeight + topPadding + bottomPadding
+    leftPadding: 20
     modal: true
+    rightPadding: 20
     title: "Quorvale"
-    standardButtons: Dialog.Ok
+    topPadding: 20
+    // Of its own width, so that a long message wraps instead of widening it.
+    width: 340
+
+    // Shown as long as there is a text.
+    function follow() {
+        if (model.alertMessage === "")
+            close();
+        else
+            open();
+    }
+
+    Component.onCompleted: follow()
     onClosed: alert.model.clearAlert()
 
-    contentItem: Label {
-        text: alert.model.alertMessage
-        textFormat: Text.PlainText
-        wrapMode: Text.Wrap
+    T.Overlay.modal: Rectangle {
+        color: "#59000000"
+    }
+
+    background: SmoothRectangle {
+        borderColor: Theme.current.popupBorder
+        borderWidth: 1
+        color: Theme.current.popup
+        radius: 12
+
+        Glow {
+            anchors.fill: parent
+            blur: 24
+            color: "#66000000"
+            radius: 12
+            z: -1
+        }
+    }
+
+    contentItem: ColumnLayout {
+        spacing: 10
+
+        AppTile {
+            Layout.alignment: Qt.AlignHCenter
+        }
+
+        TextLine {
+            Layout.alignment: Qt.AlignHCenter
+            Layout.topMargin: 4
+            Accessible.role: Accessible.Heading
+            color: Theme.current.text
+            font: Theme.title3Bold
+            text: alert.title
+        }
+
+        TextLine {
+            Layout.fillWidth: true
+            color: Theme.current.text
+            font: Theme.body
+            horizontalAlignment: Text.AlignHCenter
+            text: alert.model.alertMessage
+            wrapMode: Text.Wrap
+        }
+
+        ProminentButton {
+            Layout.fillWidth: true
+            Layout.topMargin: 6
+            focus: true
+            text: "OK"
+            onClicked: alert.close()
+        }
     }
 
     Connections {
         target: alert.model
 
-        function onAlertRaised() {
-            alert.open();
+        function onAlertMessageChanged() {
+            alert.follow();
         }
     }
 }

@@ -2,29 +2,54 @@
 // SPDX-License-Identifier: MIT
 
 import QtQuick
-import QtQuick.Controls.Basic
-import Quorvale
 import QtQuick.Layouts
+import Quorvale
+import Quorvale.Style
 
-ColumnLayout {
+// The jobs in the order in which they are converted.
+FocusScope {
     id: list
 
     required property ConverterViewModel model
 
-    ProgressBar {
-        Layout.fillWidth: true
-        visible: list.model.isConverting
-        value: list.model.overallProgress
+    FileDropArea {
+        anchors.fill: parent
+        model: list.model
     }
 
-    ListView {
-        Layout.fillWidth: true
-        Layout.fillHeight: true
-        clip: true
-        model: list.model.jobs
-        delegate: JobRow {
-            width: ListView.view.width
+    ColumnLayout {
+        anchors.fill: parent
+        spacing: 0
+
+        ProgressLine {
+            Accessible.name: "Progress of the queue"
+            Layout.fillWidth: true
+            Layout.leftMargin: 26
+            Layout.rightMargin: 26
+            value: list.model.isConverting ? list.model.overallProgress : 0
+            visible: list.model.isConverting
         }
-        ScrollBar.vertical: ScrollBar {}
+
+        Item {
+            Layout.fillHeight: true
+            Layout.fillWidth: true
+
+            JobListView {
+                id: view
+
+                anchors.fill: parent
+                converter: list.model
+                reorder: reorder
+            }
+
+            RowReorder {
+                id: reorder
+
+                anchors.fill: parent
+                enabled: !list.model.isConverting
+                view: view
+                onMoved: (from, destination) => list.model.moveJobs([from], destination)
+            }
+        }
     }
 }

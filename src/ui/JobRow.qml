@@ -2,51 +2,131 @@
 // SPDX-License-Identifier: MIT
 
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Layouts
+import Quorvale
+import Quorvale.Style
 
-Column {
+// One job: its file, its state, and what can be done with it.
+Item {
     id: row
 
+    required property ConverterViewModel model
+    required property var jobId
     required property string fileName
     required property string folderName
+    required property string sourcePath
     required property string stateWord
     required property double progress
     required property bool isInProgress
+    required property bool isCompleted
+    required property bool hasFailed
     required property string failure
 
-    topPadding: 7
-    bottomPadding: 7
-    spacing: 6
+    /// Whether the row is the one that the keyboard works on.
+    property bool isCurrent: false
+    /// Whether the row is a picture under the pointer that drags it.
+    property bool isLifted: false
+    /// How far the row gives way to the one that is dragged.
+    property real shift: 0
+    property bool glides: false
 
-    Label {
-        width: row.width
-        elide: Text.ElideMiddle
-        font.weight: Font.Medium
-        text: row.fileName
-        textFormat: Text.PlainText
+    readonly property int percentage: Math.trunc(progress * 100)
+    readonly property color stateColor: isInProgress ? Theme.current.accent
+                                      : isCompleted ? Theme.current.green
+                                      : hasFailed ? Theme.current.red : Theme.current.secondary
+
+    Accessible.description: folderName + ", " + stateWord
+                            + (isInProgress ? " " + percentage + "%" : "")
+                            + (hasFailed ? ", " + failure : "")
+    Accessible.name: fileName
+    Accessible.role: Accessible.ListItem
+    activeFocusOnTab: isCurrent
+    implicitHeight: Math.max(content.implicitHeight, 42) + 14
+
+    transform: Translate {
+        y: row.shift
+
+        Behavior on y {
+            enabled: row.glides
+            NumberAnimation {
+                duration: 150
+                easing.type: Easing.OutCubic
+            }
+        }
     }
 
-    Label {
-        width: row.width
-        elide: Text.ElideRight
-        text: row.folderName + " • " + row.stateWord
-        textFormat: Text.PlainText
+    Rectangle {
+        anchors.fill: parent
+        border.color: Theme.current.popupBorder
+        border.width: row.isLifted ? 1 : 0
+        color: row.isLifted ? Theme.current.popup
+             : hover.hovered ? Theme.current.rowHovered : "transparent"
+        radius: 8
     }
 
-    ProgressBar {
-        width: row.width
-        visible: row.isInProgress
-        value: row.progress
+    FocusRing {
+        cornerRadius: 8
+        gap: -2
+        visible: row.activeFocus
     }
 
-    Label {
-        width: row.width
-        color: "#c41e3a"
-        elide: Text.ElideRight
-        maximumLineCount: 2
-        text: row.failure
-        textFormat: Text.PlainText
-        visible: row.failure !== ""
-        wrapMode: Text.Wrap
+    HoverHandler {
+        id: hover
+    }
+
+    RowLayout {
+        id: content
+
+        anchors.fill: parent
+        anchors.leftMargin: 10
+        anchors.rightMargin: 10
+        anchors.topMargin: 7
+        anchors.bottomMargin: 7
+        spacing: 12
+
+        Symbol {
+            color: Theme.current.tertiary
+            name: Symbol.Lines
+            size: 14
+
+            HoverTip {
+                text: "Drag to reorder"
+            }
+        }
+
+        SmoothRectangle {
+            Layout.preferredHeight: 42
+            Layout.preferredWidth: 42
+            color: Qt.alpha(Theme.current.accent, 0.11)
+            radius: 9
+
+            Symbol {
+                anchors.centerIn: parent
+                color: Theme.current.accent
+                name: Symbol.Film
+                size: 18
+            }
+        }
+
+        JobText {
+            Layout.fillWidth: true
+            failure: row.failure
+            fileName: row.fileName
+            folderName: row.folderName
+            hasFailed: row.hasFailed
+            isInProgress: row.isInProgress
+            progress: row.progress
+            sourcePath: row.sourcePath
+            stateColor: row.stateColor
+            stateWord: row.stateWord
+        }
+
+        JobControls {
+            isCompleted: row.isCompleted
+            isCurrent: row.isCurrent
+            jobId: row.jobId
+            model: row.model
+            visible: !row.isInProgress
+        }
     }
 }

@@ -2,20 +2,22 @@
 // SPDX-License-Identifier: MIT
 
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 import Quorvale
+import Quorvale.Style
 
-ApplicationWindow {
+T.ApplicationWindow {
     id: window
 
     required property ConverterViewModel model
 
-    width: 960
+    color: Theme.current.window
     height: 640
-    minimumWidth: 960
     minimumHeight: 640
+    minimumWidth: 960
     title: "Quorvale"
     visible: true
+    width: 960
 
     ContentView {
         anchors.fill: parent

@@ -35,7 +35,7 @@ QByteArray WindowDriver::restingPicture() const
 bool WindowDriver::chooseOutputFolder(const QString &folder)
 {
     const QString title = u"Choose output folder"_s;
-    if (!goTo(Stop::destination) || !press(u"space"_s))
+    if (!click({400, m_area.height() - 40}))
         return false;
     const auto dialog = m_display.waitForWindow(title);
     if (!dialog || !m_display.activate(*dialog)
@@ -54,20 +54,12 @@ bool WindowDriver::chooseOutputFolder(const QString &folder)
 
 bool WindowDriver::chooseCodec(OutputCodec codec)
 {
-    if (!goTo(Stop::codec) || !press(u"Home"_s))
-        return false;
-    for (const OutputCodec other : allCases<OutputCodec>()) {
-        if (other == codec)
-            return true;
-        if (!press(u"Down"_s))
-            return false;
-    }
-    return false;
+    return click({155, 133 + 42 * static_cast<int>(codec)});
 }
 
 bool WindowDriver::convert()
 {
-    return goTo(Stop::convert) && press(u"space"_s);
+    return click({m_area.width() - 100, m_area.height() - 40});
 }
 
 bool WindowDriver::close()
@@ -75,35 +67,13 @@ bool WindowDriver::close()
     return m_display.activate(m_window) && press(u"alt+F4"_s);
 }
 
-bool WindowDriver::goTo(Stop stop)
+bool WindowDriver::click(const QPoint &place) const
 {
-    if (!m_display.activate(m_window))
-        return false;
-    // Away and back, because only a move shows that the window really has the keyboard.
-    if (m_stop == stop && !move(stop == Stop::codec ? 1 : -1))
-        return false;
-    while (m_stop != stop) {
-        if (!move(stop > m_stop ? 1 : -1))
-            return false;
-    }
-    return true;
-}
-
-// A key may be lost while the keyboard passes from one window to another, so a move counts when it
-// can be seen.
-bool WindowDriver::move(int step)
-{
-    for (int attempt = 0; attempt < 5; ++attempt) {
-        const QByteArray before = restingPicture();
-        if (before.isEmpty() || !press(step > 0 ? u"Tab"_s : u"shift+Tab"_s))
-            return false;
-        if (QTest::qWaitFor([&] { return m_display.picture(m_area) != before; })) {
-            m_stop = static_cast<Stop>(static_cast<int>(m_stop) + step);
-            return true;
-        }
-    }
-    qWarning("The Tab key moves nothing.");
-    return false;
+    const QPoint point = m_area.topLeft() + place;
+    return m_display.activate(m_window)
+           && m_display.xdotool({u"mousemove"_s, QString::number(point.x()),
+                                 QString::number(point.y()), u"click"_s, u"1"_s})
+           && m_display.parkMouse();
 }
 
 bool WindowDriver::press(const QString &key) const

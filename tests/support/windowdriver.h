@@ -6,6 +6,7 @@
 #include "model/outputcodec.h"
 
 #include <QByteArray>
+#include <QPoint>
 #include <QRect>
 #include <QString>
 
@@ -13,7 +14,7 @@ namespace quorvale::test {
 
 class VirtualDisplay;
 
-/// Works the program's window by the keyboard: the one place among the tests that knows its layout.
+/// Works the program's window by the mouse: the one place among the tests that knows its layout.
 /// Everything returns false, with a warning, when it fails.
 class WindowDriver
 {
@@ -41,17 +42,12 @@ public:
     bool close();
 
 private:
-    // What the Tab key goes through, in its order.
-    enum class Stop { none, codec, destination, convert };
-
-    bool goTo(Stop stop);
-    bool move(int step);
+    bool click(const QPoint &place) const;
     bool press(const QString &key) const;
 
     const VirtualDisplay &m_display;
     QString m_window;
     QRect m_area; // that it shows its content in
-    Stop m_stop = Stop::none;
 };
 
 } // namespace quorvale::test

@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import QtQuick.Templates as T
+import Quorvale
+import Quorvale.Style
+
+// The File menu, where a title bar would be: over the empty top of the sidebar, so that it takes no
+// room from what is below.
+Item {
+    id: bar
+
+    required property ConverterViewModel model
+
+    Accessible.name: "Menu bar"
+    Accessible.role: Accessible.MenuBar
+    implicitHeight: 28
+
+    PlainButton {
+        id: fileButton
+
+        Accessible.role: Accessible.ButtonMenu
+        anchors.left: parent.left
+        anchors.leftMargin: 6
+        anchors.verticalCenter: parent.verticalCenter
+        implicitHeight: 22
+        leftPadding: 8
+        rightPadding: 8
+        scheme: Theme.dark
+        text: "File"
+        onClicked: fileMenu.visible ? fileMenu.close() : fileMenu.open()
+
+        background: Rectangle {
+            color: fileMenu.visible || fileButton.hovered ? Qt.alpha(Theme.white, 0.11) : "transparent"
+            radius: 5
+
+            FocusRing {
+                cornerRadius: parent.radius
+                gap: -2
+                scheme: Theme.dark
+                visible: fileButton.visualFocus
+            }
+        }
+
+        contentItem: Text {
+            color: Theme.dark.secondary
+            font: Theme.body
+            text: fileButton.text
+            textFormat: Text.PlainText
+            verticalAlignment: Text.AlignVCenter
+        }
+
+        FileMenu {
+            id: fileMenu
+
+            model: bar.model
+            y: parent.height + 4
+        }
+    }
+}

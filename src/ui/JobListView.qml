@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import QtQuick.Templates as T
+import Quorvale
+import Quorvale.Style
+
+// The list of rows itself: scrolls, and takes the arrow keys.
+ListView {
+    id: view
+
+    required property ConverterViewModel converter
+    required property RowReorder reorder
+
+    Accessible.name: "Conversion queue"
+    Accessible.role: Accessible.List
+    boundsBehavior: Flickable.StopAtBounds
+    clip: true
+    leftMargin: 16
+    model: converter.jobs
+    rightMargin: 16
+
+    Keys.onPressed: event => {
+        const page = Math.max(1, Math.floor(height / 64));
+        switch (event.key) {
+        case Qt.Key_Home:
+            currentIndex = 0;
+            break;
+        case Qt.Key_End:
+            currentIndex = count - 1;
+            break;
+        case Qt.Key_PageUp:
+            currentIndex = Math.max(0, currentIndex - page);
+            break;
+        case Qt.Key_PageDown:
+            currentIndex = Math.min(count - 1, currentIndex + page);
+            break;
+        default:
+            return;
+        }
+        event.accepted = true;
+    }
+
+    delegate: JobRow {
+        required property int index
+
+        glides: view.reorder.isActive
+        isCurrent: ListView.isCurrentItem
+        model: view.converter
+        opacity: view.reorder.from === index ? 0 : 1
+        shift: view.reorder.shiftOf(index)
+        width: view.width - view.leftMargin - view.rightMargin
+    }
+
+    T.ScrollBar.vertical: VerticalScrollBar {}
+}

@@ -1,0 +1,70 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import QtQuick.Layouts
+import Quorvale
+import Quorvale.Style
+
+// Where the converted files go, and the button that makes them.
+Item {
+    id: footer
+
+    required property ConverterViewModel model
+
+    readonly property string convertText:
+        "Convert " + (model.jobCount - model.completedCount) + " Video" + (model.jobCount === 1 ? "" : "s")
+
+    implicitHeight: column.implicitHeight + 22
+
+    ColumnLayout {
+        id: column
+
+        anchors.left: parent.left
+        anchors.leftMargin: 26
+        anchors.right: parent.right
+        anchors.rightMargin: 26
+        spacing: 14
+
+        Rectangle {
+            Layout.fillWidth: true
+            Layout.preferredHeight: 1
+            color: Theme.current.separator
+        }
+
+        RowLayout {
+            Layout.fillWidth: true
+            spacing: 12
+
+            DestinationButton {
+                Layout.fillWidth: true
+                model: footer.model
+            }
+
+            SymbolButton {
+                symbol: Symbol.ArrowRightCircle
+                text: "Show output folder"
+                visible: footer.model.hasDestination
+                onClicked: footer.model.revealDestination()
+            }
+
+            ProminentButton {
+                enabled: footer.model.jobCount > 0
+                isLarge: true
+                // The label is at least 138 wide.
+                implicitWidth: Math.max(138, implicitContentWidth) + leftPadding + rightPadding
+                symbol: Symbol.BoltFill
+                text: footer.convertText
+                visible: !footer.model.isConverting
+                onClicked: footer.model.start()
+            }
+
+            BorderedButton {
+                text: "Cancel"
+                textColor: scheme.red
+                visible: footer.model.isConverting
+                onClicked: footer.model.cancel()
+            }
+        }
+    }
+}

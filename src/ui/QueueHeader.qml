@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import QtQuick.Layouts
+import Quorvale
+import Quorvale.Style
+
+// The queue's title and counts, and the buttons that add to it.
+Item {
+    id: header
+
+    required property ConverterViewModel model
+
+    readonly property string subtitle: model.jobCount === 0
+        ? "Add AV1, MP4, MKV, WebM, or MOV files"
+        : model.jobCount + " video" + (model.jobCount === 1 ? "" : "s")
+          + " · " + model.completedCount + " complete"
+
+    implicitHeight: row.implicitHeight + row.anchors.topMargin + row.anchors.bottomMargin
+
+    RowLayout {
+        id: row
+
+        anchors.bottomMargin: 20
+        anchors.fill: parent
+        anchors.leftMargin: 26
+        anchors.rightMargin: 26
+        anchors.topMargin: 27
+        spacing: Theme.spacing
+
+        ColumnLayout {
+            Layout.fillWidth: true
+            spacing: 3
+
+            TextLine {
+                Layout.fillWidth: true
+                Accessible.role: Accessible.Heading
+                color: Theme.current.text
+                elide: Text.ElideRight
+                font: Theme.title2Bold
+                text: "Conversion Queue"
+            }
+
+            TextLine {
+                Layout.fillWidth: true
+                color: Theme.current.secondary
+                elide: Text.ElideRight
+                font: Theme.subheadline
+                text: header.subtitle
+            }
+        }
+
+        BorderlessButton {
+            text: "Clear Completed"
+            visible: header.model.completedCount > 0 && !header.model.isConverting
+            onClicked: header.model.clearCompleted()
+        }
+
+        BorderedButton {
+            symbol: Symbol.FolderBadgePlus
+            text: "Folder"
+            onClicked: Qt.callLater(header.model.chooseFolder)
+        }
+
+        ProminentButton {
+            symbol: Symbol.Plus
+            text: "Add Videos"
+            onClicked: Qt.callLater(header.model.chooseFiles)
+        }
+    }
+}

@@ -1,0 +1,164 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+
+// Moves a row of a list by dragging it: the others part for it, the list scrolls at its edges, and
+// Escape puts it back. The list changes only when the row is let go.
+Item {
+    id: reorder
+
+    required property ListView view
+
+    /// The row that is dragged and the row that it would become; -1 while none is.
+    property int from: -1
+    property int to: -1
+    readonly property bool isActive: from >= 0
+
+    /// The row was let go where it changes the order: `destination` is counted before the row is
+    /// taken out.
+    signal moved(int from, int destination)
+
+    property Item picture: null
+    property real rowHeight: 0
+    property real grip: 0 // of the pointer below the row's top
+    property real pointerY: 0
+
+    function shiftOf(row: int): real {
+        if (from < row && row <= to)
+            return -rowHeight;
+        if (to <= row && row < from)
+            return rowHeight;
+        return 0;
+    }
+
+    function begin(position: point) {
+        const y = position.y + view.contentY;
+        const row = view.indexAt(view.width / 2, y);
+        const item = view.itemAtIndex(row);
+        if (!item)
+            return;
+        rowHeight = item.height;
+        grip = y - item.y;
+        pointerY = position.y;
+        picture = pictureOf.createObject(reorder, {
+            "model": item.model,
+            "jobId": item.jobId,
+            "fileName": item.fileName,
+            "folderName": item.folderName,
+            "sourcePath": item.sourcePath,
+            "stateWord": item.stateWord,
+            "progress": item.progress,
+            "isInProgress": item.isInProgress,
+            "isCompleted": item.isCompleted,
+            "hasFailed": item.hasFailed,
+            "failure": item.failure,
+        });
+        to = row;
+        from = row;
+    }
+
+    function follow() {
+        if (!isActive)
+            return;
+        const middle = view.contentY + pointerY - grip + rowHeight / 2;
+        const row = view.indexAt(view.width / 2, middle);
+        if (row >= 0)
+            to = row;
+        else if (middle <= view.originY)
+            to = 0;
+        else if (middle >= view.originY + view.contentHeight)
+            to = view.count - 1;
+    }
+
+    function abandon() {
+        if (picture)
+            picture.destroy();
+        picture = null;
+        from = -1;
+        to = -1;
+    }
+
+    function finish() {
+        const first = from;
+        const last = to;
+        abandon();
+        if (first >= 0 && first !== last)
+            moved(first, last > first ? last + 1 : last);
+    }
+
+    onEnabledChanged: {
+        if (!enabled)
+            abandon();
+    }
+
+    DragHandler {
+        id: pointer
+
+        acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+        dragThreshold: 6
+        enabled: reorder.enabled
+        grabPermissions: PointerHandler.CanTakeOverFromAnything
+        parent: reorder.view.parent
+        target: null
+
+        onActiveChanged: {
+            if (active)
+                reorder.begin(centroid.pressPosition);
+            else
+                reorder.finish();
+        }
+        onCanceled: reorder.abandon()
+        onCentroidChanged: {
+            if (!active)
+                return;
+            reorder.pointerY = centroid.position.y;
+            reorder.follow();
+        }
+    }
+
+    Connections {
+        target: reorder.view.model
+
+        function onRowsInserted() {
+            reorder.follow();
+        }
+        function onRowsAboutToBeRemoved() {
+            reorder.abandon();
+        }
+    }
+
+    Shortcut {
+        enabled: reorder.isActive
+        sequences: [StandardKey.Cancel]
+        onActivated: reorder.abandon()
+    }
+
+    Timer {
+        readonly property real reach: 36
+        readonly property real speed: reorder.pointerY < reach ? reorder.pointerY - reach
+                                    : Math.max(0, reorder.pointerY - reorder.height + reach)
+
+        interval: 16
+        repeat: true
+        running: reorder.isActive && speed !== 0
+        onTriggered: {
+            const view = reorder.view;
+            const last = view.originY + Math.max(0, view.contentHeight - view.height);
+            const step = Math.max(-24, Math.min(24, speed / 2));
+            view.contentY = Math.max(view.originY, Math.min(last, view.contentY + step));
+            reorder.follow();
+        }
+    }
+
+    Component {
+        id: pictureOf
+
+        JobRow {
+            isLifted: true
+            width: reorder.view.width - reorder.view.leftMargin - reorder.view.rightMargin
+            x: reorder.view.leftMargin
+            y: Math.max(0, Math.min(reorder.height - height, reorder.pointerY - reorder.grip))
+        }
+    }
+}

@@ -1,0 +1,109 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import QtQuick.Layouts
+import Quorvale
+import Quorvale.Style
+
+// How the queue is converted. Dark in every scheme.
+FocusScope {
+    id: sidebar
+
+    required property ConverterViewModel model
+
+    SmoothRectangle {
+        anchors.fill: parent
+        color: Theme.sidebarStart
+        endColor: Theme.sidebarEnd
+    }
+
+    ColumnLayout {
+        anchors.bottomMargin: 22
+        anchors.fill: parent
+        anchors.leftMargin: 24
+        anchors.rightMargin: 24
+        anchors.topMargin: 32
+        spacing: 20
+
+        SidebarHeader {
+            Layout.fillWidth: true
+        }
+
+        ColumnLayout {
+            Layout.fillWidth: true
+            spacing: 8
+
+            SectionLabel {
+                text: "OUTPUT FORMAT"
+            }
+
+            Repeater {
+                model: sidebar.model.codecLabels
+
+                CodecButton {
+                    required property int index
+                    required property string modelData
+
+                    Layout.fillWidth: true
+                    action: () => sidebar.model.chooseCodec(codec)
+                    codec: index
+                    label: modelData
+                    selected: sidebar.model.codecIndex === codec
+                }
+            }
+        }
+
+        EncodingGroup {
+            Layout.fillWidth: true
+            model: sidebar.model
+        }
+
+        ColumnLayout {
+            Layout.fillWidth: true
+            spacing: 10
+
+            SectionLabel {
+                text: "OPTIONS"
+            }
+
+            ToggleSwitch {
+                Layout.fillWidth: true
+                checked: sidebar.model.useHardware
+                scheme: Theme.dark
+                symbol: Symbol.Cpu
+                text: "Apple media engine"
+                onToggled: sidebar.model.useHardware = checked
+            }
+
+            RowLayout {
+                Layout.fillWidth: true
+                spacing: Theme.spacing
+
+                TextLine {
+                    Accessible.ignored: true
+                    color: Theme.white
+                    font: Theme.body
+                    text: "Audio"
+                }
+
+                DropDown {
+                    Accessible.name: "Audio"
+                    Layout.fillWidth: true
+                    currentIndex: sidebar.model.audioIndex
+                    model: sidebar.model.audioLabels
+                    scheme: Theme.dark
+                    onActivated: index => sidebar.model.audioIndex = index
+                }
+            }
+        }
+
+        Item {
+            Layout.fillHeight: true
+        }
+
+        ToolStatusRow {
+            Layout.fillWidth: true
+        }
+    }
+}

@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import QtQuick.Templates as T
+
+// A continuous slider.
+T.Slider {
+    id: slider
+
+    property ColorScheme scheme: Theme.current
+
+    // What assistive technology reads beside the value.
+    readonly property real minimumValue: from
+    readonly property real maximumValue: to
+
+    focusPolicy: Qt.StrongFocus
+    implicitHeight: 20
+    implicitWidth: 120
+
+    background: Rectangle {
+        color: slider.scheme.track
+        height: 4
+        radius: 2
+        width: slider.availableWidth
+        x: slider.leftPadding
+        y: slider.topPadding + (slider.availableHeight - height) / 2
+
+        Rectangle {
+            color: slider.scheme.accentFill
+            height: parent.height
+            radius: parent.radius
+            width: slider.handle.x - slider.leftPadding + slider.handle.width / 2
+        }
+    }
+
+    handle: Rectangle {
+        border.color: "#33000000"
+        border.width: 1
+        color: slider.pressed ? "#e8e8ec" : "#ffffff"
+        height: width
+        radius: width / 2
+        width: 16
+        x: slider.leftPadding + slider.visualPosition * (slider.availableWidth - width)
+        y: slider.topPadding + (slider.availableHeight - height) / 2
+
+        FocusRing {
+            cornerRadius: parent.radius
+            scheme: slider.scheme
+            visible: slider.visualFocus
+        }
+    }
+}

@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import QtQuick.Templates as T
+import Quorvale.Style
+
+// The ordinary button.
+T.Button {
+    id: button
+
+    property ColorScheme scheme: Theme.current
+    property int symbol: Symbol.None
+    property color textColor: scheme.text
+
+    Accessible.name: text
+    focusPolicy: Qt.StrongFocus
+    font: Theme.body
+    implicitHeight: Theme.controlHeight
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    leftPadding: 12
+    opacity: enabled ? 1 : 0.45
+    rightPadding: 12
+
+    Keys.onEnterPressed: button.click()
+    Keys.onReturnPressed: button.click()
+
+    background: Rectangle {
+        border.color: button.scheme.controlBorder
+        border.width: 1
+        color: button.down ? button.scheme.controlPressed
+             : button.hovered ? button.scheme.controlHovered : button.scheme.control
+        radius: Theme.controlRadius
+
+        FocusRing {
+            scheme: button.scheme
+            visible: button.visualFocus
+        }
+    }
+
+    contentItem: ButtonContent {
+        color: button.textColor
+        font: button.font
+        symbol: button.symbol
+        text: button.text
+    }
+}

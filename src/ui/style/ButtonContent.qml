@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import Quorvale.Style
+
+// A symbol and a text side by side, in the middle of the button that they label. Either may be
+// missing.
+Item {
+    id: content
+
+    property int symbol: Symbol.None
+    property alias text: label.text
+    property alias font: label.font
+    required property color color
+
+    implicitHeight: row.implicitHeight
+    implicitWidth: row.implicitWidth
+
+    Row {
+        id: row
+
+        anchors.centerIn: parent
+        spacing: icon.visible && label.visible ? 6 : 0
+
+        Symbol {
+            id: icon
+
+            anchors.verticalCenter: parent.verticalCenter
+            color: content.color
+            name: content.symbol
+            size: Math.round(label.font.pixelSize * 1.15)
+            visible: name !== Symbol.None
+        }
+
+        Text {
+            id: label
+
+            anchors.verticalCenter: parent.verticalCenter
+            color: content.color
+            textFormat: Text.PlainText
+            visible: text !== ""
+        }
+    }
+}

@@ -1,0 +1,93 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import QtQuick.Templates as T
+import Quorvale.Style
+
+// Chooses one of a list of texts.
+T.ComboBox {
+    id: box
+
+    property ColorScheme scheme: Theme.current
+
+    Accessible.name: ""
+    focusPolicy: Qt.StrongFocus
+    font: Theme.body
+    implicitHeight: Theme.controlHeight
+    implicitWidth: 160
+    leftPadding: 10
+    opacity: enabled ? 1 : 0.45
+    rightPadding: 26
+
+    Keys.onEnterPressed: box.popup.open()
+    Keys.onReturnPressed: box.popup.open()
+
+    background: Rectangle {
+        border.color: box.scheme.controlBorder
+        border.width: 1
+        color: box.down ? box.scheme.controlPressed
+             : box.hovered ? box.scheme.controlHovered : box.scheme.control
+        radius: Theme.controlRadius
+
+        FocusRing {
+            scheme: box.scheme
+            visible: box.visualFocus
+        }
+    }
+
+    contentItem: Text {
+        color: box.scheme.text
+        elide: Text.ElideRight
+        font: box.font
+        text: box.displayText
+        textFormat: Text.PlainText
+        verticalAlignment: Text.AlignVCenter
+    }
+
+    indicator: Symbol {
+        anchors.right: parent.right
+        anchors.rightMargin: 8
+        anchors.verticalCenter: parent.verticalCenter
+        color: box.scheme.text
+        name: Symbol.ChevronUpDown
+        size: 12
+    }
+
+    delegate: DropDownEntry {
+        required property string modelData
+        required property int index
+
+        font: box.font
+        highlighted: box.highlightedIndex === index
+        isChosen: box.currentIndex === index
+        scheme: box.scheme
+        text: modelData
+        width: ListView.view.width
+    }
+
+    popup: T.Popup {
+        bottomPadding: 4
+        implicitHeight: contentItem.implicitHeight + topPadding + bottomPadding
+        leftPadding: 4
+        rightPadding: 4
+        topPadding: 4
+        width: box.width
+        y: box.height + 4
+
+        background: Rectangle {
+            border.color: box.scheme.popupBorder
+            border.width: 1
+            color: box.scheme.popup
+            radius: Theme.controlRadius + 2
+        }
+
+        contentItem: ListView {
+            clip: true
+            currentIndex: box.highlightedIndex
+            implicitHeight: contentHeight
+            interactive: false
+            model: box.delegateModel
+        }
+    }
+}

@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import QtQuick.Templates as T
+import Quorvale.Style
+
+// An entry of a list that drops down, with a mark when it is the chosen one.
+T.ItemDelegate {
+    id: entry
+
+    property bool isChosen: false
+    property ColorScheme scheme: Theme.current
+
+    Accessible.name: text
+    implicitHeight: Theme.controlHeight
+    leftPadding: 24
+    rightPadding: 8
+
+    background: Rectangle {
+        color: entry.highlighted ? entry.scheme.accentFill : "transparent"
+        radius: Theme.controlRadius - 2
+    }
+
+    contentItem: Text {
+        color: entry.highlighted ? Theme.white : entry.scheme.text
+        elide: Text.ElideRight
+        font: entry.font
+        text: entry.text
+        textFormat: Text.PlainText
+        verticalAlignment: Text.AlignVCenter
+    }
+
+    Symbol {
+        anchors.verticalCenter: parent.verticalCenter
+        color: entry.highlighted ? Theme.white : entry.scheme.text
+        name: Symbol.Checkmark
+        size: 12
+        visible: entry.isChosen
+        x: 7
+    }
+}

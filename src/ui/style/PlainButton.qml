@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import QtQuick.Templates as T
+
+// A button without a bezel: whatever it holds is the button.
+T.Button {
+    id: button
+
+    property ColorScheme scheme: Theme.current
+    property real cornerRadius: Theme.controlRadius
+    property real focusGap: 2
+
+    Accessible.name: text
+    focusPolicy: Qt.StrongFocus
+    font: Theme.body
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+
+    Keys.onEnterPressed: button.click()
+    Keys.onReturnPressed: button.click()
+
+    background: Item {
+        FocusRing {
+            cornerRadius: button.cornerRadius
+            gap: button.focusGap
+            scheme: button.scheme
+            visible: button.visualFocus
+        }
+    }
+}

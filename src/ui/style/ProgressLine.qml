@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import QtQuick.Templates as T
+
+// How much of something is done, from 0 to 1.
+T.ProgressBar {
+    id: bar
+
+    property ColorScheme scheme: Theme.current
+
+    // What assistive technology reads beside the value.
+    readonly property real minimumValue: from
+    readonly property real maximumValue: to
+
+    implicitHeight: 6
+    implicitWidth: 120
+
+    background: Rectangle {
+        color: bar.scheme.track
+        radius: height / 2
+    }
+
+    contentItem: Item {
+        Rectangle {
+            color: bar.scheme.accent
+            height: parent.height
+            radius: height / 2
+            // Never narrower than its round ends.
+            width: bar.visualPosition > 0 ? Math.max(height, bar.visualPosition * parent.width) : 0
+        }
+    }
+}

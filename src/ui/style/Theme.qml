@@ -1,0 +1,99 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+pragma Singleton
+
+import QtQuick
+import Quorvale.Style
+
+// The window's colours, text styles and metrics. Lengths are logical pixels.
+QtObject {
+    id: theme
+
+    readonly property ColorScheme current: SystemLook.isDark ? dark : light
+
+    readonly property ColorScheme light: ColorScheme {
+        window: SystemLook.isWindowDark ? "#f0f0f2" : SystemLook.window
+        text: "#1d1d1f"
+        secondary: "#58585d"
+        tertiary: "#85858b"
+        secondarySymbol: "#37373b"
+        separator: "#cacace"
+        accent: "#8e35c4"
+        green: "#146c2e"
+        red: "#b91c1c"
+        orange: "#ff9f0a"
+        accentFill: "#9a3fcb"
+        accentFillHovered: "#8e35c4"
+        accentFillPressed: "#7a2aad"
+        control: "#ffffff"
+        controlHovered: "#f7f4fa"
+        controlPressed: "#e4dfe9"
+        controlBorder: "#c2c2c8"
+        track: "#d3d3d8"
+        popup: "#fbfbfc"
+        popupBorder: "#c2c2c8"
+        rowHovered: "#0c000000"
+    }
+
+    readonly property ColorScheme dark: ColorScheme {
+        window: SystemLook.isWindowDark ? SystemLook.window : "#1f1f23"
+        text: "#ffffff"
+        secondary: "#aeaeb3"
+        tertiary: "#7c7c82"
+        secondarySymbol: "#d2d2d7"
+        separator: "#46464c"
+        accent: "#cd8cf7"
+        green: "#32d74b"
+        red: "#ff7a73"
+        orange: "#ff9f0a"
+        accentFill: "#9a3fcb"
+        accentFillHovered: "#a04bd2"
+        accentFillPressed: "#8432b3"
+        control: "#1effffff"
+        controlHovered: "#2bffffff"
+        controlPressed: "#14ffffff"
+        controlBorder: "#33ffffff"
+        track: "#33ffffff"
+        popup: "#2c2c33"
+        popupBorder: "#4a4a52"
+        rowHovered: "#10ffffff"
+    }
+
+    readonly property color purple: "#bf5af2"
+    readonly property color blue: "#0a84ff"
+    readonly property color white: "#ffffff"
+    readonly property color sidebarStart: Qt.rgba(0.08, 0.10, 0.16, 1)
+    readonly property color sidebarEnd: Qt.rgba(0.10, 0.07, 0.16, 1)
+
+    /// Scales every text style.
+    readonly property real textScale: 1
+
+    readonly property font title2: Qt.font({pixelSize: 17 * textScale})
+    readonly property font title2Bold: Qt.font({pixelSize: 17 * textScale, weight: Font.Bold})
+    readonly property font title3: Qt.font({pixelSize: 15 * textScale})
+    readonly property font title3Bold: Qt.font({pixelSize: 15 * textScale, weight: Font.Bold})
+    readonly property font body: Qt.font({pixelSize: 13 * textScale})
+    readonly property font bodyMedium: Qt.font({pixelSize: 13 * textScale, weight: Font.Medium})
+    readonly property font bodySemibold: Qt.font({pixelSize: 13 * textScale, weight: Font.DemiBold})
+    readonly property font subheadline: Qt.font({pixelSize: 11 * textScale})
+    readonly property font subheadlineSemibold:
+        Qt.font({pixelSize: 11 * textScale, weight: Font.DemiBold})
+    readonly property font caption: Qt.font({pixelSize: 10 * textScale})
+    readonly property font caption2: Qt.font({pixelSize: 10 * textScale})
+    readonly property font captionFixed: Qt.font({
+        family: SystemLook.fixedFamily,
+        pixelSize: 10 * textScale,
+        weight: Font.DemiBold
+    })
+    readonly property font sectionLabel: Qt.font({
+        pixelSize: 10 * textScale,
+        weight: Font.Bold,
+        letterSpacing: 1.1
+    })
+
+    readonly property int spacing: 8
+    readonly property int controlHeight: 26
+    readonly property int largeControlHeight: 34
+    readonly property int controlRadius: 6
+}

@@ -1,0 +1,84 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import QtQuick.Templates as T
+import Quorvale.Style
+
+// A switch at the end of the row that its label begins.
+T.Switch {
+    id: control
+
+    property ColorScheme scheme: Theme.current
+    property int symbol: Symbol.None
+
+    Accessible.name: text
+    focusPolicy: Qt.StrongFocus
+    font: Theme.body
+    implicitHeight: Theme.controlHeight
+    implicitWidth: implicitContentWidth + 12 + indicator.implicitWidth
+    rightPadding: indicator.width + 12
+
+    Keys.onEnterPressed: control.click()
+    Keys.onReturnPressed: control.click()
+
+    indicator: Rectangle {
+        anchors.verticalCenter: parent.verticalCenter
+        color: control.checked ? control.scheme.accentFill : control.scheme.track
+        implicitHeight: 20
+        implicitWidth: 34
+        radius: height / 2
+        x: control.width - width
+
+        Rectangle {
+            anchors.verticalCenter: parent.verticalCenter
+            color: control.down ? "#e8e8ec" : "#ffffff"
+            height: width
+            radius: height / 2
+            width: parent.height - 4
+            x: 2 + control.visualPosition * (parent.width - width - 4)
+
+            Behavior on x {
+                enabled: !control.pressed
+                NumberAnimation {
+                    duration: 120
+                    easing.type: Easing.OutCubic
+                }
+            }
+        }
+
+        FocusRing {
+            cornerRadius: parent.radius
+            scheme: control.scheme
+            visible: control.visualFocus
+        }
+    }
+
+    contentItem: Item {
+        implicitHeight: label.implicitHeight
+        implicitWidth: label.implicitWidth
+
+        Row {
+            id: label
+
+            anchors.verticalCenter: parent.verticalCenter
+            spacing: 6
+
+            Symbol {
+                anchors.verticalCenter: parent.verticalCenter
+                color: control.scheme.text
+                name: control.symbol
+                size: 16
+                visible: name !== Symbol.None
+            }
+
+            Text {
+                anchors.verticalCenter: parent.verticalCenter
+                color: control.scheme.text
+                font: control.font
+                text: control.text
+                textFormat: Text.PlainText
+            }
+        }
+    }
+}

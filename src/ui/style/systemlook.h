@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QColor>
+#include <QDBusVariant>
+#include <QObject>
+#include <QtQmlIntegration>
+
+#include <optional>
+
+namespace quorvale {
+
+/// How the desktop wants its programs to look, now and whenever that changes. Main thread.
+class SystemLook : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+    /// Whether the user wants dark windows: what the desktop's settings say (the "color-scheme" of
+    /// "org.freedesktop.appearance" in the settings portal of the XDG desktop portals) and, where
+    /// they say nothing, whether the palette is dark.
+    Q_PROPERTY(bool isDark READ isDark NOTIFY changed)
+    /// The palette's colour of windows. Light although isDark says true, or the other way round,
+    /// when the desktop has given the palette no colours to go with its settings.
+    Q_PROPERTY(QColor window READ window NOTIFY changed)
+    Q_PROPERTY(bool isWindowDark READ isWindowDark NOTIFY changed)
+    /// The family of the interface font whose characters are all equally wide.
+    Q_PROPERTY(QString fixedFamily READ fixedFamily CONSTANT)
+
+public:
+    explicit SystemLook(QObject *parent = nullptr);
+
+    bool isDark() const { return m_prefersDark.value_or(isWindowDark()); }
+    QColor window() const;
+    bool isWindowDark() const;
+    QString fixedFamily() const;
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+Q_SIGNALS:
+    void changed();
+
+private Q_SLOTS:
+    void readSetting(const QString &group, const QString &key, const QDBusVariant &value);
+
+private:
+    void askForPreference();
+    void setPreference(uint colorScheme);
+
+    std::optional<bool> m_prefersDark;
+};
+
+} // namespace quorvale
