@@ -13,7 +13,6 @@ Item {
     required property int codec
     required property string label
     required property bool selected
-    required property var action ///< called when the button is pressed
 
     readonly property int codecSymbol: {
         switch (codec) {
@@ -25,6 +24,9 @@ Item {
             return Symbol.FilmStack;
         }
     }
+
+    /// The button was pressed.
+    signal action
 
     implicitHeight: 34
     implicitWidth: button.implicitWidth

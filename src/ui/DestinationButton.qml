@@ -12,8 +12,11 @@ PlainButton {
 
     required property ConverterViewModel model
 
-    Accessible.name: "Save to " + destination.text
-    onClicked: Qt.callLater(model.chooseDestination)
+    readonly property string destination:
+        model.hasDestination ? model.destinationPath : "Choose destination…"
+
+    Accessible.name: "Save to " + destination
+    onClicked: Qt.callLater(model.chooseDestination) // qmllint disable
 
     contentItem: RowLayout {
         opacity: button.down ? 0.6 : 1
@@ -36,20 +39,14 @@ PlainButton {
                 text: "Save to"
             }
 
-            TextLine {
-                id: destination
-
+            ElidedLine {
                 Layout.fillWidth: true
                 Accessible.ignored: true
                 color: Theme.current.text
                 elide: Text.ElideMiddle
                 font: Theme.body
                 maximumLineCount: 1
-                text: button.model.hasDestination ? button.model.destinationPath : "Choose destination…"
-
-                HoverTip {
-                    text: destination.truncated ? destination.text : ""
-                }
+                text: button.destination
             }
         }
     }

@@ -91,12 +91,12 @@ Item {
 
             BorderedButton {
                 text: "Choose Videos"
-                onClicked: Qt.callLater(zone.model.chooseFiles)
+                onClicked: Qt.callLater(zone.model.chooseFiles) // qmllint disable
             }
 
             BorderedButton {
                 text: "Choose Folder"
-                onClicked: Qt.callLater(zone.model.chooseFolder)
+                onClicked: Qt.callLater(zone.model.chooseFolder) // qmllint disable
             }
         }
 

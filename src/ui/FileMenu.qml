@@ -15,19 +15,19 @@ DropMenu {
     T.Action {
         shortcut: "Ctrl+O"
         text: "Add Videos…"
-        onTriggered: Qt.callLater(menu.model.chooseFiles)
+        onTriggered: Qt.callLater(menu.model.chooseFiles) // qmllint disable
     }
 
     T.Action {
         shortcut: "Ctrl+Shift+O"
         text: "Add Folder…"
-        onTriggered: Qt.callLater(menu.model.chooseFolder)
+        onTriggered: Qt.callLater(menu.model.chooseFolder) // qmllint disable
     }
 
     DropMenuSeparator {}
 
     T.Action {
-        shortcut: StandardKey.Quit
+        shortcut: "Ctrl+Q"
         text: "Quit"
         onTriggered: Qt.quit()
     }

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 
 import QtQuick
-import QtQuick.Templates as T
 import Quorvale
 import Quorvale.Style
 

@@ -42,6 +42,7 @@ ListView {
         event.accepted = true;
     }
 
+    // qmllint disable unqualified
     delegate: JobRow {
         required property int index
 
@@ -52,6 +53,7 @@ ListView {
         shift: view.reorder.shiftOf(index)
         width: view.width - view.leftMargin - view.rightMargin
     }
+    // qmllint enable unqualified
 
     T.ScrollBar.vertical: VerticalScrollBar {}
 }

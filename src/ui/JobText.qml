@@ -21,9 +21,7 @@ ColumnLayout {
 
     spacing: 6
 
-    TextLine {
-        id: fileLine
-
+    ElidedLine {
         Accessible.ignored: true
         Layout.fillWidth: true
         color: Theme.current.text
@@ -31,10 +29,6 @@ ColumnLayout {
         font: Theme.bodyMedium
         maximumLineCount: 1
         text: column.fileName
-
-        HoverTip {
-            text: fileLine.truncated ? fileLine.text : ""
-        }
     }
 
     RowLayout {
@@ -79,9 +73,7 @@ ColumnLayout {
         visible: column.isInProgress
     }
 
-    TextLine {
-        id: failureLine
-
+    ElidedLine {
         Accessible.ignored: true
         Layout.fillWidth: true
         color: Theme.current.red
@@ -91,9 +83,5 @@ ColumnLayout {
         text: column.failure
         visible: column.hasFailed
         wrapMode: Text.Wrap
-
-        HoverTip {
-            text: failureLine.truncated ? failureLine.text : ""
-        }
     }
 }

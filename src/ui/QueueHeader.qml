@@ -60,13 +60,13 @@ Item {
         BorderedButton {
             symbol: Symbol.FolderBadgePlus
             text: "Folder"
-            onClicked: Qt.callLater(header.model.chooseFolder)
+            onClicked: Qt.callLater(header.model.chooseFolder) // qmllint disable
         }
 
         ProminentButton {
             symbol: Symbol.Plus
             text: "Add Videos"
-            onClicked: Qt.callLater(header.model.chooseFiles)
+            onClicked: Qt.callLater(header.model.chooseFiles) // qmllint disable
         }
     }
 }

@@ -32,6 +32,7 @@ FocusScope {
         }
     }
 
+    // qmllint disable unqualified
     Component {
         id: emptyQueue
 
@@ -47,4 +48,5 @@ FocusScope {
             model: view.model
         }
     }
+    // qmllint enable unqualified
 }

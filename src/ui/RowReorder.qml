@@ -35,7 +35,7 @@ Item {
     function begin(position: point) {
         const y = position.y + view.contentY;
         const row = view.indexAt(view.width / 2, y);
-        const item = view.itemAtIndex(row);
+        const item = view.itemAtIndex(row) as JobRow;
         if (!item)
             return;
         rowHeight = item.height;
@@ -130,27 +130,30 @@ Item {
 
     Shortcut {
         enabled: reorder.isActive
-        sequences: [StandardKey.Cancel]
+        sequence: "Escape"
         onActivated: reorder.abandon()
     }
 
     Timer {
+        id: edgeScroll
+
         readonly property real reach: 36
         readonly property real speed: reorder.pointerY < reach ? reorder.pointerY - reach
                                     : Math.max(0, reorder.pointerY - reorder.height + reach)
 
         interval: 16
         repeat: true
-        running: reorder.isActive && speed !== 0
+        running: reorder.isActive && edgeScroll.speed !== 0
         onTriggered: {
             const view = reorder.view;
             const last = view.originY + Math.max(0, view.contentHeight - view.height);
-            const step = Math.max(-24, Math.min(24, speed / 2));
+            const step = Math.max(-24, Math.min(24, edgeScroll.speed / 2));
             view.contentY = Math.max(view.originY, Math.min(last, view.contentY + step));
             reorder.follow();
         }
     }
 
+    // qmllint disable unqualified
     Component {
         id: pictureOf
 
@@ -161,4 +164,5 @@ Item {
             y: Math.max(0, Math.min(reorder.height - height, reorder.pointerY - reorder.grip))
         }
     }
+    // qmllint enable unqualified
 }

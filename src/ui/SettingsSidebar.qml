@@ -41,16 +41,18 @@ FocusScope {
             Repeater {
                 model: sidebar.model.codecLabels
 
+                // qmllint disable unqualified
                 CodecButton {
                     required property int index
                     required property string modelData
 
                     Layout.fillWidth: true
-                    action: () => sidebar.model.chooseCodec(codec)
                     codec: index
                     label: modelData
                     selected: sidebar.model.codecIndex === codec
+                    onAction: sidebar.model.chooseCodec(codec)
                 }
+                // qmllint enable unqualified
             }
         }
 

@@ -147,8 +147,6 @@ private:
         std::unique_ptr<QObject> object(component.beginCreate(component.engine()->rootContext()));
         if (!object)
             return nullptr;
-        if (object->metaObject()->indexOfProperty("codec") >= 0) // others have actions of their own
-            taken[u"action"_s] = QVariant::fromValue(component.engine()->evaluate(u"() => {}"_s));
         taken.removeIf([&](QVariantMap::iterator value) {
             return object->metaObject()->indexOfProperty(qPrintable(value.key())) < 0;
         });

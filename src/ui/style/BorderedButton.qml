@@ -22,8 +22,8 @@ T.Button {
     opacity: enabled ? 1 : 0.45
     rightPadding: 12
 
-    Keys.onEnterPressed: button.click()
-    Keys.onReturnPressed: button.click()
+    Keys.onEnterPressed: button.clicked()
+    Keys.onReturnPressed: button.clicked()
 
     background: Rectangle {
         border.color: button.scheme.controlBorder

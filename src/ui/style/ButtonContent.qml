@@ -4,12 +4,13 @@
 import QtQuick
 import Quorvale.Style
 
-// A symbol and a text side by side, in the middle of the button that they label. Either may be
-// missing.
+// A symbol and a text side by side, in the middle or at the beginning of the control that they
+// label. Either may be missing.
 Item {
     id: content
 
     property int symbol: Symbol.None
+    property bool isCentered: true
     property alias text: label.text
     property alias font: label.font
     required property color color
@@ -20,8 +21,9 @@ Item {
     Row {
         id: row
 
-        anchors.centerIn: parent
+        anchors.verticalCenter: parent.verticalCenter
         spacing: icon.visible && label.visible ? 6 : 0
+        x: content.isCentered ? Math.round((content.width - width) / 2) : 0
 
         Symbol {
             id: icon

@@ -54,6 +54,7 @@ T.ComboBox {
         size: 12
     }
 
+    // qmllint disable unqualified
     delegate: DropDownEntry {
         required property string modelData
         required property int index
@@ -65,6 +66,7 @@ T.ComboBox {
         text: modelData
         width: ListView.view.width
     }
+    // qmllint enable unqualified
 
     popup: T.Popup {
         bottomPadding: 4

@@ -6,7 +6,7 @@ import QtQuick.Templates as T
 
 // A menu below a button.
 T.Menu {
-    id: menu
+    id: dropMenu
 
     property ColorScheme scheme: Theme.dark
 
@@ -19,20 +19,22 @@ T.Menu {
     topPadding: 4
 
     background: Rectangle {
-        border.color: menu.scheme.popupBorder
+        border.color: dropMenu.scheme.popupBorder
         border.width: 1
-        color: menu.scheme.popup
+        color: dropMenu.scheme.popup
         radius: Theme.controlRadius + 2
     }
 
     contentItem: ListView {
-        currentIndex: menu.currentIndex
+        currentIndex: dropMenu.currentIndex
         implicitHeight: contentHeight
         interactive: false
-        model: menu.contentModel
+        model: dropMenu.contentModel
     }
 
+    // qmllint disable unqualified
     delegate: DropMenuItem {
-        scheme: menu.scheme
+        scheme: dropMenu.scheme
     }
+    // qmllint enable unqualified
 }

@@ -22,6 +22,7 @@ Item {
         active: hover.hovered && tip.text !== ""
         anchors.fill: parent
 
+        // qmllint disable unqualified
         sourceComponent: T.ToolTip {
             id: popup
 
@@ -53,5 +54,6 @@ Item {
                 wrapMode: Text.Wrap
             }
         }
+        // qmllint enable unqualified
     }
 }

@@ -18,8 +18,8 @@ T.Button {
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
 
-    Keys.onEnterPressed: button.click()
-    Keys.onReturnPressed: button.click()
+    Keys.onEnterPressed: button.clicked()
+    Keys.onReturnPressed: button.clicked()
 
     background: Item {
         FocusRing {

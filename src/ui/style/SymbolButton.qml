@@ -17,19 +17,11 @@ PlainButton {
 
     hoverEnabled: true
 
-    contentItem: Item {
-        implicitHeight: icon.implicitHeight
-        implicitWidth: icon.implicitWidth
-
-        Symbol {
-            id: icon
-
-            anchors.centerIn: parent
-            color: button.symbolColor
-            name: button.symbol
-            opacity: button.down ? 0.5 : button.hovered ? 1 : button.symbolOpacity
-            size: button.symbolSize
-        }
+    contentItem: Symbol {
+        color: button.symbolColor
+        name: button.symbol
+        opacity: button.down ? 0.5 : button.hovered ? 1 : button.symbolOpacity
+        size: button.symbolSize
     }
 
     HoverTip {

@@ -12,6 +12,11 @@ T.Switch {
     property ColorScheme scheme: Theme.current
     property int symbol: Symbol.None
 
+    function switchOver() {
+        toggle();
+        toggled();
+    }
+
     Accessible.name: text
     focusPolicy: Qt.StrongFocus
     font: Theme.body
@@ -19,8 +24,8 @@ T.Switch {
     implicitWidth: implicitContentWidth + 12 + indicator.implicitWidth
     rightPadding: indicator.width + 12
 
-    Keys.onEnterPressed: control.click()
-    Keys.onReturnPressed: control.click()
+    Keys.onEnterPressed: control.switchOver()
+    Keys.onReturnPressed: control.switchOver()
 
     indicator: Rectangle {
         anchors.verticalCenter: parent.verticalCenter
@@ -54,31 +59,11 @@ T.Switch {
         }
     }
 
-    contentItem: Item {
-        implicitHeight: label.implicitHeight
-        implicitWidth: label.implicitWidth
-
-        Row {
-            id: label
-
-            anchors.verticalCenter: parent.verticalCenter
-            spacing: 6
-
-            Symbol {
-                anchors.verticalCenter: parent.verticalCenter
-                color: control.scheme.text
-                name: control.symbol
-                size: 16
-                visible: name !== Symbol.None
-            }
-
-            Text {
-                anchors.verticalCenter: parent.verticalCenter
-                color: control.scheme.text
-                font: control.font
-                text: control.text
-                textFormat: Text.PlainText
-            }
-        }
+    contentItem: ButtonContent {
+        color: control.scheme.text
+        font: control.font
+        isCentered: false
+        symbol: control.symbol
+        text: control.text
     }
 }

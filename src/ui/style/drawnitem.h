@@ -11,10 +11,12 @@ namespace quorvale {
 
 /// An item drawn with a painter into an image of the window's own pixels, so that it looks the same
 /// with every graphics driver and with none. Unlike QQuickPaintedItem it may draw outside its
-/// rectangle, and an item of a broken size is not stretched to a whole one.
+/// rectangle, and an item of a broken size is not stretched to a whole one. Derived from by its
+/// full name, which is how QML's tools look it up.
 class DrawnItem : public QQuickItem
 {
     Q_OBJECT
+    QML_ANONYMOUS
 
 public:
     explicit DrawnItem(QQuickItem *parent = nullptr);

@@ -11,7 +11,7 @@ namespace quorvale {
 
 /// The soft shadow, without offset, of a rectangle with round corners that has the item's place
 /// and size. Reaches beyond the item on every side. All lengths are logical pixels.
-class Glow : public DrawnItem
+class Glow : public quorvale::DrawnItem
 {
     Q_OBJECT
     QML_ELEMENT

@@ -16,7 +16,7 @@ namespace quorvale {
 /// The border is centred on the item's edge, so half of it lies outside the item. Where that would
 /// split a device pixel, the border is moved inwards by half of one, and its width is rounded to
 /// whole device pixels: an edge on whole pixels stays sharp.
-class SmoothRectangle : public DrawnItem
+class SmoothRectangle : public quorvale::DrawnItem
 {
     Q_OBJECT
     QML_ELEMENT

@@ -11,7 +11,7 @@ namespace quorvale {
 
 /// One of the program's pictograms in one colour. Its implicit size is a square of `size`; in an
 /// item of another shape it is drawn as large as fits, centred. Never mirrored.
-class Symbol : public DrawnItem
+class Symbol : public quorvale::DrawnItem
 {
     Q_OBJECT
     QML_ELEMENT
