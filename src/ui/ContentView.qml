@@ -36,9 +36,11 @@ Item {
         model: view.model
     }
 
-    FileMenuBar {
-        model: view.model
+    Loader {
         width: sidebar.width
+
+        Component.onCompleted: setSource(Qt.platform.os === "osx" ? "NativeMenuBar.qml" : "FileMenuBar.qml",
+                                         {"model": view.model})
     }
 
     AlertDialog {

@@ -60,6 +60,7 @@ ColumnLayout {
             Layout.preferredWidth: 38
             color: Theme.white
             font: Theme.captionFixed
+            horizontalAlignment: Text.AlignHCenter
             text: Math.trunc(group.model.quality) + "%"
         }
     }

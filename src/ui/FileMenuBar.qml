@@ -16,12 +16,20 @@ Item {
     Accessible.role: Accessible.MenuBar
     implicitHeight: 28
 
+    Shortcut {
+        sequences: ["Alt+F", "F10"]
+        onActivated: {
+            fileButton.forceActiveFocus(Qt.ShortcutFocusReason);
+            fileMenu.open();
+        }
+    }
+
     PlainButton {
         id: fileButton
 
         Accessible.role: Accessible.ButtonMenu
         anchors.left: parent.left
-        anchors.leftMargin: 6
+        anchors.leftMargin: 16 // so that the text stands above the sidebar's
         anchors.verticalCenter: parent.verticalCenter
         implicitHeight: 22
         leftPadding: 8

@@ -15,11 +15,13 @@ ListView {
 
     Accessible.name: "Conversion queue"
     Accessible.role: Accessible.List
+    bottomMargin: 6
     boundsBehavior: Flickable.StopAtBounds
     clip: true
     leftMargin: 16
     model: converter.jobs
     rightMargin: 16
+    topMargin: 6
 
     Keys.onPressed: event => {
         const page = Math.max(1, Math.floor(height / 64));

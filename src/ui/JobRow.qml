@@ -55,6 +55,14 @@ Item {
         }
     }
 
+    Glow {
+        anchors.fill: parent
+        blur: 10
+        color: "#59000000"
+        radius: 8
+        visible: row.isLifted
+    }
+
     Rectangle {
         anchors.fill: parent
         border.color: Theme.current.popupBorder

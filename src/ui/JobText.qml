@@ -38,7 +38,7 @@ ColumnLayout {
         TextLine {
             Accessible.ignored: true
             Layout.fillWidth: true
-            Layout.maximumWidth: implicitWidth
+            Layout.maximumWidth: Math.ceil(implicitWidth)
             color: Theme.current.secondary
             elide: Text.ElideMiddle
             font: Theme.caption
@@ -59,10 +59,13 @@ ColumnLayout {
 
         TextLine {
             Accessible.ignored: true
-            Layout.fillWidth: true
             color: column.stateColor
             font: Theme.caption
             text: column.stateWord
+        }
+
+        Item {
+            Layout.fillWidth: true
         }
     }
 

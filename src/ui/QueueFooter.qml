@@ -34,6 +34,8 @@ Item {
 
         RowLayout {
             Layout.fillWidth: true
+            // The same with either button.
+            Layout.minimumHeight: Theme.largeControlHeight
             spacing: 12
 
             DestinationButton {

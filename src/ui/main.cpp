@@ -6,7 +6,6 @@
 #include "standardinput.h"
 
 #include <QApplication>
-#include <QQuickStyle>
 
 #include <cstdlib>
 #include <optional>
@@ -20,7 +19,6 @@ int main(int argc, char *argv[])
     QApplication application(argc, argv);
     advice.reset();
 
-    QQuickStyle::setStyle(QStringLiteral("Basic"));
     quorvale::QuorvaleApp quorvale;
     if (!quorvale.open())
         return EXIT_FAILURE;

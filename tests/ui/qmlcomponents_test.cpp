@@ -10,7 +10,6 @@
 #include <QQmlEngine>
 #include <QQmlExtensionPlugin>
 #include <QQuickItem>
-#include <QQuickStyle>
 #include <QQuickWindow>
 #include <QRegularExpression>
 #include <QTest>
@@ -51,7 +50,6 @@ private Q_SLOTS:
     {
         // Without the graphics driver, which may have remarks of its own.
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-        QQuickStyle::setStyle(u"Basic"_s);
         m_engine.addImportPath(u":/qt/qml"_s);
     }
 
