@@ -7,7 +7,7 @@ import Quorvale
 import Quorvale.Style
 
 // One of the output formats to choose from.
-Item {
+FocusScope {
     id: root
 
     required property int codec
@@ -38,6 +38,7 @@ Item {
         Accessible.checked: root.selected
         Accessible.role: Accessible.RadioButton
         anchors.fill: parent
+        focus: true
         cornerRadius: 9
         leftPadding: 12
         rightPadding: 12

@@ -11,6 +11,15 @@ Item {
 
     required property ConverterViewModel model
 
+    // First for the Tab key, though above the sidebar.
+    Loader {
+        width: sidebar.width
+        z: 1
+
+        Component.onCompleted: setSource(Qt.platform.os === "osx" ? "NativeMenuBar.qml" : "FileMenuBar.qml",
+                                         {"model": view.model})
+    }
+
     SettingsSidebar {
         id: sidebar
 
@@ -34,13 +43,6 @@ Item {
         anchors.right: parent.right
         height: parent.height
         model: view.model
-    }
-
-    Loader {
-        width: sidebar.width
-
-        Component.onCompleted: setSource(Qt.platform.os === "osx" ? "NativeMenuBar.qml" : "FileMenuBar.qml",
-                                         {"model": view.model})
     }
 
     AlertDialog {

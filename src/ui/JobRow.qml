@@ -40,7 +40,8 @@ Item {
                             + (hasFailed ? ", " + failure : "")
     Accessible.name: fileName
     Accessible.role: Accessible.ListItem
-    activeFocusOnTab: isCurrent
+    // Until the focus has gone, too: it must not be taken from an item that has it.
+    activeFocusOnTab: isCurrent || activeFocus
     implicitHeight: Math.max(content.implicitHeight, 42) + 14
 
     transform: Translate {

@@ -12,6 +12,11 @@ FocusScope {
 
     required property ConverterViewModel model
 
+    function focusOn(item: Item) {
+        if (item)
+            item.forceActiveFocus(Qt.TabFocusReason);
+    }
+
     SmoothRectangle {
         anchors.fill: parent
         color: Theme.sidebarStart
@@ -39,6 +44,8 @@ FocusScope {
             }
 
             Repeater {
+                id: codecs
+
                 model: sidebar.model.codecLabels
 
                 // qmllint disable unqualified
@@ -50,6 +57,8 @@ FocusScope {
                     codec: index
                     label: modelData
                     selected: sidebar.model.codecIndex === codec
+                    Keys.onDownPressed: sidebar.focusOn(codecs.itemAt(index + 1))
+                    Keys.onUpPressed: sidebar.focusOn(codecs.itemAt(index - 1))
                     onAction: sidebar.model.chooseCodec(codec)
                 }
                 // qmllint enable unqualified

@@ -14,9 +14,45 @@ T.Slider {
     readonly property real minimumValue: from
     readonly property real maximumValue: to
 
+    /// How far a key moves it.
+    property real keyStep: 1
+
+    function moveBy(offset: real) {
+        value = Math.max(from, Math.min(to, value + offset));
+        moved();
+    }
+
     focusPolicy: Qt.StrongFocus
     implicitHeight: 20
     implicitWidth: 120
+
+    Keys.onPressed: event => {
+        switch (event.key) {
+        case Qt.Key_Left:
+        case Qt.Key_Down:
+            moveBy(-keyStep);
+            break;
+        case Qt.Key_Right:
+        case Qt.Key_Up:
+            moveBy(keyStep);
+            break;
+        case Qt.Key_PageDown:
+            moveBy(-10 * keyStep);
+            break;
+        case Qt.Key_PageUp:
+            moveBy(10 * keyStep);
+            break;
+        case Qt.Key_Home:
+            moveBy(from - value);
+            break;
+        case Qt.Key_End:
+            moveBy(to - value);
+            break;
+        default:
+            return;
+        }
+        event.accepted = true;
+    }
 
     background: Rectangle {
         color: slider.scheme.track
