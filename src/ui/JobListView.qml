@@ -20,6 +20,7 @@ ListView {
     clip: true
     leftMargin: 16
     model: converter.jobs
+    reuseItems: true
     rightMargin: 16
     topMargin: 6
 

@@ -26,7 +26,7 @@ QSGNode *DrawnItem::updatePaintNode(QSGNode *old, UpdatePaintNodeData *)
 {
     std::unique_ptr<QSGNode> previous(old);
     const QRectF rect = drawnRect();
-    if (rect.isEmpty())
+    if (rect.isEmpty() || !isVisible()) // Qt asks hidden items too
         return nullptr;
 
     // Whole device pixels, so that each pixel of the image becomes one of the window.
@@ -57,7 +57,7 @@ QSGNode *DrawnItem::updatePaintNode(QSGNode *old, UpdatePaintNodeData *)
 
 void DrawnItem::itemChange(ItemChange change, const ItemChangeData &value)
 {
-    if (change == ItemDevicePixelRatioHasChanged)
+    if (change == ItemDevicePixelRatioHasChanged || change == ItemVisibleHasChanged)
         update();
     QQuickItem::itemChange(change, value);
 }
