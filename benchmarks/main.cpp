@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#include "rows.h"
+#include "tasks.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QQuickWindow>
+#include <QTextStream>
+#include <QThread>
+
+#include <cstdlib>
+
+using namespace Qt::StringLiterals;
+using namespace quorvale::bench;
+
+namespace {
+
+int runTask(const QStringList &arguments)
+{
+    const QString task = arguments.value(0);
+    const QString first = arguments.value(1);
+    const QString second = arguments.value(2);
+    if (task == "convert-folder"_L1)
+        return convertFolder(first, second, arguments.value(3));
+    if (task == "add-folder"_L1)
+        return addFolder(first);
+    if (task == "drop-files"_L1)
+        return dropFiles(first.toInt());
+    if (task == "scroll-list"_L1)
+        return scrollList(first.toInt());
+    if (task == "show-first-frame"_L1)
+        return showFirstFrame(first == "bare"_L1);
+    if (task == "idle"_L1)
+        return idle(first == "bare"_L1);
+    if (task == "convert-with-window"_L1)
+        return convertWithWindow(first, second);
+    if (task == "read-progress"_L1)
+        return readProgress(first);
+    qCritical("There is no task %s", qPrintable(task));
+    return EXIT_FAILURE;
+}
+
+QString processorName()
+{
+    QFile file(u"/proc/cpuinfo"_s);
+    if (!file.open(QIODevice::ReadOnly))
+        return u"unknown processor"_s;
+    const QList<QByteArray> lines = file.readAll().split('\n');
+    for (const QByteArray &line : lines) {
+        if (line.startsWith("model name"))
+            return QString::fromUtf8(line.sliced(line.indexOf(':') + 1).trimmed());
+    }
+    return QSysInfo::currentCpuArchitecture();
+}
+
+} // namespace
+
+// Measures, and prints a table. With arguments it does one of the tasks that are measured.
+int main(int argc, char *argv[])
+{
+    // The renderer that every machine has.
+    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    QApplication application(argc, argv);
+    const QStringList arguments = QApplication::arguments().sliced(1);
+    if (!arguments.isEmpty())
+        return runTask(arguments);
+
+    QTextStream out(stdout);
+    out << "Measured on " << QThread::idealThreadCount() << " of the processors of a machine with "
+        << processorName() << ", " << QSysInfo::prettyProductName() << ", Qt " << qVersion()
+        << ".\n\n| What | Against | Aim | Measured |\n|---|---|---|---|\n";
+    for (const auto &measure : {measureBatch, measureAdding, measureDrops, measureLongList,
+                                measureStart, measureEncoding, measureProgressStream}) {
+        for (const Row &row : measure()) {
+            out << "| " << row.what << " | " << row.against << " | " << row.aim << " | "
+                << row.figure << " |" << Qt::endl;
+        }
+    }
+    return EXIT_SUCCESS;
+}

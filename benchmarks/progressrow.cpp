@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#include "processrun.h"
+#include "rows.h"
+#include "statistics.h"
+#include "support/standintools.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quorvale::bench {
+
+QList<Row> measureProgressStream()
+{
+    test::StandInTools tools;
+    QByteArray lines;
+    for (int i = 0; i < 100; ++i)
+        lines += "out_time_ms=" + QByteArray::number(50'000 * i) + '\n';
+    tools.setScript(u"ffmpeg"_s, test::Script().outRepeatedly(10'000, lines));
+    const double ratio = medianRatio(
+        5,
+        [&] {
+            return runTask({u"read-progress"_s, tools.folder()}).wall;
+        },
+        [&] {
+            return runProcess({u"/bin/sh"_s, u"-c"_s, u"\"$0\" | cat >/dev/null"_s,
+                               tools.path(u"ffmpeg"_s)})
+                .wall;
+        });
+    return {{u"a million lines of progress read"_s, u"<code>cat</code> of the same stream"_s,
+             u"–"_s, QString::number(ratio, 'f', 1)}};
+}
+
+} // namespace quorvale::bench

@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#include "processrun.h"
+#include "rows.h"
+#include "statistics.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quorvale::bench {
+
+QList<Row> measureStart()
+{
+    const auto timeOf = [](const QString &which) {
+        return runTask({u"show-first-frame"_s, which}).wall;
+    };
+    const auto memoryOf = [](const QString &which) {
+        return runTask({u"idle"_s, which}).output.toDouble();
+    };
+    const double time = medianRatio(
+        9, [&] { return timeOf(u"program"_s); }, [&] { return timeOf(u"bare"_s); });
+    QList<double> bytes;
+    const double memory = medianRatio(
+        3,
+        [&] {
+            bytes << memoryOf(u"program"_s);
+            return bytes.last();
+        },
+        [&] { return memoryOf(u"bare"_s); });
+    const QString against = u"a Qt Quick window with one rectangle"_s;
+    return {{u"start to the first frame"_s, against, u"≤ 1.5"_s, QString::number(time, 'f', 2)},
+            {u"resident memory when idle"_s, against, u"≤ 1.5"_s,
+             u"%1 (%2 MiB)"_s.arg(memory, 0, 'f', 2).arg(median(bytes) / 1048576, 0, 'f', 0)}};
+}
+
+} // namespace quorvale::bench
