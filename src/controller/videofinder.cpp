@@ -63,7 +63,8 @@ std::vector<Entry> entriesOf(const std::string &folder)
     const std::unique_ptr<DIR, int (*)(DIR *)> stream(::opendir(folder.c_str()), ::closedir);
     if (!stream)
         return entries;
-    while (const dirent *entry = ::readdir(stream.get())) {
+    // The C library's readdir is safe in threads that read streams of their own.
+    while (const dirent *entry = ::readdir(stream.get())) { // NOLINT(concurrency-mt-unsafe)
         if (entry->d_name[0] != '.')
             entries.push_back({entry->d_name, isRealFolder(::dirfd(stream.get()), *entry)});
     }
