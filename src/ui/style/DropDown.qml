@@ -20,8 +20,13 @@ T.ComboBox {
     opacity: enabled ? 1 : 0.45
     rightPadding: 26
 
-    Keys.onEnterPressed: box.popup.open()
-    Keys.onReturnPressed: box.popup.open()
+    // When the key comes up, as with the space bar: the open list takes that for a choice.
+    Keys.onReleased: event => {
+        const isReturn = event.key === Qt.Key_Return || event.key === Qt.Key_Enter;
+        event.accepted = isReturn && !event.isAutoRepeat && !box.popup.visible;
+        if (event.accepted)
+            box.popup.open();
+    }
 
     background: Rectangle {
         border.color: box.scheme.controlBorder
