@@ -3,8 +3,6 @@
 
 #include "queue.h"
 
-#include "support/recordedfilemanager.h"
-
 #include <QFile>
 #include <QTest>
 
@@ -16,7 +14,9 @@ Queue::Queue()
 {
     auto panel = std::make_unique<RecordedPanel>();
     m_panel = panel.get();
-    m_model = ConverterViewModel::create(std::move(panel), std::make_unique<RecordedFileManager>());
+    auto fileManager = std::make_unique<RecordedFileManager>();
+    m_fileManager = fileManager.get();
+    m_model = ConverterViewModel::create(std::move(panel), std::move(fileManager));
     choose(m_output.root());
 }
 

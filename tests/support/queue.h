@@ -5,6 +5,7 @@
 
 #include "controller/converterviewmodel.h"
 #include "support/filetree.h"
+#include "support/recordedfilemanager.h"
 #include "support/recordedpanel.h"
 #include "support/standintools.h"
 
@@ -19,6 +20,8 @@ public:
     ConverterViewModel &model() { return *m_model; }
     std::shared_ptr<ConverterViewModel> takeModel() { return std::move(m_model); }
     StandInTools &tools() { return m_tools; }
+    RecordedPanel &panel() { return *m_panel; }
+    const RecordedFileManager &fileManager() const { return *m_fileManager; }
 
     /// Queues waiting jobs for sources of these names, each in a call of its own so that they stand
     /// in the given order.
@@ -54,6 +57,7 @@ private:
     StandInTools m_tools;
     FileTree m_output;
     RecordedPanel *m_panel;
+    RecordedFileManager *m_fileManager;
     std::shared_ptr<ConverterViewModel> m_model;
 };
 

@@ -1,0 +1,100 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "controllertypes.h"
+#include "support/queue.h"
+
+#include <QObject>
+#include <QtQmlIntegration>
+
+#include <memory>
+
+namespace quorvale::test {
+
+/// What a test of a view shows: a real controller with stand-in tools and recorded answers, which
+/// the test brings to the state that it needs. Main thread.
+class Bench : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+    Q_PROPERTY(quorvale::ConverterViewModel *model READ model NOTIFY begun)
+    /// The titles of the panels that were opened so far.
+    Q_PROPERTY(QStringList openedPanels READ openedPanels)
+    /// The local paths of the folders that the file manager was to show so far.
+    Q_PROPERTY(QStringList revealedFolders READ revealedFolders)
+    /// The file names of the jobs, in order.
+    Q_PROPERTY(QStringList fileNames READ fileNames)
+    /// The colours of the desktop.
+    Q_PROPERTY(bool isDark READ isDark WRITE setDark)
+
+public:
+    explicit Bench(QObject *parent = nullptr);
+    ~Bench() override;
+
+    ConverterViewModel *model();
+    QStringList openedPanels();
+    QStringList revealedFolders() const;
+    QStringList fileNames() const;
+    bool isDark() const;
+    void setDark(bool isDark);
+
+    /// Starts anew: an empty queue, default settings, no output folder, light colours. Ends what
+    /// the last test left behind.
+    Q_INVOKABLE void begin();
+
+    /// Queues waiting jobs for files at these paths, "/in/" before those that are not absolute, in
+    /// this order.
+    Q_INVOKABLE void queue(const QStringList &paths);
+
+    /// Queues so many waiting jobs at once.
+    Q_INVOKABLE void queueMany(int count);
+
+    // What becomes of the next conversion, the one after it, and so on.
+
+    Q_INVOKABLE void willComplete();
+    Q_INVOKABLE void willFail(const QString &message);
+    Q_INVOKABLE void willBeCancelled();
+    /// It reports the first fraction and stays there until goOn(); so it does with each, and
+    /// completes after the last.
+    Q_INVOKABLE void willStayAt(const QList<double> &fractions);
+
+    /// Starts the batch and waits until it has ended or its conversion stays at a fraction. False
+    /// when neither happens in time.
+    Q_INVOKABLE bool convert();
+
+    /// Lets the conversion go on and waits as convert() does.
+    Q_INVOKABLE bool goOn();
+
+    /// Cancels the batch and waits for its end.
+    Q_INVOKABLE bool cancel();
+
+    /// The local path that becomes the output folder, or an empty one for none.
+    Q_INVOKABLE void chooseDestination(const QString &path);
+    /// A folder that the stand-in tools can write into becomes the output folder.
+    Q_INVOKABLE void chooseRealDestination();
+
+    /// What the user chooses in the next panel.
+    Q_INVOKABLE void answer(const QStringList &paths);
+
+    Q_INVOKABLE void removeTool();
+    Q_INVOKABLE void putToolBack();
+
+Q_SIGNALS:
+    void begun();
+
+private:
+    void setNextRun(const Script &script);
+    bool rests();
+    void end();
+    QString stayPath(int stay) const;
+
+    std::unique_ptr<Queue> m_queue;
+    int m_runs = 0;            // of ffmpeg that have been told what to do
+    QList<double> m_fractions; // that conversions stay at
+    int m_stay = 0;            // the index of the one that is next
+};
+
+} // namespace quorvale::test
