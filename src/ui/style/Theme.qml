@@ -45,7 +45,7 @@ QtObject {
         separator: "#46464c"
         accent: "#cd8cf7"
         green: "#32d74b"
-        red: "#ff7a73"
+        red: "#ff837d"
         orange: "#ff9f0a"
         accentFill: "#9a3fcb"
         accentFillHovered: "#a04bd2"
