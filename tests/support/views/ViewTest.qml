@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 import QtQuick
+import QtQuick.Templates as T
 import QtTest
 import Quorvale.Style
 import Quorvale.Testing
@@ -12,6 +13,9 @@ TestCase {
 
     /// What show() showed.
     property Item view: null
+
+    /// What popups and tooltips are in.
+    readonly property Item overlay: T.Overlay.overlay
 
     height: 640
     when: windowShown
@@ -89,6 +93,30 @@ TestCase {
 
     function symbolOf(item, name) {
         return one(item, Symbol, symbol => symbol.name === name);
+    }
+
+    /// The text of the tooltip that is shown, or null.
+    function tip() {
+        const found = all(overlay, Text);
+        return found.length > 0 ? found[0] : null;
+    }
+
+    /// Rests the pointer on a place of the item and compares the tooltip that this brings up.
+    function compareTip(item, x, y, text) {
+        restPointer();
+        mouseMove(item, x, y);
+        tryVerify(() => tip() !== null, 3000, "a tooltip");
+        compare(tip().text, text);
+        restPointer();
+        tryVerify(() => tip() === null);
+    }
+
+    function verifyNoTip(item, x, y) {
+        restPointer();
+        mouseMove(item, x, y);
+        wait(800);
+        compare(tip(), null);
+        restPointer();
     }
 
     /// Where the item is in another, the view at first.

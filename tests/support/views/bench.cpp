@@ -192,8 +192,13 @@ bool Bench::rests()
 bool Bench::cancel()
 {
     m_stay = static_cast<int>(m_fractions.size());
-    model()->cancel();
-    return QTest::qWaitFor([this] { return !model()->isConverting(); }, patience);
+    // Again and again, because it only reaches a tool that has been started.
+    return QTest::qWaitFor(
+        [this] {
+            model()->cancel();
+            return !model()->isConverting();
+        },
+        patience);
 }
 
 void Bench::chooseDestination(const QString &path)

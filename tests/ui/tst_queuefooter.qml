@@ -1,0 +1,229 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import Quorvale
+import Quorvale.Style
+import Quorvale.Testing
+
+ViewTest {
+    id: test
+
+    name: "QueueFooter"
+
+    Component {
+        id: footers
+
+        QueueFooter {
+            model: Bench.model
+            width: 649
+        }
+    }
+
+    function convertButtons() {
+        return all(view, ProminentButton);
+    }
+
+    function convertButton() {
+        compare(convertButtons().length, 1);
+        return convertButtons()[0];
+    }
+
+    function cancelButtons() {
+        return all(view, BorderedButton, button => button.text === "Cancel");
+    }
+
+    function revealButtons() {
+        return all(view, SymbolButton);
+    }
+
+    function startConversion() {
+        Bench.chooseRealDestination();
+        Bench.willStayAt([0.5]);
+        verify(Bench.convert());
+        verify(Bench.model.isConverting);
+        settle();
+    }
+
+    function test_emptyQueue() {
+        show(footers);
+        compare(convertButton().text, "Convert 0 Videos");
+        verify(!convertButton().enabled);
+        verify(convertButton().opacity < 1);
+        mouseClick(convertButton());
+        verify(!Bench.model.isConverting);
+        compare(Bench.model.alertMessage, "");
+    }
+
+    function test_oneWaitingVideo() {
+        show(footers);
+        Bench.queue(["a.mp4"]);
+        compare(convertButton().text, "Convert 1 Video");
+        verify(convertButton().enabled);
+        compare(convertButton().opacity, 1);
+    }
+
+    function test_theTotalDecidesThePlural() {
+        show(footers);
+        Bench.queue(["a.mp4", "b.mp4"]);
+        compare(convertButton().text, "Convert 2 Videos");
+        Bench.chooseRealDestination();
+        Bench.willComplete();
+        Bench.willFail("No.");
+        verify(Bench.convert());
+        compare(convertButton().text, "Convert 1 Videos");
+        verify(shows(view, "Convert 1 Videos"));
+    }
+
+    function test_oneCompletedVideo() {
+        show(footers);
+        Bench.queue(["a.mp4"]);
+        Bench.chooseRealDestination();
+        Bench.willComplete();
+        verify(Bench.convert());
+        compare(convertButton().text, "Convert 0 Video");
+        verify(convertButton().enabled);
+        mouseClick(convertButton());
+        verify(!Bench.model.isConverting);
+        verify(Bench.model.alertMessage !== "");
+    }
+
+    function test_convertStartsTheBatch_data() {
+        return [
+            {"tag": "click", "press": () => mouseClick(convertButton())},
+            {"tag": "Return", "press": () => keyClick(Qt.Key_Return)},
+            {"tag": "Space", "press": () => keyClick(Qt.Key_Space)},
+        ];
+    }
+
+    function test_convertStartsTheBatch(data) {
+        show(footers);
+        Bench.queue(["a.mp4"]);
+        Bench.chooseRealDestination();
+        Bench.willStayAt([0.5]);
+        convertButton().forceActiveFocus(Qt.TabFocusReason);
+        data.press();
+        verify(Bench.model.isConverting);
+        compare(Bench.openedPanels, []);
+    }
+
+    function test_convertWithoutADestinationAsksForNothing() {
+        show(footers);
+        Bench.queue(["a.mp4"]);
+        mouseClick(convertButton());
+        verify(!Bench.model.isConverting);
+        verify(Bench.model.alertMessage !== "");
+        compare(Bench.openedPanels, []);
+    }
+
+    function test_cancelReplacesConvert() {
+        show(footers);
+        Bench.queue(["a.mp4"]);
+        compare(cancelButtons(), []);
+        startConversion();
+        compare(convertButtons(), []);
+        compare(cancelButtons().length, 1);
+        const cancel = cancelButtons()[0];
+        verify(!(cancel instanceof ProminentButton));
+        compare(cancel.height, 26);
+        compare(all(cancel, Symbol), []);
+        compare(textOf(cancel, "Cancel").color, Theme.current.red);
+        mouseClick(cancel);
+        tryVerify(() => !Bench.model.isConverting);
+        compare(cancelButtons(), []);
+        compare(convertButton().text, "Convert 1 Video");
+    }
+
+    function test_everythingElseStaysEnabledWhileConverting() {
+        show(footers);
+        Bench.queue(["a.mp4"]);
+        startConversion();
+        verify(one(view, DestinationButton).enabled);
+        verify(revealButtons()[0].enabled);
+        mouseClick(one(view, DestinationButton));
+        tryCompare(Bench, "openedPanels", ["Choose output folder"]);
+    }
+
+    function test_revealIsShownWithADestination() {
+        show(footers);
+        compare(revealButtons(), []);
+        Bench.chooseDestination("/out");
+        compare(revealButtons().length, 1);
+        compare(one(revealButtons()[0], Symbol).name, Symbol.ArrowRightCircle);
+        compare(texts(revealButtons()[0]), []);
+        compare(Bench.revealedFolders, []);
+        settle();
+        mouseClick(revealButtons()[0]);
+        compare(Bench.revealedFolders, ["/out"]);
+        revealButtons()[0].forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Return);
+        compare(Bench.revealedFolders, ["/out", "/out"]);
+        Bench.chooseDestination("");
+        compare(revealButtons(), []);
+    }
+
+    function test_measures() {
+        Bench.queue(["a.mp4"]);
+        Bench.chooseDestination("/out");
+        show(footers);
+        const line = one(view, Rectangle, item => item.height === 1 && item.width > 500);
+        const destination = one(view, DestinationButton);
+        const reveal = revealButtons()[0];
+        const convert = convertButton();
+        compareArea(line, 26, 0, 597, 1);
+        compare(area(destination).x, 26);
+        compare(gapBeside(destination, reveal), 12);
+        compare(gapBeside(reveal, convert), 12);
+        compare(area(convert).x + convert.width, 649 - 26);
+        compare(convert.height, 34);
+        compare(area(convert).y + convert.height, view.height - 22);
+        compare(gapBelow(line, convert), 14);
+        fuzzyCompare(middle(destination), middle(convert), 0.51);
+        fuzzyCompare(middle(reveal), middle(convert), 0.51);
+    }
+
+    function test_theLabelIsAtLeast138Wide() {
+        Bench.queue(["a.mp4"]);
+        show(footers);
+        const convert = convertButton();
+        compare(convert.contentItem.width, 138);
+        const wide = convert.width;
+        Bench.queueMany(100000);
+        settle();
+        verify(convert.width > wide);
+        verify(convert.contentItem.width > 138);
+        verify(textOf(convert, "Convert 100001 Videos").width <= convert.contentItem.width);
+    }
+
+    function test_styles() {
+        Bench.queue(["a.mp4"]);
+        show(footers);
+        verify(convertButton().isLarge);
+        compare(one(convertButton(), Symbol).name, Symbol.BoltFill);
+        compareFont(textOf(view, "Convert 1 Video"), 13, Font.DemiBold);
+        inBothSchemes(() => {
+            compare(Pixels.at(convertButton(), 5, 17), Theme.current.accentFill);
+            compare(textOf(view, "Convert 1 Video").color, Theme.white);
+        });
+    }
+
+    function test_tabOrder() {
+        Bench.queue(["a.mp4"]);
+        Bench.chooseDestination("/out");
+        show(footers);
+        one(view, DestinationButton).forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Tab);
+        verify(revealButtons()[0].visualFocus);
+        keyClick(Qt.Key_Tab);
+        verify(convertButton().visualFocus);
+    }
+
+    function test_readableInBothSchemes() {
+        Bench.queue(["a.mp4"]);
+        Bench.chooseDestination("/out");
+        show(footers);
+        inBothSchemes(() => verifyContrast(view, () => true));
+        startConversion();
+        inBothSchemes(() => verifyContrast(view, () => true));
+    }
+}
