@@ -17,7 +17,7 @@ QtObject {
         text: "#1d1d1f"
         secondary: "#58585d"
         tertiary: "#85858b"
-        secondarySymbol: "#37373b"
+        secondarySymbol: "#2e2e32"
         separator: "#cacace"
         accent: "#8e35c4"
         green: "#146c2e"
