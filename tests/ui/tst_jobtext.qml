@@ -1,0 +1,129 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import Quorvale
+import Quorvale.Style
+import Quorvale.Testing
+
+// What becomes of a row's texts that are too long for it.
+ViewTest {
+    id: test
+
+    readonly property string longName: "start " + "of a long name ".repeat(15) + "end.mkv"
+
+    name: "JobText"
+
+    Component {
+        id: lists
+
+        JobList {
+            height: 460
+            model: Bench.model
+            width: 649
+        }
+    }
+
+    function row() {
+        return one(view, JobRow);
+    }
+
+    function failWith(message) {
+        Bench.queue(["clip.mkv"]);
+        show(lists);
+        Bench.chooseRealDestination();
+        Bench.willFail(message);
+        verify(Bench.convert());
+        settle();
+        return textOf(row(), message);
+    }
+
+    function test_longNameIsShortenedToOneLine() {
+        Bench.queue(["/in/" + longName]);
+        show(lists);
+        const line = textOf(row(), longName);
+        verify(line.truncated);
+        compare(line.lineCount, 1);
+        verify(area(line).x + line.contentWidth <= area(one(row(), JobControls)).x - 12);
+        compare(row().height, 56);
+        compareTip(line, 50, 5, longName);
+    }
+
+    function test_nameThatFitsHasNoTip() {
+        Bench.queue(["clip.mkv"]);
+        show(lists);
+        verify(!textOf(row(), "clip.mkv").truncated);
+        verifyNoTip(textOf(row(), "clip.mkv"), 5, 5);
+    }
+
+    function test_nameInSeveralLinesStaysOneLine() {
+        Bench.queue(["/in/first\nsecond.mkv"]);
+        show(lists);
+        const line = all(row(), Text)[0];
+        compare(line.text, "first\nsecond.mkv");
+        compare(line.lineCount, 1);
+        compare(row().height, 56);
+    }
+
+    function test_longFolderLeavesRoomForTheState() {
+        const folder = "f".repeat(240);
+        Bench.queue(["/in/" + folder + "/clip.mkv"]);
+        show(lists);
+        verify(textOf(row(), folder).truncated);
+        compare(textOf(row(), folder).lineCount, 1);
+        const word = textOf(row(), "Ready");
+        verify(!word.truncated);
+        verify(word.width >= word.contentWidth);
+        verify(area(word).x + word.contentWidth <= area(one(row(), JobControls)).x - 12);
+        compareTip(textOf(row(), folder), 50, 5, "/in/" + folder + "/clip.mkv");
+    }
+
+    function test_shortFailureIsOneLine() {
+        const line = failWith("No space left on device.");
+        compare(line.lineCount, 1);
+        verify(!line.truncated);
+        verifyNoTip(line, 10, 5);
+    }
+
+    function test_failureInTwoLinesIsWhole() {
+        const line = failWith("The first line.\nThe second line.");
+        compare(line.lineCount, 2);
+        verify(!line.truncated);
+    }
+
+    function test_longFailureIsCutAfterTwoLines_data() {
+        return [
+            {"tag": "eight lines", "message": Array.from({"length": 8}, (_, i) => "Line " + i).join("\n")},
+            {"tag": "one long line", "message": "It failed because it failed. ".repeat(40).trim()},
+            {"tag": "one long word", "message": "x".repeat(900)},
+        ];
+    }
+
+    function test_longFailureIsCutAfterTwoLines(data) {
+        const line = failWith(data.message);
+        compare(line.lineCount, 2);
+        verify(line.truncated);
+        verify(line.contentWidth <= line.width + 1);
+        verify(line.contentHeight <= line.height + 0.5);
+        // Name, status and the two lines.
+        const column = one(row(), JobText);
+        compare(row().height, Math.max(42, column.height) + 14);
+        compareTip(line, 50, 5, data.message);
+    }
+
+    function test_failureIsPlainText() {
+        const line = failWith("<b>bold</b> &amp; <img src='x'>");
+        compare(line.textFormat, Text.PlainText);
+        compare(texts(row())[4], "<b>bold</b> &amp; <img src='x'>");
+    }
+
+    function test_failureGoesWithTheState() {
+        failWith("No.");
+        verify(shows(row(), "No."));
+        Bench.willComplete();
+        verify(Bench.convert());
+        verify(!shows(row(), "No."));
+        settle();
+        compare(row().height, 56);
+    }
+}
