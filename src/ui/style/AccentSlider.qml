@@ -18,7 +18,13 @@ T.Slider {
     property real keyStep: 1
 
     function moveBy(offset: real) {
-        value = Math.max(from, Math.min(to, value + offset));
+        // An assignment would end what binds the value.
+        stepSize = Math.abs(offset);
+        if (offset > 0)
+            increase();
+        else if (offset < 0)
+            decrease();
+        stepSize = 0;
         moved();
     }
 
