@@ -179,11 +179,17 @@ ViewTest {
         Bench.model.goalIndex = EncodingGoal.ConstantQuality;
         show(groups);
         sliders()[0].forceActiveFocus(Qt.TabFocusReason);
-        keyClick(Qt.Key_Right);
-        verify(Bench.model.quality > 76);
-        keyClick(Qt.Key_Left);
-        keyClick(Qt.Key_Left);
-        verify(Bench.model.quality < 76);
+        const steps = [[Qt.Key_Right, 77], [Qt.Key_Up, 78], [Qt.Key_Left, 77], [Qt.Key_Down, 76],
+                       [Qt.Key_PageUp, 86], [Qt.Key_PageDown, 76], [Qt.Key_Home, 30],
+                       [Qt.Key_Left, 30], [Qt.Key_End, 100], [Qt.Key_Right, 100]];
+        for (const [key, quality] of steps) {
+            keyClick(key);
+            compare(Bench.model.quality, quality);
+            verify(shows(view, quality + "%"));
+        }
+        // Still follows.
+        Bench.model.quality = 55.5;
+        compare(sliders()[0].value, 55.5);
     }
 
     function test_pickerListsTheGoals() {

@@ -203,6 +203,25 @@ ViewTest {
         compare(goalPicker().displayText, "Constant quality");
     }
 
+    function test_arrowsGoFromCodecToCodec() {
+        const button = label => one(codecButton(label), PlainButton);
+        button("H.264").forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Up);
+        verify(button("H.264").activeFocus);
+        for (const label of codecs.slice(1)) {
+            keyClick(Qt.Key_Down);
+            verify(button(label).visualFocus, label);
+        }
+        keyClick(Qt.Key_Down);
+        verify(button("ProRes 4444").activeFocus);
+        keyClick(Qt.Key_Up);
+        verify(button("ProRes 422 HQ").visualFocus);
+        // Moving chooses nothing.
+        compare(settings.count, 0);
+        keyClick(Qt.Key_Space);
+        compare(selectedCodecs(), ["ProRes 422 HQ"]);
+    }
+
     function test_hardwareSwitch() {
         const toggle = hardwareSwitch();
         compare(toggle.text, "Apple media engine");
