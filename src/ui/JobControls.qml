@@ -16,12 +16,17 @@ RowLayout {
     /// Whether the row is the one that the keyboard works on.
     required property bool isCurrent
 
-    readonly property int focusPolicy: isCurrent ? Qt.StrongFocus : Qt.ClickFocus
+    // Also the button that has the focus, until it has gone: it must not be taken from it.
+    function focusPolicyOf(button: Item): int {
+        return isCurrent || button.activeFocus ? Qt.StrongFocus : Qt.ClickFocus;
+    }
 
     spacing: 12
 
     SymbolButton {
-        focusPolicy: controls.focusPolicy
+        id: again
+
+        focusPolicy: controls.focusPolicyOf(again)
         help: "Queue this video again"
         symbol: Symbol.ArrowClockwiseCircleFill
         symbolColor: Theme.current.green
@@ -36,7 +41,9 @@ RowLayout {
         visible: !controls.isCompleted
 
         SymbolButton {
-            focusPolicy: controls.focusPolicy
+            id: up
+
+            focusPolicy: controls.focusPolicyOf(up)
             symbol: Symbol.ChevronUp
             symbolColor: Theme.current.secondarySymbol
             text: "Move up"
@@ -44,7 +51,9 @@ RowLayout {
         }
 
         SymbolButton {
-            focusPolicy: controls.focusPolicy
+            id: down
+
+            focusPolicy: controls.focusPolicyOf(down)
             symbol: Symbol.ChevronDown
             symbolColor: Theme.current.secondarySymbol
             text: "Move down"
@@ -53,7 +62,9 @@ RowLayout {
     }
 
     SymbolButton {
-        focusPolicy: controls.focusPolicy
+        id: remove
+
+        focusPolicy: controls.focusPolicyOf(remove)
         help: "Remove from queue"
         symbol: Symbol.XmarkCircleFill
         symbolColor: Theme.current.secondarySymbol

@@ -18,6 +18,7 @@ ListView {
     bottomMargin: 6
     boundsBehavior: Flickable.StopAtBounds
     clip: true
+    highlightMoveDuration: 0 // to the end of a long queue at once, too
     leftMargin: 16
     model: converter.jobs
     reuseItems: true
