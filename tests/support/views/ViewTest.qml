@@ -27,6 +27,10 @@ TestCase {
         restPointer();
     }
 
+    function cleanupTestCase() {
+        Bench.begin();
+    }
+
     /// Takes the pointer from whatever it is on.
     function restPointer() {
         mouseMove(test.Window.window.contentItem, 959, 639);

@@ -1,0 +1,165 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import QtTest
+import Quorvale
+import Quorvale.Style
+import Quorvale.Testing
+
+// What the buttons of a row do.
+ViewTest {
+    id: test
+
+    readonly property var names: ["a.mp4", "b.mp4", "c.mp4"]
+
+    name: "JobControls"
+
+    Component {
+        id: lists
+
+        JobList {
+            height: 460
+            model: Bench.model
+            width: 649
+        }
+    }
+
+    SignalSpy {
+        id: jobs
+
+        signalName: "jobsChanged"
+    }
+
+    function init() {
+        failOnWarning(/.?/);
+        Bench.begin();
+        restPointer();
+        Bench.queue(names);
+        show(lists);
+        jobs.target = Bench.model;
+        jobs.clear();
+    }
+
+    function row(fileName) {
+        return one(view, JobRow, row => row.fileName === fileName);
+    }
+
+    function button(fileName, text) {
+        return one(row(fileName), SymbolButton, button => button.text === text);
+    }
+
+    function press(fileName, text) {
+        mouseClick(button(fileName, text));
+        settle();
+    }
+
+    function test_moving_data() {
+        return [
+            {"tag": "up", "file": "b.mp4", "button": "Move up", "order": ["b.mp4", "a.mp4", "c.mp4"]},
+            {"tag": "down", "file": "b.mp4", "button": "Move down", "order": ["a.mp4", "c.mp4", "b.mp4"]},
+            {"tag": "last up", "file": "c.mp4", "button": "Move up", "order": ["a.mp4", "c.mp4", "b.mp4"]},
+        ];
+    }
+
+    function test_moving(data) {
+        press(data.file, data.button);
+        compare(Bench.fileNames, data.order);
+        compare(jobs.count, 1);
+        // As they stand below each other, too.
+        const tops = data.order.map(name => area(row(name)).y);
+        verify(tops[0] < tops[1] && tops[1] < tops[2], tops);
+    }
+
+    function test_movingBeyondTheEndsChangesNothing() {
+        verify(button("a.mp4", "Move up").enabled);
+        verify(button("c.mp4", "Move down").enabled);
+        press("a.mp4", "Move up");
+        press("c.mp4", "Move down");
+        compare(Bench.fileNames, names);
+        compare(jobs.count, 0);
+    }
+
+    function test_movingKeepsRowAndFocus() {
+        const moved = row("c.mp4");
+        const up = button("c.mp4", "Move up");
+        press("c.mp4", "Move up");
+        compare(row("c.mp4"), moved);
+        verify(up.activeFocus);
+        keyClick(Qt.Key_Space);
+        compare(Bench.fileNames, ["c.mp4", "a.mp4", "b.mp4"]);
+        verify(up.activeFocus);
+        compare(jobs.count, 2);
+    }
+
+    function test_removing_data() {
+        return names.map(name => ({"tag": name}));
+    }
+
+    function test_removing(data) {
+        press(data.tag, "Remove from queue");
+        compare(Bench.fileNames, names.filter(name => name !== data.tag));
+        compare(jobs.count, 1);
+        compare(Bench.openedPanels, []);
+    }
+
+    function test_queueingAgain() {
+        Bench.chooseRealDestination();
+        for (let i = 0; i < 3; ++i)
+            Bench.willComplete();
+        verify(Bench.convert());
+        settle();
+        compare(Bench.model.completedCount, 3);
+        press("b.mp4", "Queue this video again");
+        compare(Bench.model.completedCount, 2);
+        compare(Bench.fileNames, names);
+        compare(all(row("b.mp4"), SymbolButton).length, 3);
+        compare(all(row("a.mp4"), SymbolButton).length, 1);
+        verify(shows(row("b.mp4"), "Ready"));
+    }
+
+    function test_whileConverting() {
+        Bench.chooseRealDestination();
+        Bench.willStayAt([0.5]);
+        verify(Bench.convert());
+        settle();
+        jobs.clear();
+        compare(all(row("a.mp4"), SymbolButton), []);
+        compare(all(row("b.mp4"), SymbolButton).length, 3);
+        press("b.mp4", "Move down");
+        press("c.mp4", "Move up");
+        compare(Bench.fileNames, names);
+        compare(jobs.count, 0);
+        press("b.mp4", "Remove from queue");
+        compare(Bench.fileNames, ["a.mp4", "c.mp4"]);
+        verify(Bench.model.isConverting);
+    }
+
+    function test_tooltips() {
+        const remove = button("a.mp4", "Remove from queue");
+        compareTip(remove, remove.width / 2, remove.height / 2, "Remove from queue");
+        for (const text of ["Move up", "Move down"]) {
+            const arrow = button("a.mp4", text);
+            verifyNoTip(arrow, arrow.width / 2, arrow.height / 2);
+        }
+        const handle = symbolOf(row("a.mp4"), Symbol.Lines);
+        compareTip(handle, 7, 7, "Drag to reorder");
+    }
+
+    function test_tooltipOfQueueingAgain() {
+        Bench.chooseRealDestination();
+        Bench.willComplete();
+        Bench.willBeCancelled();
+        verify(Bench.convert());
+        settle();
+        const again = button("a.mp4", "Queue this video again");
+        compareTip(again, again.width / 2, again.height / 2, "Queue this video again");
+    }
+
+    function test_clickOnTheHandleDoesNothing() {
+        mouseClick(symbolOf(row("b.mp4"), Symbol.Lines));
+        mouseClick(row("b.mp4"), 200, 20);
+        compare(Bench.fileNames, names);
+        compare(jobs.count, 0);
+    }
+}

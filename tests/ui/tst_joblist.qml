@@ -1,0 +1,234 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import Quorvale
+import Quorvale.Style
+import Quorvale.Testing
+
+ViewTest {
+    id: test
+
+    name: "JobList"
+
+    Component {
+        id: lists
+
+        JobList {
+            height: 460
+            model: Bench.model
+            width: 649
+        }
+    }
+
+    function list() {
+        return one(view, JobListView);
+    }
+
+    /// The progress of the whole queue.
+    function bars() {
+        return all(view, ProgressLine, bar => bar.parent.parent === view);
+    }
+
+    function row(fileName) {
+        return one(view, JobRow, row => row.fileName === fileName);
+    }
+
+    function rows() {
+        return all(view, JobRow).sort((a, b) => area(a).y - area(b).y);
+    }
+
+    /// Also those that are out of sight.
+    function builtRows() {
+        const found = [];
+        const items = list().contentItem.children;
+        for (let i = 0; i < items.length; ++i) {
+            if (items[i] instanceof JobRow)
+                found.push(items[i]);
+        }
+        return found;
+    }
+
+    function convertFirst(fractions) {
+        Bench.chooseRealDestination();
+        Bench.willStayAt(fractions);
+        verify(Bench.convert());
+        settle();
+    }
+
+    function test_rowsInTheOrderOfTheQueue() {
+        Bench.queue(["c.mp4", "a.mp4", "b.mp4"]);
+        show(lists);
+        compare(rows().map(row => row.fileName), ["c.mp4", "a.mp4", "b.mp4"]);
+        compare(gapBelow(rows()[0], rows()[1]), 0);
+        compare(list().orientation, ListView.Vertical);
+    }
+
+    function test_overallProgressIsShownWhileConverting() {
+        Bench.queue(["a.mp4", "b.mp4"]);
+        show(lists);
+        compare(bars(), []);
+        compareArea(list(), 0, 0, 649, 460);
+        convertFirst([0.25, 0.5]);
+        compare(bars().length, 1);
+        const bar = bars()[0];
+        compareArea(bar, 26, 0, 597, bar.height);
+        compareArea(list(), 0, bar.height, 649, 460 - bar.height);
+        compare([bar.from, bar.to], [0, 1]);
+        compare(bar.value, 0.125);
+        compare(Pixels.at(bar, 20, bar.height / 2), Theme.current.accent);
+        Bench.willComplete();
+        verify(Bench.goOn());
+        compare(bar.value, 0.25);
+        verify(Bench.goOn());
+        verify(!Bench.model.isConverting);
+        compare(bars(), []);
+        settle();
+        compareArea(list(), 0, 0, 649, 460);
+    }
+
+    function test_overallProgressGoesWithACancelledBatch() {
+        Bench.queue(["a.mp4"]);
+        show(lists);
+        convertFirst([0.25]);
+        compare(bars().length, 1);
+        verify(Bench.cancel());
+        compare(bars(), []);
+        verify(shows(view, "Cancelled"));
+    }
+
+    function test_overallProgressStartsEmpty() {
+        Bench.queue(["a.mp4"]);
+        show(lists);
+        convertFirst([0]);
+        const bar = bars()[0];
+        compare(bar.value, 0);
+        compare(Pixels.count(bar, Theme.current.accent), 0);
+    }
+
+    function test_rowsStayTheSameThroughEveryChange() {
+        Bench.queue(["a.mp4", "b.mp4", "c.mp4", "d.mp4"]);
+        show(lists);
+        const [a, b, c, d] = rows();
+        convertFirst([0.1, 0.9]);
+        verify(Bench.goOn());
+        Bench.willFail("No.");
+        Bench.willBeCancelled();
+        verify(Bench.goOn());
+        compare(rows(), [a, b, c, d]);
+        compare(rows().map(row => row.stateWord), ["Complete", "Failed", "Cancelled", "Ready"]);
+        Bench.model.remove(b.jobId);
+        settle();
+        compare(rows(), [a, c, d]);
+        Bench.model.moveJob(d.jobId, -2);
+        settle();
+        compare(rows(), [d, a, c]);
+        Bench.queue(["e.mp4"]);
+        settle();
+        compare(rows().slice(0, 3), [d, a, c]);
+        Bench.model.clearCompleted();
+        settle();
+        compare(rows().slice(0, 2), [d, c]);
+    }
+
+    function test_scrollPositionStays() {
+        Bench.queueMany(200);
+        show(lists);
+        convertFirst([0.1, 0.9]);
+        list().contentY = 2000;
+        settle();
+        const seen = row("clip40.mov");
+        const y = area(seen).y;
+        verify(Bench.goOn());
+        settle();
+        compare(list().contentY, 2000);
+        Bench.model.remove(row("clip41.mov").jobId);
+        settle();
+        compare(area(seen).y, y);
+        Bench.queue(["last.mp4"]);
+        settle();
+        compare(area(seen).y, y);
+        compare(row("clip40.mov"), seen);
+    }
+
+    function test_whatIsSeenStaysWhenRowsAboveItGo() {
+        Bench.queueMany(200);
+        show(lists);
+        const first = row("clip1.mov").jobId;
+        list().contentY = 2000;
+        settle();
+        const seen = row("clip40.mov");
+        const y = area(seen).y;
+        Bench.model.remove(first);
+        settle();
+        compare(row("clip40.mov"), seen);
+        fuzzyCompare(area(seen).y, y, 0.51);
+    }
+
+    function test_focusStays() {
+        Bench.queueMany(20);
+        show(lists);
+        const remove = one(row("clip5.mov"), SymbolButton, b => b.text === "Remove from queue");
+        list().currentIndex = 4;
+        remove.forceActiveFocus(Qt.TabFocusReason);
+        convertFirst([0.1, 0.9]);
+        verify(remove.activeFocus);
+        verify(Bench.goOn());
+        verify(remove.activeFocus);
+        Bench.queue(["new.mp4"]);
+        Bench.willFail("No.");
+        Bench.willBeCancelled();
+        verify(Bench.goOn());
+        verify(remove.activeFocus);
+        // At least to its row when rows above it go.
+        const focused = row("clip5.mov");
+        Bench.model.remove(row("clip3.mov").jobId);
+        settle();
+        compare(row("clip5.mov"), focused);
+        compare(list().currentItem, focused);
+        verify(focused.activeFocus || remove.activeFocus);
+    }
+
+    function test_thousandsOfRowsBuildWhatIsSeen() {
+        Bench.queueMany(10000);
+        show(lists);
+        compare(list().count, 10000);
+        verify(rows().length >= 8);
+        verify(builtRows().length <= 30, builtRows().length);
+        list().positionViewAtEnd();
+        settle();
+        verify(row("clip10000.mov"));
+        verify(builtRows().length <= 40, builtRows().length);
+    }
+
+    function test_oneRowTellsOfAProgress() {
+        Bench.queueMany(1000);
+        show(lists);
+        const built = builtRows();
+        convertFirst([0.1, 0.2, 0.3]);
+        verify(Bench.goOn());
+        verify(Bench.goOn());
+        compare(builtRows(), built);
+        compare(row("clip1.mov").progress, 0.3);
+    }
+
+    function test_scrolledByTheWheel() {
+        Bench.queueMany(100);
+        show(lists);
+        const start = list().contentY;
+        mouseWheel(list(), 300, 200, 0, -120);
+        tryVerify(() => list().contentY > start);
+    }
+
+    function test_scrollBarIsThereWhenNeeded() {
+        Bench.queueMany(3);
+        show(lists);
+        compare(all(view, VerticalScrollBar), []);
+        Bench.queue(Array.from({"length": 100}, (_, i) => "more" + i + ".mp4"));
+        settle();
+        const bar = all(view, VerticalScrollBar)[0];
+        compare(area(bar).x + bar.width, 649);
+        mouseDrag(bar, bar.width / 2, 10, 0, 300);
+        verify(list().contentY > 1000);
+    }
+}

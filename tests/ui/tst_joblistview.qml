@@ -1,0 +1,141 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import Quorvale
+import Quorvale.Style
+import Quorvale.Testing
+
+// The list by the keyboard.
+ViewTest {
+    id: test
+
+    name: "JobListView"
+
+    Component {
+        id: lists
+
+        JobList {
+            height: 460
+            model: Bench.model
+            width: 649
+        }
+    }
+
+    function showRows(count) {
+        Bench.queueMany(count);
+        show(lists);
+        list().currentItem.forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    function list() {
+        return one(view, JobListView);
+    }
+
+    function focusItem() {
+        return test.Window.window.activeFocusItem;
+    }
+
+    function isInSight(item) {
+        const found = area(item, list());
+        return found.y >= -0.5 && found.y + found.height <= list().height + 0.5;
+    }
+
+    function compareCurrent(index) {
+        compare(list().currentIndex, index);
+        settle();
+        tryVerify(() => list().currentItem && isInSight(list().currentItem), 1000,
+                  "at " + index + ": " + area(list().currentItem, list()));
+        verify(list().currentItem.activeFocus);
+        compare(list().currentItem.fileName, "clip" + (index + 1) + ".mov");
+    }
+
+    function test_theFirstIsCurrent() {
+        showRows(5);
+        compareCurrent(0);
+        compare(all(view, FocusRing).length, 1);
+    }
+
+    function test_upAndDown() {
+        showRows(30);
+        keyClick(Qt.Key_Up);
+        compareCurrent(0);
+        for (let i = 1; i < 30; ++i) {
+            keyClick(Qt.Key_Down);
+            compareCurrent(i);
+        }
+        keyClick(Qt.Key_Down);
+        compareCurrent(29);
+        keyClick(Qt.Key_Up);
+        compareCurrent(28);
+    }
+
+    function test_homeAndEnd() {
+        showRows(1000);
+        keyClick(Qt.Key_End);
+        compareCurrent(999);
+        keyClick(Qt.Key_Home);
+        compareCurrent(0);
+    }
+
+    function test_pages() {
+        showRows(40);
+        keyClick(Qt.Key_PageDown);
+        const page = list().currentIndex;
+        verify(page >= 5 && page <= 8, page);
+        compareCurrent(page);
+        keyClick(Qt.Key_PageDown);
+        compareCurrent(2 * page);
+        keyClick(Qt.Key_PageUp);
+        compareCurrent(page);
+        keyClick(Qt.Key_PageUp);
+        keyClick(Qt.Key_PageUp);
+        compareCurrent(0);
+        for (let i = 0; i < 10; ++i)
+            keyClick(Qt.Key_PageDown);
+        compareCurrent(39);
+    }
+
+    function test_tabGoesThroughTheCurrentRowOnly() {
+        showRows(5);
+        keyClick(Qt.Key_Down);
+        compareCurrent(1);
+        const seen = [];
+        for (let i = 0; i < 3; ++i) {
+            keyClick(Qt.Key_Tab);
+            seen.push(focusItem().text);
+            let owner = focusItem();
+            while (!(owner instanceof JobRow))
+                owner = owner.parent;
+            compare(owner.fileName, "clip2.mov");
+        }
+        compare(seen, ["Move up", "Move down", "Remove from queue"]);
+        keyClick(Qt.Key_Tab);
+        verify(!(focusItem() instanceof SymbolButton));
+    }
+
+    function test_arrowsFromAButton() {
+        showRows(5);
+        keyClick(Qt.Key_Tab);
+        compare(focusItem().text, "Move up");
+        keyClick(Qt.Key_End);
+        compare(list().currentIndex, 4);
+        verify(isInSight(list().currentItem));
+    }
+
+    function test_removingTheCurrentRowKeepsTheKeyboard() {
+        showRows(5);
+        keyClick(Qt.Key_Down);
+        for (let i = 0; i < 3; ++i)
+            keyClick(Qt.Key_Tab);
+        compare(focusItem().text, "Remove from queue");
+        keyClick(Qt.Key_Return);
+        compare(Bench.fileNames, ["clip1.mov", "clip3.mov", "clip4.mov", "clip5.mov"]);
+        settle();
+        // Goes on from the row that took its place.
+        keyClick(Qt.Key_Down);
+        settle();
+        verify(list().currentItem.activeFocus);
+        verify(list().currentIndex >= 1);
+    }
+}
