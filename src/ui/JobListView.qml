@@ -50,7 +50,7 @@ ListView {
     delegate: JobRow {
         required property int index
 
-        glides: view.reorder.isActive
+        glides: view.reorder.glides
         isCurrent: ListView.isCurrentItem
         model: view.converter
         opacity: view.reorder.from === index ? 0 : 1

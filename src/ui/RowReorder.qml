@@ -14,6 +14,8 @@ Item {
     property int from: -1
     property int to: -1
     readonly property bool isActive: from >= 0
+    /// Whether the others glide when they give way; not where the list itself moves them.
+    property bool glides: false
 
     /// The row was let go where it changes the order: `destination` is counted before the row is
     /// taken out.
@@ -54,6 +56,7 @@ Item {
             "hasFailed": item.hasFailed,
             "failure": item.failure,
         });
+        glides = true;
         to = row;
         from = row;
     }
@@ -82,6 +85,7 @@ Item {
     function finish() {
         const first = from;
         const last = to;
+        glides = false;
         abandon();
         if (first >= 0 && first !== last)
             moved(first, last > first ? last + 1 : last);
@@ -124,6 +128,7 @@ Item {
             reorder.follow();
         }
         function onRowsAboutToBeRemoved() {
+            reorder.glides = false;
             reorder.abandon();
         }
     }
@@ -146,9 +151,11 @@ Item {
         running: reorder.isActive && edgeScroll.speed !== 0
         onTriggered: {
             const view = reorder.view;
-            const last = view.originY + Math.max(0, view.contentHeight - view.height);
+            const first = view.originY - view.topMargin;
+            const last = Math.max(first, view.originY + view.contentHeight + view.bottomMargin
+                                         - view.height);
             const step = Math.max(-24, Math.min(24, edgeScroll.speed / 2));
-            view.contentY = Math.max(view.originY, Math.min(last, view.contentY + step));
+            view.contentY = Math.max(first, Math.min(last, view.contentY + step));
             reorder.follow();
         }
     }
