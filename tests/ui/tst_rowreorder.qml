@@ -1,0 +1,307 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import QtTest
+import Quorvale
+import Quorvale.Style
+import Quorvale.Testing
+
+// Rows that are dragged with the mouse.
+ViewTest {
+    id: test
+
+    readonly property int rowHeight: 56
+
+    name: "RowReorder"
+
+    Component {
+        id: lists
+
+        JobList {
+            height: 460
+            model: Bench.model
+            width: 649
+        }
+    }
+
+    SignalSpy {
+        id: jobs
+
+        signalName: "jobsChanged"
+    }
+
+    function showRows(count) {
+        Bench.queueMany(count);
+        show(lists);
+        jobs.target = Bench.model;
+        jobs.clear();
+    }
+
+    function list() {
+        return one(view, JobListView);
+    }
+
+    function row(number) {
+        return one(list(), JobRow, row => row.fileName === nameOf(number));
+    }
+
+    function nameOf(number) {
+        return "clip" + number + ".mov";
+    }
+
+    /// The picture of the row that is dragged.
+    function lifted() {
+        return all(view, JobRow, row => row.isLifted);
+    }
+
+    /// Where the row is shown, which is not where it belongs while others part for the dragged one.
+    function shownTop(number) {
+        return area(row(number)).y;
+    }
+
+    function tryTops(numbers, tops) {
+        tryVerify(() => numbers.every((number, i) => Math.abs(shownTop(number) - tops[i]) < 0.51));
+    }
+
+    function names() {
+        return Bench.fileNames.map(name => parseInt(name.slice(4)));
+    }
+
+    /// Presses on a row and drags it without letting go.
+    function drag(number, offset) {
+        const item = row(number);
+        const start = view.mapFromItem(item, 200, rowHeight / 2);
+        mousePress(view, start.x, start.y);
+        dragTo(start.y, start.y + offset);
+    }
+
+    property real pointerY: 0
+
+    function dragTo(from, to) {
+        const steps = 8;
+        for (let i = 1; i <= steps; ++i)
+            mouseMove(view, 216, from + (to - from) * i / steps, 5, Qt.LeftButton);
+        pointerY = to;
+    }
+
+    function dragOn(offset) {
+        dragTo(pointerY, pointerY + offset);
+    }
+
+    function letGo() {
+        mouseRelease(view, 216, pointerY);
+        settle();
+    }
+
+    function test_drop_data() {
+        return [
+            {"tag": "one down", "row": 2, "by": 1, "order": [1, 3, 2, 4, 5]},
+            {"tag": "one up", "row": 2, "by": -1, "order": [2, 1, 3, 4, 5]},
+            {"tag": "to the end", "row": 1, "by": 4, "order": [2, 3, 4, 5, 1]},
+            {"tag": "to the beginning", "row": 5, "by": -4, "order": [5, 1, 2, 3, 4]},
+            {"tag": "below the end", "row": 3, "by": 3.4, "order": [1, 2, 4, 5, 3]},
+            {"tag": "hardly over half", "row": 2, "by": 0.6, "order": [1, 3, 2, 4, 5]},
+            {"tag": "hardly under half", "row": 2, "by": 0.4, "order": [1, 2, 3, 4, 5]},
+            {"tag": "there and back", "row": 2, "by": 0, "order": [1, 2, 3, 4, 5]},
+        ];
+    }
+
+    function test_drop(data) {
+        showRows(5);
+        const dragged = row(data.row);
+        const tops = [1, 2, 3, 4, 5].map(shownTop);
+        drag(data.row, 30);
+        dragOn(data.by * rowHeight - 30);
+        compare(names(), [1, 2, 3, 4, 5]); // until it is let go
+        letGo();
+        compare(names(), data.order);
+        compare(jobs.count, data.order.join() === "1,2,3,4,5" ? 0 : 1);
+        compare(row(data.row), dragged);
+        compare(lifted(), []);
+        compare(Bench.openedPanels, []);
+        tryTops(data.order, tops);
+        for (const number of data.order)
+            compare(row(number).opacity, 1);
+    }
+
+    function test_theOthersPartForIt() {
+        showRows(5);
+        const tops = [1, 2, 3, 4, 5].map(shownTop);
+        drag(2, 2 * rowHeight);
+        compare(row(2).opacity, 0);
+        compare(lifted().length, 1);
+        compare(lifted()[0].fileName, nameOf(2));
+        tryTops([1, 3, 4, 5], [tops[0], tops[1], tops[2], tops[4]]);
+        dragOn(-3 * rowHeight);
+        tryTops([1, 3, 4, 5], [tops[1], tops[2], tops[3], tops[4]]);
+        letGo();
+        compare(names(), [2, 1, 3, 4, 5]);
+        // At once: nothing jumps and comes back.
+        compare([2, 1, 3, 4, 5].map(shownTop), tops);
+    }
+
+    function test_thePictureFollowsThePointer() {
+        showRows(5);
+        const start = shownTop(2);
+        drag(2, 70);
+        const picture = lifted()[0];
+        fuzzyCompare(area(picture).y, start + 70, 1.01);
+        compare(area(picture).x, area(row(1)).x);
+        compare([picture.width, picture.height], [row(1).width, row(1).height]);
+        compare(texts(picture), texts(row(2)));
+        dragOn(25);
+        fuzzyCompare(area(picture).y, start + 95, 1.01);
+        letGo();
+    }
+
+    function test_escapePutsItBack() {
+        showRows(5);
+        const tops = [1, 2, 3, 4, 5].map(shownTop);
+        drag(1, 3 * rowHeight);
+        keyClick(Qt.Key_Escape);
+        compare(lifted(), []);
+        compare(row(1).opacity, 1);
+        dragOn(20);
+        compare(lifted(), []);
+        letGo();
+        compare(names(), [1, 2, 3, 4, 5]);
+        compare(jobs.count, 0);
+        tryTops([1, 2, 3, 4, 5], tops);
+        // And the next drag is like the first.
+        drag(1, rowHeight);
+        letGo();
+        compare(names(), [2, 1, 3, 4, 5]);
+    }
+
+    function test_aSmallMovementIsNoDrag() {
+        showRows(3);
+        drag(1, 4);
+        compare(lifted(), []);
+        letGo();
+        compare(jobs.count, 0);
+    }
+
+    function test_doesNothingWhileConverting() {
+        showRows(5);
+        Bench.chooseRealDestination();
+        Bench.willStayAt([0.5]);
+        verify(Bench.convert());
+        settle();
+        jobs.clear();
+        drag(3, rowHeight);
+        compare(lifted(), []);
+        compare(row(3).opacity, 1);
+        letGo();
+        compare(names(), [1, 2, 3, 4, 5]);
+        compare(jobs.count, 0);
+    }
+
+    function test_endsWhenABatchStarts() {
+        showRows(5);
+        drag(3, rowHeight);
+        compare(lifted().length, 1);
+        Bench.chooseRealDestination();
+        Bench.willStayAt([0.5]);
+        verify(Bench.convert());
+        compare(lifted(), []);
+        letGo();
+        compare(names(), [1, 2, 3, 4, 5]);
+        compare(row(3).opacity, 1);
+    }
+
+    function test_worksAgainAfterABatch() {
+        showRows(2);
+        Bench.chooseRealDestination();
+        Bench.willComplete();
+        Bench.willFail("No.");
+        verify(Bench.convert());
+        settle();
+        drag(1, rowHeight + 20);
+        letGo();
+        compare(names(), [2, 1]);
+    }
+
+    function test_endsWhenItsRowGoes() {
+        showRows(5);
+        drag(3, rowHeight);
+        Bench.model.remove(row(3).jobId);
+        tryVerify(() => lifted().length === 0);
+        letGo();
+        compare(names(), [1, 2, 4, 5]);
+    }
+
+    function test_newRowsDoNotDisturbIt() {
+        showRows(3);
+        drag(1, rowHeight);
+        Bench.queue(["clip9.mov"]);
+        compare(lifted().length, 1);
+        letGo();
+        compare(names(), [2, 1, 3, 9]);
+    }
+
+    function test_scrollsAtTheEdges() {
+        showRows(60);
+        drag(1, 20);
+        dragTo(pointerY, 450);
+        tryVerify(() => list().contentY > 600, 5000);
+        compare(lifted().length, 1);
+        verify(area(lifted()[0]).y + rowHeight <= 460.5);
+        dragTo(450, 230);
+        wait(40);
+        const still = list().contentY;
+        wait(60);
+        compare(list().contentY, still);
+        dragTo(230, 5);
+        tryVerify(() => list().atYBeginning, 5000);
+        dragTo(5, 450);
+        tryVerify(() => list().contentY > 600, 5000);
+        dragTo(450, 230);
+        letGo();
+        const at = names().indexOf(1);
+        verify(at >= 10, at);
+        compare(jobs.count, 1);
+        compare(names().filter(number => number !== 1), Array.from({"length": 59}, (_, i) => i + 2));
+        // It lies where it was let go.
+        fuzzyCompare(shownTop(1) + rowHeight / 2, 230, rowHeight);
+    }
+
+    function test_scrollsToTheVeryEnd() {
+        showRows(30);
+        drag(1, 20);
+        dragTo(pointerY, 455);
+        tryVerify(() => list().atYEnd, 5000);
+        wait(50);
+        letGo();
+        compare(names()[29], 1);
+        verify(list().atYEnd);
+    }
+
+    function test_doesNotScrollAShortList() {
+        showRows(3);
+        const still = list().contentY;
+        drag(1, 20);
+        dragTo(pointerY, 455);
+        wait(100);
+        compare(list().contentY, still);
+        letGo();
+        compare(names(), [2, 3, 1]);
+    }
+
+    function test_buttonsAreNoHandles() {
+        showRows(3);
+        const remove = one(row(1), SymbolButton, b => b.text === "Remove from queue");
+        mouseClick(remove);
+        compare(names(), [2, 3]);
+    }
+
+    function test_theFocusStaysWithTheRow() {
+        showRows(5);
+        list().currentItem.forceActiveFocus(Qt.TabFocusReason);
+        drag(1, 2 * rowHeight);
+        letGo();
+        compare(names(), [2, 3, 1, 4, 5]);
+        verify(row(1).activeFocus);
+        compare(list().currentItem, row(1));
+    }
+}
