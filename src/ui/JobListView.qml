@@ -56,6 +56,10 @@ ListView {
         opacity: view.reorder.from === index ? 0 : 1
         shift: view.reorder.shiftOf(index)
         width: view.width - view.leftMargin - view.rightMargin
+
+        // A row that waits to be used again is nothing to read out.
+        ListView.onPooled: visible = false
+        ListView.onReused: visible = true
     }
     // qmllint enable unqualified
 
