@@ -3,6 +3,7 @@
 
 #include "childprocess.h"
 
+#include "execution.h"
 #include "systemerror.h"
 
 #include <QEventLoop>
@@ -10,6 +11,7 @@
 #include <QScopeGuard>
 
 #include <csignal>
+#include <system_error>
 
 using namespace Qt::StringLiterals;
 
@@ -51,10 +53,18 @@ ChildProcess::End ChildProcess::run(const Reader &readOutput, const Reader &read
     QEventLoop untilEnd;
     QObject::connect(&process, &QProcess::finished, &untilEnd, &QEventLoop::quit);
 
+    const auto cannotStart = [this](const QString &reason) {
+        return SystemError(u"“%1” could not be started: %2"_s.arg(m_executable, reason));
+    };
+    Execution execution(m_executable, m_arguments);
+    process.setChildProcessModifier([&execution] { execution.perform(); });
     process.start(m_executable, m_arguments, QIODevice::ReadOnly);
     if (!process.waitForStarted(-1))
-        throw SystemError(
-            u"“%1” could not be started: %2"_s.arg(m_executable, process.errorString()));
+        throw cannotStart(process.errorString());
+    if (const int error = execution.error()) {
+        process.waitForFinished(-1);
+        throw cannotStart(QString::fromLocal8Bit(std::generic_category().message(error)));
+    }
 
     {
         const std::scoped_lock guard(m_mutex);

@@ -9,6 +9,7 @@
 #include <QFile>
 #include <QTest>
 
+#include <csignal>
 #include <thread>
 
 using namespace quorvale;
@@ -216,6 +217,19 @@ private Q_SLOTS:
         process.interrupt();
         process.interrupt();
         QVERIFY(process.run({}, {}).byUncaughtSignal);
+    }
+
+    void reachesAToolOfAProgramThatIgnoresInterrupts()
+    {
+        m_tools->setScript(u"ffmpeg"_s, untilReleased(Script()));
+        const auto handler = std::signal(SIGINT, SIG_IGN);
+        const auto conversion = convert();
+        awaitRunning();
+        m_service.cancel();
+        release();
+        const ConversionEnd end = endOf(conversion);
+        std::signal(SIGINT, handler);
+        QVERIFY(end.ffmpegError == FFmpegError::Case::cancelled);
     }
 
     void afterTheEndDoesNothing()

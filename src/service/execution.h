@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QByteArrayList>
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+namespace quorvale {
+
+/// Turns a child process that was just forked into a program. QProcess could do it, but up to 6.4
+/// at least it loses a file descriptor whenever that fails.
+class Execution
+{
+public:
+    /// Of the program at the path `executable`.
+    Execution(const QString &executable, const QStringList &arguments);
+    ~Execution();
+
+    Execution(const Execution &) = delete;
+    Execution &operator=(const Execution &) = delete;
+
+    /// For the child, in which it does not return and calls only what is safe there. The program
+    /// takes interrupts even where this one was started so that it ignores them, as a shell does
+    /// with what it runs in the background.
+    [[noreturn]] void perform();
+
+    /// For the parent, once, when the child exists: why the program could not be executed, as an
+    /// errno value; 0 when it runs. Blocks until that is known.
+    int error();
+
+private:
+    QByteArrayList m_words;
+    std::vector<char *> m_vector; // of the words, ending in a null
+    int m_errorPipe[2] = {-1, -1};
+};
+
+} // namespace quorvale
