@@ -2,16 +2,13 @@
 // SPDX-License-Identifier: MIT
 
 #include "support/conversion.h"
+#include "support/leftovers.h"
 #include "support/standintools.h"
 
-#include <QDir>
 #include <QFile>
 #include <QTest>
 
 #include <csignal>
-#include <fstream>
-
-#include <unistd.h>
 
 using namespace quorvale;
 using namespace quorvale::test;
@@ -20,23 +17,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QUrl source = QUrl::fromLocalFile(u"/in/clip.mkv"_s);
-
-// The memory of this process that is in use, in bytes.
-qint64 residentMemory()
-{
-    std::ifstream statistics("/proc/self/statm");
-    qint64 total = 0;
-    qint64 resident = 0;
-    statistics >> total >> resident;
-    return resident * ::sysconf(_SC_PAGESIZE);
-}
-
-qsizetype openDescriptors()
-{
-    return QDir(u"/proc/self/fd"_s)
-        .entryList(QDir::Files | QDir::System | QDir::NoDotAndDotDot)
-        .size();
-}
 
 } // namespace
 
@@ -306,12 +286,12 @@ private Q_SLOTS:
     {
         script(Script().out("progress=end\n").err("x\n").exit(1));
         QVERIFY(!convert().isSuccess());
-        const qsizetype before = openDescriptors();
+        const qsizetype before = Holdings::now().descriptors;
         constexpr int runs = 40;
         for (int i = 0; i < runs; ++i)
             QVERIFY(!convert().isSuccess());
         // A worker thread that the pool adds meanwhile brings a descriptor or two of its own.
-        QVERIFY(openDescriptors() < before + runs / 4);
+        QVERIFY(Holdings::now().descriptors < before + runs / 4);
     }
 
     void convertsOffTheCallersThread()

@@ -5,6 +5,7 @@
 
 #include "testtooldirectories.h"
 
+#include <QDir>
 #include <QFile>
 
 using namespace Qt::StringLiterals;
@@ -56,10 +57,8 @@ Script &Script::add(const QByteArray &command, const QByteArray &bytes)
 
 StandInTools::StandInTools()
 {
-    for (const QString &tool : {u"ffmpeg"_s, u"ffprobe"_s}) {
-        if (!QFile::link(QStringLiteral(STAND_IN_TOOL), path(tool)))
-            qFatal("Cannot put a stand-in tool at %s", qPrintable(path(tool)));
-    }
+    for (const QString &tool : {u"ffmpeg"_s, u"ffprobe"_s})
+        restoreTool(tool);
     setScript(u"ffprobe"_s, Script().out(R"({"format": {"duration": "10.0"},
         "streams": [{"codec_type": "video", "bit_rate": "1000000"}]})"));
     setToolDirectories({folder()});
@@ -72,7 +71,15 @@ StandInTools::~StandInTools()
 
 void StandInTools::removeTool(const QString &tool)
 {
-    QFile::remove(path(tool));
+    if (!QFile::remove(path(tool)))
+        QDir().rmdir(path(tool));
+}
+
+void StandInTools::restoreTool(const QString &tool)
+{
+    removeTool(tool);
+    if (!QFile::link(QStringLiteral(STAND_IN_TOOL), path(tool)))
+        qFatal("Cannot put a stand-in tool at %s", qPrintable(path(tool)));
 }
 
 void StandInTools::replaceTool(const QString &tool, const QByteArray &contents)

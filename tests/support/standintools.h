@@ -57,7 +57,11 @@ public:
     QString folder() const { return m_folder.path() + u'/'; }
     QString path(const QString &fileName) const { return m_folder.filePath(fileName); }
 
+    /// Removes whatever stands in the tool's place.
     void removeTool(const QString &tool);
+
+    /// Puts the stand-in back in the tool's place.
+    void restoreTool(const QString &tool);
 
     /// Puts an executable file with these contents in the tool's place.
     void replaceTool(const QString &tool, const QByteArray &contents);
