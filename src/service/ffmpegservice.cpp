@@ -11,6 +11,7 @@
 #include "model/encoderarguments.h"
 #include "outputfolder.h"
 #include "progress.h"
+#include "sourceguard.h"
 #include "tooldirectories.h"
 
 #include <QFileInfo>
@@ -76,6 +77,8 @@ void FFmpegService::runConversion(const QUrl &source, const QUrl &destination,
         throw FFmpegError::notFound();
     const MediaInfo info = probe(source, *ffmpeg);
     createFolderFor(destination);
+    if (settings.overwrite)
+        guardSource(source, destination);
     const auto target = targetBitrate(settings.goal, info.videoBitrate, settings.codec);
 
     const auto encode = [&](Attempt attempt) {

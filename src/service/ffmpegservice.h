@@ -49,7 +49,8 @@ public:
     /// The future throws FFmpegError::notFound when there is no ffmpeg, FFmpegError::cancelled when
     /// a signal ended it, FFmpegError::processFailed when it ended with another status than 0, and
     /// SystemError when the folder cannot be created, the output's name is too long for its file
-    /// system or ffmpeg cannot be started. A partly written output file is left where it is.
+    /// system, the source itself would be overwritten or ffmpeg cannot be started. A partly written
+    /// output file is left where it is.
     ///
     /// When ffmpeg was built without the media engine's encoder that the settings ask for, the
     /// conversion is run once more with the software encoder.
