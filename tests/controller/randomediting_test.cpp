@@ -1,0 +1,332 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#include "support/leftovers.h"
+#include "support/queue.h"
+#include "support/referencequeue.h"
+
+#include <QAbstractItemModelTester>
+#include <QDeadlineTimer>
+#include <QFile>
+#include <QTest>
+
+#include <csignal>
+#include <random>
+
+using namespace quorvale;
+using namespace quorvale::test;
+using namespace Qt::StringLiterals;
+
+// Random sequences of what a user may do, before, during and after batches, applied to the queue
+// and to a plain model of it: both have to agree after every step. The seed is printed; with the
+// same one in QUORVALE_TEST_SEED the same sequences are tried again.
+
+namespace {
+
+using Random = std::mt19937;
+
+int oneOf(Random &random, int count)
+{
+    return std::uniform_int_distribution<int>(0, count - 1)(random);
+}
+
+// Whether it became true in time, with events processed meanwhile.
+template <typename Condition>
+bool becomesTrue(const Condition &condition)
+{
+    const QDeadlineTimer deadline(60'000);
+    while (!condition()) {
+        if (deadline.hasExpired())
+            return false;
+        QCoreApplication::processEvents();
+        QThread::usleep(300);
+    }
+    return true;
+}
+
+// The queue and its model, stepping together.
+class Pair
+{
+public:
+    explicit Pair(Random &random) : m_random(random)
+    {
+        constexpr int mostConversions = 100; // more than any sequence has steps
+        for (int i = 0; i < mostConversions; ++i)
+            m_reference.plans << randomPlan();
+    }
+
+    // Does something at random on both sides. Says what is different afterwards, or nothing.
+    QString step(bool mayConvert)
+    {
+        const int kinds = mayConvert ? 14 : 9;
+        switch (oneOf(m_random, kinds)) {
+        case 0:
+        case 1:
+        case 2:
+            add();
+            break;
+        case 3:
+            applyToSomeJob(u"remove"_s, [this](const QUuid &id) {
+                m_queue.model().remove(id);
+                m_reference.remove(id);
+            });
+            break;
+        case 4:
+            applyToSomeJob(u"requeue"_s, [this](const QUuid &id) {
+                m_queue.model().requeue(id);
+                m_reference.requeue(id);
+            });
+            break;
+        case 5:
+            applyToSomeJob(u"move"_s, [this](const QUuid &id) {
+                const int offset = oneOf(m_random, 9) - 4;
+                m_queue.model().moveJob(id, offset);
+                m_reference.move(id, offset);
+            });
+            break;
+        case 6:
+            moveSeveral();
+            break;
+        case 7:
+            m_log << u"clear"_s;
+            m_queue.model().clearCompleted();
+            m_reference.clearCompleted();
+            break;
+        case 8:
+            m_log << u"cancel"_s;
+            m_queue.model().cancel();
+            m_reference.cancel();
+            break;
+        case 9:
+        case 10:
+            m_log << u"start"_s;
+            prepareConversions();
+            m_queue.model().start();
+            m_reference.start();
+            break;
+        default:
+            endConversion();
+        }
+        return settled();
+    }
+
+    // Lets the batch that runs come to its end.
+    QString end()
+    {
+        QString difference;
+        while (difference.isEmpty() && m_reference.isConverting()) {
+            endConversion();
+            difference = settled();
+        }
+        return difference;
+    }
+
+    QString log() const { return m_log.join(u", "_s); }
+    qsizetype conversions() const { return m_reference.conversions(); }
+
+private:
+    ConversionPlan randomPlan()
+    {
+        ConversionPlan plan;
+        plan.progress = oneOf(m_random, 12) / 10.0; // more than the whole is the whole
+        plan.atInterrupt = ConversionPlan::AtInterrupt{oneOf(m_random, 4)};
+        const int end = oneOf(m_random, 8);
+        plan.atEnd = end == 0  ? ConversionPlan::AtEnd::crashes
+                     : end < 3 ? ConversionPlan::AtEnd::fails
+                               : ConversionPlan::AtEnd::succeeds;
+        m_microseconds << QByteArray::number(qRound64(plan.progress * 10'000'000));
+        plan.progress = std::min(m_microseconds.last().toDouble() / 1'000'000.0 / 10.0, 1.0);
+        return plan;
+    }
+
+    QString mark(const QString &name, qsizetype conversion)
+    {
+        return m_queue.tools().path(u"%1.%2"_s.arg(name).arg(conversion));
+    }
+
+    // Writes the scripts of as many conversions as the batch can have.
+    void prepareConversions()
+    {
+        const qsizetype last = m_reference.conversions() + m_reference.jobs.size();
+        for (; m_prepared < last; ++m_prepared) {
+            const ConversionPlan &plan = m_reference.plans[m_prepared];
+            const qsizetype number = m_prepared + 1;
+            Script script;
+            if (plan.atInterrupt == ConversionPlan::AtInterrupt::ignoresIt)
+                script.ignoreInterrupt();
+            else if (plan.atInterrupt == ConversionPlan::AtInterrupt::fails)
+                script.catchInterrupt(255);
+            else if (plan.atInterrupt == ConversionPlan::AtInterrupt::succeeds)
+                script.catchInterrupt(0);
+            script.out("out_time_ms=" + m_microseconds[m_prepared] + '\n');
+            script.touch(mark(u"running"_s, number)).await(mark(u"released"_s, number));
+            if (plan.atEnd == ConversionPlan::AtEnd::fails)
+                script.err("no\n").exit(1);
+            else if (plan.atEnd == ConversionPlan::AtEnd::crashes)
+                script.die(SIGKILL);
+            m_queue.setConversion(static_cast<int>(number), script);
+        }
+    }
+
+    void endConversion()
+    {
+        if (!m_reference.isConverting())
+            return;
+        m_log << u"end"_s;
+        QFile file(mark(u"released"_s, m_reference.conversions()));
+        if (!file.open(QIODevice::WriteOnly))
+            qFatal("Cannot release the stand-in tool");
+        m_reference.endConversion();
+    }
+
+    void add()
+    {
+        static const QStringList folders{u"/in/"_s, u"/in/../in/"_s, u"/other/"_s};
+        static const QStringList endings{u".mkv"_s, u".mkv"_s, u".mkv"_s, u".txt"_s};
+        QStringList paths;
+        for (int count = oneOf(m_random, 4); count >= 0; --count)
+            paths << folders[oneOf(m_random, 3)] + QChar(u'a' + oneOf(m_random, 8))
+                         + endings[oneOf(m_random, 4)];
+        m_log << u"add "_s + paths.join(u' ');
+        QList<QUrl> urls;
+        for (const QString &path : std::as_const(paths))
+            urls << QUrl::fromLocalFile(path);
+        m_queue.model().add(urls);
+        m_reference.add(paths);
+        const auto &jobs = m_queue.model().jobs();
+        for (qsizetype row = 0; row < std::min(jobs.size(), m_reference.jobs.size()); ++row) {
+            if (m_reference.jobs[row].id.isNull())
+                m_reference.jobs[row].id = jobs[row].id();
+        }
+    }
+
+    template <typename Action>
+    void applyToSomeJob(const QString &name, const Action &action)
+    {
+        const int row = oneOf(m_random, 10); // an unknown job beyond the last
+        m_log << u"%1 %2"_s.arg(name).arg(row);
+        const bool isThere = row < m_reference.jobs.size();
+        action(isThere ? m_reference.jobs[row].id : QUuid::createUuid());
+    }
+
+    void moveSeveral()
+    {
+        QList<int> rows;
+        for (int count = oneOf(m_random, 4); count > 0; --count)
+            rows << oneOf(m_random, 12) - 1;
+        const int destination = oneOf(m_random, 14) - 1;
+        m_log << u"move several before %1"_s.arg(destination);
+        m_queue.model().moveJobs(rows, destination);
+        m_reference.move(rows, destination);
+    }
+
+    QString settled()
+    {
+        const bool isSettled = becomesTrue([this] {
+            if (!m_reference.isConverting())
+                return !m_queue.model().isConverting();
+            const ReferenceQueue::Job *job = m_reference.convertingJob();
+            return QFile::exists(mark(u"running"_s, m_reference.conversions()))
+                   && (!job || isAsFarAs(*job));
+        });
+        return isSettled ? difference() : u"the batch is elsewhere"_s;
+    }
+
+    bool isAsFarAs(const ReferenceQueue::Job &expected)
+    {
+        const ConversionJob *job = m_queue.model().jobModel()->find(expected.id);
+        return job && job->progress == expected.progress;
+    }
+
+    QString difference()
+    {
+        const ConverterViewModel &model = m_queue.model();
+        if (model.jobs().size() != m_reference.jobs.size())
+            return u"%1 jobs instead of %2"_s.arg(model.jobs().size()).arg(m_reference.jobs.size());
+        for (qsizetype row = 0; row < m_reference.jobs.size(); ++row) {
+            const ConversionJob &job = model.jobs()[row];
+            const ReferenceQueue::Job &expected = m_reference.jobs[row];
+            if (job.id() != expected.id || job.source().toLocalFile() != expected.source)
+                return u"job %1 is another"_s.arg(row);
+            if (job.state != expected.state)
+                return u"job %1 has another state"_s.arg(row);
+            if (job.progress != expected.progress)
+                return u"job %1 has another progress"_s.arg(row);
+        }
+        if (model.isConverting() != m_reference.isConverting())
+            return u"the batch"_s;
+        if (model.completedCount() != m_reference.completedCount())
+            return u"the number of completed jobs"_s;
+        if (model.overallProgress() != m_reference.overallProgress())
+            return u"the overall progress"_s;
+        if (model.alertMessage() != m_reference.alertMessage)
+            return u"the alert"_s;
+        return {};
+    }
+
+    Random &m_random;
+    Queue m_queue;
+    // Ends the program when what views are told does not fit the list.
+    QAbstractItemModelTester m_tester{m_queue.model().jobModel(),
+                                      QAbstractItemModelTester::FailureReportingMode::Fatal};
+    ReferenceQueue m_reference;
+    QByteArrayList m_microseconds; // that each conversion reports
+    qsizetype m_prepared = 0;
+    QStringList m_log;
+};
+
+} // namespace
+
+class RandomEditingTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        bool isGiven = false;
+        m_seed = qEnvironmentVariableIntValue("QUORVALE_TEST_SEED", &isGiven);
+        if (!isGiven)
+            m_seed = static_cast<int>(std::random_device()() & 0x7fffffffU);
+        qInfo("QUORVALE_TEST_SEED=%d", m_seed);
+        // What Qt makes once and keeps is there from now on.
+        Queue queue;
+        queue.setConversions(Script());
+        queue.add({u"a.mkv"_s});
+        QVERIFY(runBatch(queue.model()));
+    }
+
+    void withoutBatches() { tryOut(3000, 25, false); }
+    void withBatches() { tryOut(250, 20, true); }
+
+private:
+    void tryOut(int sequences, int steps, bool mayConvert)
+    {
+        const Leftovers leftovers;
+        qsizetype conversions = 0;
+        for (int sequence = 0; sequence < sequences; ++sequence) {
+            // Each sequence has a seed of its own, so that one alone can be tried again.
+            std::seed_seq seed{m_seed, sequence, int(mayConvert)};
+            Random random(seed);
+            Pair pair(random);
+            QString difference;
+            for (int i = 0; difference.isEmpty() && i < steps; ++i)
+                difference = pair.step(mayConvert);
+            if (difference.isEmpty())
+                difference = pair.end();
+            QVERIFY2(
+                difference.isEmpty(),
+                qPrintable(u"Seed %1, sequence %2: %3 after %4"_s.arg(m_seed).arg(sequence).arg(
+                    difference, pair.log())));
+            conversions += pair.conversions();
+        }
+        QCOMPARE(conversions > 0, mayConvert);
+        qInfo("%d sequences with %lld conversions", sequences, static_cast<long long>(conversions));
+        QCOMPARE(leftovers.found(), QString());
+    }
+
+    int m_seed = 0;
+};
+
+QTEST_GUILESS_MAIN(RandomEditingTest)
+#include "randomediting_test.moc"
