@@ -10,6 +10,11 @@ DropArea {
 
     required property ConverterViewModel model
 
+    // No drag leaves what is gone, as the empty queue's when files come in meanwhile.
+    Component.onDestruction: {
+        if (containsDrag)
+            model.isDropTargeted = false;
+    }
     onEntered: drag => {
         drag.accepted = drag.hasUrls && LocalFiles.areAmong(drag.urls);
         area.model.isDropTargeted = drag.accepted;

@@ -33,6 +33,16 @@ ViewTest {
         }
     }
 
+    Component {
+        id: queues
+
+        QueueView {
+            height: 640
+            model: Bench.model
+            width: 649
+        }
+    }
+
     SignalSpy {
         id: targeted
 
@@ -149,5 +159,14 @@ ViewTest {
         verify(FileDrag.drop());
         tryVerify(() => added().length === 1);
         verify(Bench.model.isConverting);
+    }
+
+    function test_hoverEndsWithTheEmptyQueue() {
+        show(queues);
+        verify(FileDrag.enter(view, 300, 300, ["file:///in/a.mp4"]));
+        verify(Bench.model.isDropTargeted);
+        Bench.queue(["b.mp4"]);
+        tryVerify(() => !Bench.model.isDropTargeted);
+        FileDrag.leave();
     }
 }
