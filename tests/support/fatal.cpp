@@ -23,8 +23,8 @@ bool stopsTheProgram(const std::function<void()> &action)
     if (child == 0) {
         const rlimit noCore{0, 0};
         ::setrlimit(RLIMIT_CORE, &noCore);
-        std::freopen("/dev/null", "w", stderr);
-        std::freopen("/dev/null", "w", stdout);
+        if (!std::freopen("/dev/null", "w", stderr) || !std::freopen("/dev/null", "w", stdout))
+            ::_exit(1);
         std::signal(SIGABRT, SIG_DFL);
         qInstallMessageHandler(nullptr);
         action();
