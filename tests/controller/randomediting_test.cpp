@@ -229,7 +229,17 @@ private:
             return QFile::exists(mark(u"running"_s, m_reference.conversions()))
                    && (!job || isAsFarAs(*job));
         });
-        return isSettled ? difference() : u"the batch is elsewhere"_s;
+        if (isSettled)
+            return difference();
+        const qsizetype number = m_reference.conversions();
+        const auto running = [](bool isRunning) {
+            return isRunning ? u"running"_s : u"ended"_s;
+        };
+        return u"the batch is %1 instead of %2 at conversion %3, whose tool %4, planned as %5,"_s
+            .arg(running(m_queue.model().isConverting()), running(m_reference.isConverting()))
+            .arg(number)
+            .arg(QFile::exists(mark(u"running"_s, number)) ? u"has begun"_s : u"has not begun"_s)
+            .arg(number > 0 ? static_cast<int>(m_reference.plans[number - 1].atInterrupt) : -1);
     }
 
     bool isAsFarAs(const ReferenceQueue::Job &expected)

@@ -172,8 +172,8 @@ private Q_SLOTS:
             << Script().errRepeatedly(100'000'000, "x").err("\nno\n").exit(1)
             << Message(QString(16'384, u'x') + u"\nno"_s);
         QTest::newRow("a complaint of 1 GB")
-            << Script().errRepeatedly(20'000'000, QByteArray(50, '-') + '\n').err("no\n").exit(1)
-            << Message((QString(50, u'-') + u'\n').repeated(7) + u"no"_s);
+            << Script().errRepeatedly(100'000, QByteArray(9'999, '-') + '\n').err("no\n").exit(1)
+            << Message((QString(9'999, u'-') + u'\n').repeated(7) + u"no"_s);
         QTest::newRow("closes its streams at once")
             << Script().closeOut().closeErr().wait(50).exit(3) << general;
         QTest::newRow("leaves a process behind that holds its streams")

@@ -118,6 +118,12 @@ QList<QList<QByteArray>> StandInTools::runs(const QString &tool) const
     return runs;
 }
 
+void StandInTools::forgetRuns()
+{
+    for (const QString &tool : {u"ffmpeg"_s, u"ffprobe"_s})
+        QFile::remove(path(tool + u".arguments"_s));
+}
+
 int StandInTools::countedInterrupts(const QString &tool) const
 {
     return read(path(tool + u".interrupts"_s)).toInt();

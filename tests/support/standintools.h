@@ -75,6 +75,10 @@ public:
     /// The arguments of every run of `tool` so far, byte for byte.
     QList<QList<QByteArray>> runs(const QString &tool) const;
 
+    /// Counts the runs of both tools anew. For thousands of runs, which would get slower and
+    /// slower.
+    void forgetRuns();
+
     /// How many SIGINTs the last run of `tool` counted.
     int countedInterrupts(const QString &tool) const;
 
