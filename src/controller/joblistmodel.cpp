@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <span>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -35,6 +36,19 @@ int countCompleted(std::span<const ConversionJob> jobs)
 {
     return static_cast<int>(std::ranges::count_if(
         jobs, [](const ConversionJob &job) { return job.state.is(JobState::Case::completed); }));
+}
+
+// How many runs of neighbours there are for which `isUnwanted` is true.
+qsizetype countRuns(const QList<ConversionJob> &jobs,
+                    const std::function<bool(const ConversionJob &)> &isUnwanted)
+{
+    qsizetype runs = 0;
+    bool isInRun = false;
+    for (const ConversionJob &job : jobs) {
+        const bool wasInRun = std::exchange(isInRun, isUnwanted(job));
+        runs += isInRun && !wasInRun ? 1 : 0;
+    }
+    return runs;
 }
 
 } // namespace
@@ -77,6 +91,23 @@ void JobListModel::append(const QList<ConversionJob> &jobs)
 
 void JobListModel::removeIf(const std::function<bool(const ConversionJob &)> &isUnwanted)
 {
+    // Every run that goes moves all jobs behind it and is followed by the views. For very many runs
+    // it is far quicker to show the list anew.
+    constexpr qsizetype mostRuns = 1000;
+    if (countRuns(m_jobs, isUnwanted) > mostRuns) {
+        beginResetModel();
+        m_jobs.removeIf(isUnwanted);
+        m_completedCount = countCompleted(m_jobs);
+        forgetRows();
+        endResetModel();
+    } else {
+        removeRunsIf(isUnwanted);
+    }
+    Q_EMIT changed();
+}
+
+void JobListModel::removeRunsIf(const std::function<bool(const ConversionJob &)> &isUnwanted)
+{
     // From the end, run by run, so that neither rows yet to be seen nor views' rows shift early.
     qsizetype end = m_jobs.size();
     while (end > 0) {
@@ -87,7 +118,6 @@ void JobListModel::removeIf(const std::function<bool(const ConversionJob &)> &is
             removeRun(first, end - first);
         end = first - 1;
     }
-    Q_EMIT changed();
 }
 
 void JobListModel::remove(const QUuid &id)

@@ -51,7 +51,8 @@ public:
 
     void append(const QList<ConversionJob> &jobs);
 
-    /// Removes every job for which `isUnwanted` is true, keeping the order of the others.
+    /// Removes every job for which `isUnwanted` is true, keeping the order of the others. Views see
+    /// one removal for each run of neighbouring rows, or a reset when there are very many.
     void removeIf(const std::function<bool(const ConversionJob &)> &isUnwanted);
     void remove(const QUuid &id);
 
@@ -75,6 +76,7 @@ Q_SIGNALS:
     void changed();
 
 private:
+    void removeRunsIf(const std::function<bool(const ConversionJob &)> &isUnwanted);
     void removeRun(qsizetype first, qsizetype count);
     bool moveRun(qsizetype first, qsizetype count, qsizetype destination);
     void forgetRows() { m_knowsRows = false; }
