@@ -26,8 +26,8 @@ struct Outcome
     bool operator==(const Outcome &) const = default;
 };
 
-// Reads the stream as a conversion does, as ffmpeg's progress and as its complaints, when it arrives
-// in pieces of so many bytes.
+// Reads the stream as a conversion does, as ffmpeg's progress and as its complaints, when it
+// arrives in pieces of so many bytes.
 Outcome read(QByteArrayView stream, qsizetype pieceSize, double duration)
 {
     Outcome outcome;
