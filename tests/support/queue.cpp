@@ -4,7 +4,7 @@
 #include "queue.h"
 
 #include <QFile>
-#include <QTest>
+#include <QSignalSpy>
 
 using namespace Qt::StringLiterals;
 
@@ -49,10 +49,14 @@ void Queue::release() const
         qFatal("Cannot release the stand-in tool");
 }
 
-bool runBatch(ConverterViewModel &model)
+bool runBatch(ConverterViewModel &model, int patience)
 {
+    QSignalSpy changes(&model, &ConverterViewModel::isConvertingChanged);
     model.start();
-    return QTest::qWaitFor([&] { return !model.isConverting(); }, 60'000);
+    bool isInTime = true;
+    while (model.isConverting() && isInTime)
+        isInTime = changes.wait(patience);
+    return isInTime;
 }
 
 } // namespace quorvale::test

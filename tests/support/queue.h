@@ -61,7 +61,8 @@ private:
     std::shared_ptr<ConverterViewModel> m_model;
 };
 
-/// Converts and waits for the batch's end. False when it does not end in time.
-bool runBatch(ConverterViewModel &model);
+/// Converts and waits for the batch's end. False when it does not end within `patience`
+/// milliseconds.
+bool runBatch(ConverterViewModel &model, int patience = 60'000);
 
 } // namespace quorvale::test
