@@ -9,6 +9,8 @@
 #include <QCoreApplication>
 #include <QCoroFuture>
 
+#include <atomic>
+
 using namespace Qt::StringLiterals;
 
 // The part of the controller that turns the queue into output files.
@@ -87,9 +89,17 @@ QList<QUuid> ConverterViewModel::unfinishedJobs() const
 
 FFmpegService::ProgressHandler ConverterViewModel::progressHandler(const QUuid &id)
 {
+    // ffmpeg reports twice a second. What a tool that has gone wild reports beyond this many
+    // values, before the main thread has come to them, is dropped rather than kept.
+    constexpr int mostUndelivered = 100'000;
+    const auto undelivered = std::make_shared<std::atomic<int>>(0);
     // The value is posted to the application, which outlives the controller that it is meant for.
-    return [weak = weak_from_this(), id](double progress) {
-        const auto deliver = [weak, id, progress] {
+    return [weak = weak_from_this(), id, undelivered](double progress) {
+        if (*undelivered >= mostUndelivered)
+            return;
+        ++*undelivered;
+        const auto deliver = [weak, id, undelivered, progress] {
+            --*undelivered;
             if (const auto controller = weak.lock())
                 controller->setProgress(id, progress);
         };
