@@ -207,6 +207,39 @@ private Q_SLOTS:
         QCOMPARE(m_queue->state(2), completed);
     }
 
+    void progressThatComesFasterThanItIsShownDoesNotPileUp()
+    {
+        const QString end = m_queue->tools().path(u"flooded"_s);
+        m_queue->setConversion(2, Script()
+                                      .outRepeatedly(2'000'000, "out_time_ms=5000000\n")
+                                      .touch(end)
+                                      .out("progress=end\n"));
+        const qint64 before = residentMemory();
+        qint64 grown = 0;
+        connect(m_queue->model().jobModel(), &JobListModel::changed, this, [&] {
+            // The main thread is busy until the flood is over.
+            if (grown == 0 && m_queue->job(1).progress == 0.5) {
+                while (!QFile::exists(end))
+                    QTest::qSleep(1);
+                grown = residentMemory() - before;
+            }
+        });
+        QVERIFY(runBatch(m_queue->model()));
+        QVERIFY(grown != 0);
+        QVERIFY2(grown < 100 * mebibyte, qPrintable(QString::number(grown / mebibyte)));
+        verifyAllCompleted();
+    }
+
+    void aProcessLeftBehindThatFloodsTheStreamsDoesNotHoldTheBatch()
+    {
+        m_queue->setConversion(2, Script().leaveFloodingGrandchild(5000).exit(0));
+        QElapsedTimer timer;
+        timer.start();
+        QVERIFY(runBatch(m_queue->model()));
+        QVERIFY2(timer.elapsed() < 4000, qPrintable(QString::number(timer.elapsed())));
+        verifyAllCompleted();
+    }
+
     void ffmpegThatCrashesEndsTheBatch_data()
     {
         QTest::addColumn<int>("signal");

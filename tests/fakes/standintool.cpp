@@ -22,6 +22,7 @@
 //   catch-interrupt STATUS              exit with STATUS at a SIGINT
 //   count-interrupts                    survive SIGINTs and count them
 //   leave-grandchild MILLISECONDS       leave a process behind that keeps both streams open
+//   leave-flooding-grandchild MILLISECONDS  the same, which writes to both all the time
 //   die SIGNAL                          end by a signal
 //   exit STATUS                         end
 //
@@ -182,6 +183,15 @@ void follow(std::istream &script, const std::string &tool, const std::string &la
             const Milliseconds life(number());
             if (::fork() == 0) {
                 std::this_thread::sleep_for(life);
+                _exit(0);
+            }
+        } else if (command == "leave-flooding-grandchild") {
+            const auto end = std::chrono::steady_clock::now() + Milliseconds(number());
+            if (::fork() == 0) {
+                while (std::chrono::steady_clock::now() < end) {
+                    writeAll(STDOUT_FILENO, std::string(4096, 'x'));
+                    writeAll(STDERR_FILENO, std::string(4096, 'x'));
+                }
                 _exit(0);
             }
         } else if (command == "die") {

@@ -28,6 +28,10 @@ public:
     Script &catchInterrupt(int status) { return add("catch-interrupt", status); }
     Script &countInterrupts() { return add("count-interrupts"); }
     Script &leaveGrandchild(int milliseconds) { return add("leave-grandchild", milliseconds); }
+    Script &leaveFloodingGrandchild(int milliseconds)
+    {
+        return add("leave-flooding-grandchild", milliseconds);
+    }
     Script &die(int signal) { return add("die", signal); }
     Script &exit(int status) { return add("exit", status); }
 
