@@ -5,6 +5,8 @@
 
 #include <QTest>
 
+#include <limits>
+
 using namespace quorvale;
 
 using Bitrate = std::optional<qint64>;
@@ -80,6 +82,45 @@ private Q_SLOTS:
             R"({"codec_type": "audio", "bit_rate": "-9223372036854775808"})", 9223372036854775807);
         row("difference beyond 64 bits, small", R"(, "bit_rate": "-9223372036854775808")",
             R"({"codec_type": "audio", "bit_rate": "9223372036854775807"})", 250000);
+        row("the last of a hundred streams", total,
+            QByteArray(R"({"codec_type": "audio"}, )").repeated(99)
+                + R"({"codec_type": "video", "bit_rate": "1000000"})",
+            1000000);
+        row("the largest own bitrate", total,
+            R"({"codec_type": "video", "bit_rate": "9223372036854775807"})", 9223372036854775807);
+        row("the smallest own bitrate", total,
+            R"({"codec_type": "video", "bit_rate": "-9223372036854775808"})",
+            std::numeric_limits<qint64>::min());
+        row("an own bitrate below 64 bits", total,
+            R"({"codec_type": "video", "bit_rate": "-9223372036854775809"})", 4808000);
+        row("an own bitrate of a thousand digits", total,
+            R"({"codec_type": "video", "bit_rate": ")" + QByteArray(1000, '9') + R"("})", 4808000);
+        row("the largest container bitrate", R"(, "bit_rate": "9223372036854775807")", "",
+            9223372036854583807);
+        row("the smallest container bitrate", R"(, "bit_rate": "-9223372036854775808")", "",
+            250000);
+        row("a container bitrate beyond 64 bits", R"(, "bit_rate": "9223372036854775808")", "", {});
+        row("an audio bitrate beyond 64 bits", total,
+            R"({"codec_type": "audio", "bit_rate": "9223372036854775808"})", 4808000);
+        row("an audio bitrate above the container's", total,
+            R"({"codec_type": "audio", "bit_rate": "9223372036854775807"})", 250000);
+        row("an empty audio bitrate", total, R"({"codec_type": "audio", "bit_rate": ""})", 4808000);
+        row("an audio bitrate that is no string", total,
+            R"({"codec_type": "audio", "bit_rate": {"x": 1}})", 4808000);
+        row("types of every other kind", total,
+            R"({"codec_type": null}, {"codec_type": ["video"], "bit_rate": "1"},
+               {"codec_type": {"video": "video"}}, {"codec_type": true}, {})",
+            4808000);
+        row("an own bitrate of every other kind counts as none", total,
+            R"({"codec_type": "video", "bit_rate": ["1"]})", 4808000);
+        row("a stream that is null, so none count", total,
+            R"({"codec_type": "video", "bit_rate": "1"}, null)", 4808000);
+        row("other things beside, deeply nested",
+            total + ", \"x\": " + QByteArray(500, '[') + "1.5e3" + QByteArray(500, ']'),
+            R"({"codec_type": "video", "bit_rate": "1000000", "tags": {"a": {"b": null}}})",
+            1000000);
+        QTest::newRow("streams are null")
+            << QByteArray(R"({"streams": null, "format": {"duration": "10.0"}})") << Bitrate();
         QTest::newRow("no streams")
             << QByteArray(R"({"format": {"duration": "10.0", "bit_rate": "5000000"}})")
             << Bitrate(4808000);
@@ -115,6 +156,14 @@ private Q_SLOTS:
                                  R"({"format": {"duration": null}})",
                                  R"({"format": {"duration": "N/A"}})",
                                  R"({"format": {"duration": ""}})",
+                                 R"({"format": {"duration": "1e400"}})",
+                                 R"({"format": {"duration": "1 "}})",
+                                 R"({"format": {"duration": ["1"]}})",
+                                 R"({"format": {"duration": true}})",
+                                 R"({"Format": {"duration": "1"}})",
+                                 R"({"format": {"Duration": "1"}})",
+                                 R"([{"format": {"duration": "1"}}])",
+                                 R"("format")",
                                  R"({"format": {"duration": " 10"}})",
                                  R"({"format": {"duration": "10s"}})",
                                  R"({"format": {"duration": "10,5"}})",

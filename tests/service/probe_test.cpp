@@ -3,6 +3,7 @@
 
 #include "service/ffmpegservice.h"
 #include "support/conversion.h"
+#include "support/fatal.h"
 #include "support/standintools.h"
 
 #include <QTest>
@@ -26,10 +27,10 @@ struct Learned
     QList<double> progress;
 };
 
-Learned convertOnce(const StandInTools &tools)
+Learned convertOnce(const StandInTools &tools, EncodingGoal goal = EncodingGoal::sameSize)
 {
     ConversionSettings settings;
-    settings.goal = EncodingGoal::sameSize;
+    settings.goal = goal;
     FFmpegService service;
     ProgressLog progress;
     const QUrl destination = QUrl::fromLocalFile(tools.path(u"out/clip_converted.mp4"_s));
@@ -146,6 +147,40 @@ private Q_SLOTS:
         tools.setScript(u"ffmpeg"_s, 1, banner());
         tools.setScript(u"ffmpeg"_s, 2, conversion());
         QCOMPARE(convertOnce(tools).progress, (QList<double>{0.25, 1.0}));
+    }
+
+    void bitratesThatCannotBeDoubledStopTheProgram_data()
+    {
+        QTest::addColumn<EncodingGoal>("goal");
+        QTest::addColumn<QByteArray>("bitrate");
+        QTest::addColumn<bool>("stops");
+        const auto row = [](const char *name, EncodingGoal goal, const QByteArray &bitrate,
+                            bool stops) {
+            QTest::newRow(name) << goal << bitrate << stops;
+        };
+        // The buffer is twice the target, which is the source's or 1.6 times as much.
+        row("same size", EncodingGoal::sameSize, "4611686018427387903", false);
+        row("same size, beyond", EncodingGoal::sameSize, "4611686018427387904", true);
+        row("same size, the largest", EncodingGoal::sameSize, "9223372036854775807", true);
+        row("same size, the smallest", EncodingGoal::sameSize, "-9223372036854775808", false);
+        row("balanced", EncodingGoal::balanced, "2882303761517000000", false);
+        row("balanced, beyond", EncodingGoal::balanced, "2882303761518000000", true);
+        row("balanced, the smallest", EncodingGoal::balanced, "-9223372036854775808", true);
+        row("quality asks for no bitrate", EncodingGoal::constantQuality, "9223372036854775807",
+            false);
+    }
+    void bitratesThatCannotBeDoubledStopTheProgram()
+    {
+        QFETCH(const EncodingGoal, goal);
+        QFETCH(const QByteArray, bitrate);
+        QFETCH(const bool, stops);
+        StandInTools tools;
+        tools.setScript(u"ffmpeg"_s, conversion());
+        tools.setScript(u"ffprobe"_s, Script().out(R"({"format": {"duration": "10"}, "streams":
+            [{"codec_type": "video", "bit_rate": ")"
+                                                   + bitrate + R"("}]})"));
+        QCOMPARE(stopsTheProgram([&] { convertOnce(tools, goal); }), stops);
+        QCOMPARE(tools.runs(u"ffmpeg"_s).size(), stops ? 0 : 1);
     }
 
     void convertsAllTheSameWhenNothingIsKnown()
