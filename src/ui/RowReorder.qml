@@ -85,10 +85,24 @@ Item {
     function finish() {
         const first = from;
         const last = to;
+        const gap = view.itemAtIndex(last);
+        const top = gap ? gap.y + (last > first ? gap.height - rowHeight : 0) - view.contentY : 0;
         glides = false;
         abandon();
-        if (first >= 0 && first !== last)
-            moved(first, last > first ? last + 1 : last);
+        if (first < 0 || first === last)
+            return;
+        moved(first, last > first ? last + 1 : last);
+        // The list keeps its first row in sight where it is, the user looks at the gap.
+        view.forceLayout();
+        const row = view.itemAtIndex(last);
+        if (gap && row)
+            scrollTo(row.y - top);
+    }
+
+    function scrollTo(y: real) {
+        const first = view.originY - view.topMargin;
+        const last = view.originY + view.contentHeight + view.bottomMargin - view.height;
+        view.contentY = Math.max(first, Math.min(last, y));
     }
 
     onEnabledChanged: {
@@ -150,12 +164,8 @@ Item {
         repeat: true
         running: reorder.isActive && edgeScroll.speed !== 0
         onTriggered: {
-            const view = reorder.view;
-            const first = view.originY - view.topMargin;
-            const last = Math.max(first, view.originY + view.contentHeight + view.bottomMargin
-                                         - view.height);
             const step = Math.max(-24, Math.min(24, edgeScroll.speed / 2));
-            view.contentY = Math.max(first, Math.min(last, view.contentY + step));
+            reorder.scrollTo(reorder.view.contentY + step);
             reorder.follow();
         }
     }
