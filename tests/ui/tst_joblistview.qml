@@ -114,6 +114,28 @@ ViewTest {
         verify(!(focusItem() instanceof SymbolButton));
     }
 
+    function test_tabPassesByWhatWasRemoved() {
+        showRows(4);
+        keyClick(Qt.Key_Down);
+        Bench.model.remove(list().currentItem.jobId);
+        settle();
+        const current = list().currentItem;
+        compare(current.fileName, "clip3.mov");
+        current.forceActiveFocus(Qt.TabFocusReason);
+        for (let i = 0; i < 3; ++i) {
+            keyClick(Qt.Key_Tab);
+            verify(all(current, SymbolButton).includes(focusItem()));
+        }
+        for (let i = 0; i < 3; ++i)
+            keyClick(Qt.Key_Backtab, Qt.ShiftModifier);
+        verify(current.activeFocus);
+        for (let i = 0; i < 5; ++i) {
+            keyClick(Qt.Key_Backtab, Qt.ShiftModifier);
+            for (let item = focusItem(); item; item = item.parent)
+                verify(!(item instanceof JobRow) || item === current, item.fileName);
+        }
+    }
+
     function test_arrowsFromAButton() {
         showRows(5);
         keyClick(Qt.Key_Tab);

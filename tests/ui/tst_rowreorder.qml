@@ -138,7 +138,7 @@ ViewTest {
         letGo();
         compare(names(), [2, 1, 3, 4, 5]);
         // At once: nothing jumps and comes back.
-        compare([2, 1, 3, 4, 5].map(shownTop), tops);
+        [2, 1, 3, 4, 5].forEach((number, i) => fuzzyCompare(shownTop(number), tops[i], 0.51));
     }
 
     function test_thePictureFollowsThePointer() {

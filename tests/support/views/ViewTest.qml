@@ -57,7 +57,7 @@ TestCase {
     /// Waits until everything stands where it belongs.
     function settle() {
         wait(0);
-        waitForRendering(test.Window.window.contentItem, 20);
+        Pixels.layOut(test.Window.window.contentItem);
     }
 
     /// The shown items of the type below the item, outermost first, that pass the check.

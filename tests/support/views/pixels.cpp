@@ -4,7 +4,6 @@
 #include "pixels.h"
 
 #include <QHash>
-#include <QQuickWindow>
 
 #include <algorithm>
 #include <cmath>

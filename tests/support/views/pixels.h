@@ -7,6 +7,7 @@
 #include <QImage>
 #include <QObject>
 #include <QQuickItem>
+#include <QQuickWindow>
 #include <QtQmlIntegration>
 
 namespace quorvale::test {
@@ -20,6 +21,9 @@ class Pixels : public QObject
 
 public:
     using QObject::QObject;
+
+    /// Lays out and draws the item's window now instead of with its next frame.
+    Q_INVOKABLE static void layOut(QQuickItem *item) { item->window()->grabWindow(); }
 
     /// The colour that the window shows at a place of the item.
     Q_INVOKABLE static QColor at(QQuickItem *item, qreal x, qreal y);
