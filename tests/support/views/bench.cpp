@@ -10,6 +10,7 @@
 #include <QPalette>
 #include <QQmlEngine>
 #include <QTest>
+#include <QWindow>
 
 #include <algorithm>
 #include <csignal>
@@ -80,6 +81,12 @@ QStringList Bench::fileNames() const
     for (const ConversionJob &job : m_queue->model().jobs())
         sources << job.source();
     return test::fileNames(sources);
+}
+
+int Bench::windowCount() const
+{
+    return static_cast<int>(
+        std::ranges::count_if(QGuiApplication::topLevelWindows(), &QWindow::isVisible));
 }
 
 bool Bench::isDark() const

@@ -27,6 +27,8 @@ class Bench : public QObject
     Q_PROPERTY(QStringList revealedFolders READ revealedFolders)
     /// The file names of the jobs, in order.
     Q_PROPERTY(QStringList fileNames READ fileNames)
+    /// How many windows are shown.
+    Q_PROPERTY(int windowCount READ windowCount)
     /// The colours of the desktop.
     Q_PROPERTY(bool isDark READ isDark WRITE setDark)
 
@@ -38,6 +40,7 @@ public:
     QStringList openedPanels();
     QStringList revealedFolders() const;
     QStringList fileNames() const;
+    int windowCount() const;
     bool isDark() const;
     void setDark(bool isDark);
 

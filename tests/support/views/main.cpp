@@ -4,9 +4,11 @@
 // Runs the Qt Quick test given by -input. Every warning is a failure, be it of the engine or of Qt,
 // during a test or between two.
 
+#include <QGuiApplication>
 #include <QQmlEngine>
 #include <QQmlExtensionPlugin>
 #include <QQuickWindow>
+#include <QStyleHints>
 #include <QtQuickTest>
 
 #include <cstdio>
@@ -39,6 +41,8 @@ public Q_SLOTS:
     {
         // Without the graphics driver, which may have remarks of its own.
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+        // As on every desktop.
+        QGuiApplication::styleHints()->setUseHoverEffects(true);
     }
 
     void qmlEngineAvailable(QQmlEngine *engine)

@@ -1,0 +1,129 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import Quorvale
+import Quorvale.Style
+import Quorvale.Testing
+
+ViewTest {
+    id: test
+
+    name: "ContentView"
+
+    Component {
+        id: views
+
+        ContentView {
+            height: 640
+            model: Bench.model
+            width: 960
+        }
+    }
+
+    function divider() {
+        return one(view, Rectangle, item => item.parent === view && item.width === 1);
+    }
+
+    function test_measures_data() {
+        return [
+            {"tag": "least", "width": 960, "height": 640},
+            {"tag": "large", "width": 1600, "height": 1000},
+        ];
+    }
+
+    function test_measures(data) {
+        show(views, {"width": data.width, "height": data.height});
+        compareArea(one(view, SettingsSidebar), 0, 0, 310, data.height);
+        compareArea(divider(), 310, 0, 1, data.height);
+        compareArea(one(view, QueueView), 311, 0, data.width - 311, data.height);
+    }
+
+    function test_divider() {
+        show(views);
+        compare(divider().opacity, 0.55);
+        inBothSchemes(() => {
+            compare(divider().color, Theme.current.separator);
+            const shown = Pixels.at(divider(), 0, 300);
+            const ground = Theme.current.window;
+            fuzzyCompare(shown.g, ground.g + (divider().color.g - ground.g) * 0.55, 0.01);
+        });
+    }
+
+    function test_allShowTheSameController() {
+        show(views);
+        compare(one(view, SettingsSidebar).model, Bench.model);
+        compare(one(view, QueueView).model, Bench.model);
+        compare(one(view, FileMenuBar).model, Bench.model);
+    }
+
+    function test_alert() {
+        show(views);
+        Bench.queue(["a.mp4"]);
+        mouseClick(one(view, ProminentButton, button => button.text === "Convert 1 Video"));
+        const message = Bench.model.alertMessage;
+        verify(message !== "");
+        tryVerify(() => texts(overlay).length === 3);
+        compare(texts(overlay), ["Quorvale", message, "OK"]);
+        keyClick(Qt.Key_Escape);
+        tryVerify(() => texts(overlay).length === 0);
+        compare(Bench.model.alertMessage, "");
+    }
+
+    function test_shortcuts() {
+        show(views);
+        keyClick(Qt.Key_O, Qt.ControlModifier);
+        tryVerify(() => Bench.openedPanels.length === 1);
+        keyClick(Qt.Key_O, Qt.ControlModifier | Qt.ShiftModifier);
+        tryVerify(() => Bench.openedPanels.length === 2);
+        compare(Bench.openedPanels, ["Choose videos to convert", "Choose a folder of videos"]);
+    }
+
+    function test_tabGoesRoundEverything() {
+        Bench.queue(["a.mp4"]);
+        show(views);
+        const start = one(view, PlainButton, button => button.text === "File");
+        start.forceActiveFocus(Qt.TabFocusReason);
+        const seen = [];
+        do {
+            seen.push(test.Window.window.activeFocusItem.Accessible.name);
+            keyClick(Qt.Key_Tab);
+        } while (!start.activeFocus && seen.length < 40);
+        compare(seen, [
+            "File", "H.264", "H.265 (HEVC)", "ProRes 422", "ProRes 422 HQ", "ProRes 4444",
+            "Encoding goal", "Apple media engine", "Audio", "Folder", "Add Videos", "a.mp4", "Move up",
+            "Move down", "Remove from queue", "Save to Choose destination\u2026", "Convert 1 Video",
+        ]);
+    }
+
+    function test_aWholeConversion() {
+        show(views);
+        Bench.answer(["/in/a.mp4", "/in/b.mp4"]);
+        mouseClick(one(view, BorderedButton, button => button.text === "Choose Videos"));
+        tryVerify(() => shows(view, "2 videos \u00b7 0 complete"));
+        Bench.chooseRealDestination();
+        Bench.willComplete();
+        Bench.willStayAt([0.5]);
+        settle();
+        mouseClick(one(view, ProminentButton, button => button.text === "Convert 2 Videos"));
+        tryVerify(() => shows(view, "Converting") && shows(view, "Complete"));
+        verify(shows(view, "2 videos \u00b7 1 complete"));
+        tryVerify(() => Bench.model.overallProgress === 0.75);
+        settle();
+        mouseClick(one(view, BorderedButton, button => button.text === "Cancel"));
+        tryVerify(() => shows(view, "Cancelled"));
+        verify(shows(view, "Convert 1 Videos"));
+    }
+
+    function test_readableInBothSchemes() {
+        show(views);
+        inBothSchemes(() => verifyContrast(view));
+        Bench.queue(["a.mp4", "b.mp4", "c.mp4"]);
+        Bench.chooseRealDestination();
+        Bench.willComplete();
+        Bench.willFail("No.");
+        Bench.willStayAt([0.5]);
+        verify(Bench.convert());
+        inBothSchemes(() => verifyContrast(view));
+    }
+}

@@ -1,0 +1,168 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import Quorvale
+import Quorvale.Style
+import Quorvale.Testing
+
+ViewTest {
+    id: test
+
+    name: "FileMenu"
+
+    Component {
+        id: bars
+
+        Rectangle {
+            color: Theme.sidebarStart
+            height: 300
+            width: 310
+
+            FileMenuBar {
+                model: Bench.model
+                width: parent.width
+            }
+        }
+    }
+
+    function fileButton() {
+        return one(view, PlainButton);
+    }
+
+    function entries() {
+        return all(overlay, DropMenuItem);
+    }
+
+    function open() {
+        mouseClick(fileButton());
+        tryVerify(() => entries().length > 0);
+        settle();
+    }
+
+    function convert() {
+        Bench.queue(["a.mp4"]);
+        Bench.chooseRealDestination();
+        Bench.willStayAt([0.5]);
+        verify(Bench.convert());
+    }
+
+    function test_isClosedAtFirst() {
+        show(bars);
+        compare(texts(view), ["File"]);
+        compare(entries(), []);
+    }
+
+    function test_entries() {
+        show(bars);
+        open();
+        compare(entries().map(entry => entry.text), ["Add Videos\u2026", "Add Folder\u2026", "Quit"]);
+        compare(texts(overlay), ["Add Videos\u2026", "Ctrl+O", "Add Folder\u2026", "Ctrl+Shift+O", "Quit", "Ctrl+Q"]);
+        // What adds stands apart from what ends.
+        compare(all(overlay, DropMenuSeparator).length, 1);
+        for (const entry of entries())
+            verify(entry.enabled);
+    }
+
+    function test_entriesOpenOnePanelEach_data() {
+        return [
+            {"tag": "Add Videos\u2026", "index": 0, "panel": "Choose videos to convert"},
+            {"tag": "Add Folder\u2026", "index": 1, "panel": "Choose a folder of videos"},
+        ];
+    }
+
+    function test_entriesOpenOnePanelEach(data) {
+        show(bars);
+        open();
+        mouseClick(entries()[data.index]);
+        tryVerify(() => Bench.openedPanels.length > 0);
+        wait(0);
+        compare(Bench.openedPanels, [data.panel]);
+        tryVerify(() => entries().length === 0);
+    }
+
+    function test_entriesByKeyboard() {
+        show(bars);
+        fileButton().forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Return);
+        tryVerify(() => entries().length === 3);
+        keyClick(Qt.Key_Down);
+        keyClick(Qt.Key_Down);
+        keyClick(Qt.Key_Return);
+        tryVerify(() => Bench.openedPanels.length > 0);
+        compare(Bench.openedPanels, ["Choose a folder of videos"]);
+    }
+
+    function test_shortcuts_data() {
+        const data = [];
+        for (const isConverting of [false, true]) {
+            const when = isConverting ? " while converting" : "";
+            data.push({"tag": "Ctrl+O" + when, "modifiers": Qt.ControlModifier,
+                       "panel": "Choose videos to convert", "isConverting": isConverting});
+            data.push({"tag": "Ctrl+Shift+O" + when, "modifiers": Qt.ControlModifier | Qt.ShiftModifier,
+                       "panel": "Choose a folder of videos", "isConverting": isConverting});
+        }
+        return data;
+    }
+
+    function test_shortcuts(data) {
+        show(bars);
+        if (data.isConverting)
+            convert();
+        Bench.answer(["/in/new.mp4"]);
+        keyClick(Qt.Key_O, data.modifiers);
+        tryVerify(() => Bench.openedPanels.length > 0);
+        wait(0);
+        compare(Bench.openedPanels, [data.panel]);
+        verify(Bench.fileNames.includes("new.mp4"));
+        compare(Bench.model.isConverting, data.isConverting);
+    }
+
+    function test_shortcutsWorkAgainAndAgain() {
+        show(bars);
+        open();
+        keyClick(Qt.Key_Escape);
+        tryVerify(() => entries().length === 0);
+        for (let i = 1; i <= 3; ++i) {
+            keyClick(Qt.Key_O, Qt.ControlModifier);
+            tryVerify(() => Bench.openedPanels.length === i);
+        }
+    }
+
+    function test_noOtherShortcutOpensAPanel() {
+        show(bars);
+        keyClick(Qt.Key_N, Qt.ControlModifier);
+        keyClick(Qt.Key_O);
+        keyClick(Qt.Key_O, Qt.AltModifier);
+        keyClick(Qt.Key_N, Qt.ControlModifier | Qt.ShiftModifier);
+        wait(20);
+        compare(Bench.openedPanels, []);
+        compare(Bench.windowCount, 1);
+    }
+
+    function test_openingAndClosing() {
+        show(bars);
+        open();
+        mouseClick(fileButton());
+        tryVerify(() => entries().length === 0);
+        keyClick(Qt.Key_F, Qt.AltModifier);
+        tryVerify(() => entries().length === 3);
+        keyClick(Qt.Key_Escape);
+        tryVerify(() => entries().length === 0);
+        keyClick(Qt.Key_F10);
+        tryVerify(() => entries().length === 3);
+        mouseClick(view, 290, 280);
+        tryVerify(() => entries().length === 0);
+    }
+
+    function test_readableInBothSchemes() {
+        show(bars);
+        inBothSchemes(() => verifyContrast(view));
+        open();
+        inBothSchemes(() => verifyContrast(overlay));
+        mouseMove(entries()[0], 20, 10);
+        mouseMove(entries()[0], 22, 12);
+        tryVerify(() => entries()[0].highlighted);
+        inBothSchemes(() => verifyContrast(overlay));
+    }
+}
