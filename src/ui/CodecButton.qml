@@ -3,6 +3,7 @@
 
 import QtQuick
 import QtQuick.Layouts
+import QtQuick.Templates as T
 import Quorvale
 import Quorvale.Style
 
@@ -29,22 +30,26 @@ FocusScope {
     signal action
 
     implicitHeight: 34
-    implicitWidth: button.implicitWidth
+    implicitWidth: button.implicitContentWidth + button.leftPadding + button.rightPadding
 
-    PlainButton {
+    // A control's own type is what it is read out as; Qt takes no other role for it.
+    T.RadioButton {
         id: button
 
-        Accessible.checkable: true
-        Accessible.checked: root.selected
-        Accessible.role: Accessible.RadioButton
+        readonly property real cornerRadius: 9
+
+        Accessible.name: text
         anchors.fill: parent
+        checked: root.selected
         focus: true
-        cornerRadius: 9
+        focusPolicy: Qt.StrongFocus
         leftPadding: 12
         rightPadding: 12
-        scheme: Theme.dark
         text: root.label
         onClicked: root.action()
+
+        Keys.onEnterPressed: button.clicked()
+        Keys.onReturnPressed: button.clicked()
 
         background: SmoothRectangle {
             color: root.selected ? Qt.alpha(Theme.white, 0.11)
@@ -54,7 +59,7 @@ FocusScope {
             FocusRing {
                 cornerRadius: button.cornerRadius
                 gap: -2
-                scheme: button.scheme
+                scheme: Theme.dark
                 visible: button.visualFocus
             }
         }
