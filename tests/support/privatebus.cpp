@@ -3,6 +3,8 @@
 
 #include "privatebus.h"
 
+#include "desktopenvironment.h"
+
 #include <QFile>
 
 using namespace Qt::StringLiterals;
@@ -13,22 +15,30 @@ namespace {
 
 constexpr int patience = 30'000; // milliseconds
 
-// The bus of a session without any service that it could start.
+// The bus of a session that can start the services of one folder.
 QByteArray configuration(const QString &folder)
 {
     return "<busconfig><type>session</type><listen>unix:dir=" + QFile::encodeName(folder)
-           + "</listen><policy context=\"default\"><allow send_destination=\"*\"/>"
+           + "</listen><servicedir>" + QFile::encodeName(folder)
+           + "</servicedir><policy context=\"default\"><allow send_destination=\"*\"/>"
              "<allow receive_sender=\"*\"/><allow own=\"*\"/></policy></busconfig>\n";
 }
 
 } // namespace
 
-PrivateBus::PrivateBus()
+PrivateBus::PrivateBus(const QStringList &services)
 {
+    for (const QString &service : services) {
+        const QString name = service + u".service"_s;
+        if (!QFile::copy(u"/usr/share/dbus-1/services/"_s + name, m_folder.filePath(name)))
+            qFatal("The service %s is not installed.", qPrintable(service));
+    }
     QFile file(m_folder.filePath(u"session.conf"_s));
     if (!file.open(QIODevice::WriteOnly) || file.write(configuration(m_folder.path())) < 0)
         qFatal("Cannot write %s", qPrintable(file.fileName()));
     file.close();
+    // What it starts gets its environment.
+    m_daemon.setProcessEnvironment(environmentWithoutDesktop(m_folder.path()));
     m_daemon.start(u"dbus-daemon"_s, {u"--config-file="_s + file.fileName(), u"--nofork"_s,
                                       u"--nopidfile"_s, u"--print-address"_s});
     while (!m_daemon.canReadLine()) {

@@ -10,15 +10,18 @@
 
 namespace quorvale::test {
 
-/// A D-Bus session bus of the test's own, on which nothing is and nothing is started.
+/// A D-Bus session bus of the test's own, on which nothing is.
 class PrivateBus
 {
 public:
-    PrivateBus();
+    /// Of the machine's services, it starts those of these names when they are asked for.
+    explicit PrivateBus(const QStringList &services = {});
     ~PrivateBus();
 
     PrivateBus(const PrivateBus &) = delete;
     PrivateBus &operator=(const PrivateBus &) = delete;
+
+    const QString &address() const { return m_address; }
 
     /// A connection to the bus. Each `name` is one connection, made at its first use: programs that
     /// talk to each other are played by connections of different names.

@@ -3,6 +3,7 @@
 
 #include "programrun.h"
 
+#include "accessibilitybus.h"
 #include "desktopenvironment.h"
 #include "processtable.h"
 #include "virtualdisplay.h"
@@ -42,6 +43,12 @@ void ProgramRun::showOn(const VirtualDisplay &display)
 {
     set(u"QT_QPA_PLATFORM"_s, u"xcb"_s);
     set(u"DISPLAY"_s, display.name());
+}
+
+void ProgramRun::speakOn(const AccessibilityBus &bus)
+{
+    set(u"DBUS_SESSION_BUS_ADDRESS"_s, bus.sessionAddress());
+    set(u"QT_LINUX_ACCESSIBILITY_ALWAYS_ON"_s, u"1"_s);
 }
 
 void ProgramRun::set(const QString &variable, const QString &value)

@@ -12,6 +12,7 @@
 
 namespace quorvale::test {
 
+class AccessibilityBus;
 class VirtualDisplay;
 
 /// One run of the program as it is built, or of a copy, in an environment of its own.
@@ -30,6 +31,8 @@ public:
     /// Where it shows its window; on no platform in particular without these. To be called before
     /// start(), like the following.
     void showOn(const VirtualDisplay &display);
+    /// Where it finds the session's services, and tells about its window.
+    void speakOn(const AccessibilityBus &bus);
     void showNowhere() { set(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen")); }
 
     void set(const QString &variable, const QString &value);

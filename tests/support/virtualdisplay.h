@@ -35,6 +35,9 @@ public:
     /// The window with the title, if it is shown; waits for it.
     std::optional<QString> waitForWindow(const QString &title) const;
 
+    /// The windows with the title that are shown now.
+    QStringList windows(const QString &title) const;
+
     /// Waits until no window with the title is shown.
     bool waitForNoWindow(const QString &title, int milliseconds) const;
 
@@ -60,7 +63,6 @@ private:
     bool startServer();
     bool startWindowManager();
     std::optional<QByteArray> run(const QStringList &arguments) const;
-    QStringList windows(const QString &title) const;
 
     QTemporaryDir m_folder;
     QString m_name;

@@ -3,82 +3,245 @@
 
 #include "windowdriver.h"
 
-#include "virtualdisplay.h"
+#include "model/option.h"
+#include "programrun.h"
+#include "virtualdesktop.h"
 
 #include <QTest>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace quorvale::test {
 
+using Role = AccessibleItem::Role;
+using State = AccessibleItem::State;
+
+namespace {
+
+constexpr int patience = 30'000;
+
+// A control that is shown, can be used and has come to rest.
+bool canBeWorked(const AccessibleItem &item)
+{
+    if (!item.isAll({State::showing, State::enabled, State::sensitive}))
+        return false;
+    const QRect extents = item.extents();
+    QTest::qWait(60);
+    return !extents.isEmpty() && item.extents() == extents;
+}
+
+} // namespace
+
 bool WindowDriver::find()
 {
-    m_window = m_display.waitForWindow(u"Quorvale"_s).value_or(QString());
+    m_window = m_desktop.display().waitForWindow(u"Quorvale"_s).value_or(QString());
     if (m_window.isEmpty())
         return false;
-    m_area = m_display.areaOf(m_window).value_or(QRect());
+    m_area = m_desktop.display().areaOf(m_window).value_or(QRect());
     const auto isDrawn = [this] { // with more than the blank that a new window is
-        const QByteArray picture = m_display.picture(m_area);
+        const QByteArray picture = m_desktop.display().picture(m_area);
         return !picture.isEmpty() && picture.sliced(4) != picture.chopped(4);
     };
-    if (QTest::qWaitFor(isDrawn, 30'000))
-        return true;
-    qWarning("The window stays blank.");
-    return false;
+    if (!QTest::qWaitFor(isDrawn, patience)) {
+        qWarning("The window stays blank.");
+        return false;
+    }
+    const auto isOnTheBus = [this] {
+        m_application = m_desktop.accessibility().application(m_run.id());
+        return m_application.has_value();
+    };
+    if (!QTest::qWaitFor(isOnTheBus, patience)) {
+        qWarning("The program does not come to the accessibility bus.");
+        return false;
+    }
+    return waitFor(AccessibleItem::named(Role::button, u"Add Videos"_s)).has_value();
 }
 
 QByteArray WindowDriver::restingPicture() const
 {
-    return m_display.restingPicture(m_area);
+    return m_desktop.display().restingPicture(m_area);
 }
 
-bool WindowDriver::chooseOutputFolder(const QString &folder)
+std::optional<AccessibleItem>
+WindowDriver::waitFor(const AccessibleItem::Condition &condition) const
 {
-    const QString title = u"Choose output folder"_s;
-    if (!click({400, m_area.height() - 40}))
-        return false;
-    const auto dialog = m_display.waitForWindow(title);
-    if (!dialog || !m_display.activate(*dialog)
-        || !m_display.xdotool({u"type"_s, u"--delay"_s, u"5"_s, folder}))
+    std::optional<AccessibleItem> found;
+    const auto isThere = [&] {
+        found = application().find(condition);
+        return found.has_value();
+    };
+    if (!QTest::qWaitFor(isThere, patience))
+        qWarning("What is looked for is not there:\n%s", qPrintable(describe(application())));
+    return found;
+}
+
+bool WindowDriver::waitForNo(const AccessibleItem::Condition &condition) const
+{
+    if (QTest::qWaitFor([&] { return !application().find(condition); }, patience))
+        return true;
+    qWarning("What should go stays:\n%s", qPrintable(describe(application())));
+    return false;
+}
+
+QList<AccessibleItem> WindowDriver::rows() const
+{
+    QList<std::pair<int, AccessibleItem>> rows;
+    const auto list = application().find(AccessibleItem::named(Role::list, u"Conversion queue"_s));
+    if (!list)
+        return {};
+    for (const AccessibleItem &row : list->findAll(Role::listItem))
+        rows.emplace_back(row.extents().top(), row);
+    std::ranges::stable_sort(rows, {}, [](const auto &row) { return row.first; });
+    QList<AccessibleItem> sorted;
+    for (const auto &[top, row] : rows)
+        sorted << row;
+    return sorted;
+}
+
+QStringList WindowDriver::rowNames() const
+{
+    QStringList names;
+    for (const AccessibleItem &row : rows())
+        names << row.name();
+    return names;
+}
+
+bool WindowDriver::waitForRows(const QStringList &names) const
+{
+    if (QTest::qWaitFor([&] { return rowNames() == names; }, patience))
+        return true;
+    qWarning("The rows are %s.", qPrintable(rowNames().join(u", "_s)));
+    return false;
+}
+
+QString WindowDriver::description(const QString &row) const
+{
+    const auto item = application().find(AccessibleItem::named(Role::listItem, row));
+    return item ? item->description() : QString();
+}
+
+bool WindowDriver::waitForDescription(const QString &row, const QString &part) const
+{
+    if (QTest::qWaitFor([&] { return description(row).contains(part); }, 2 * patience))
+        return true;
+    qWarning("%s: %s", qPrintable(row), qPrintable(description(row)));
+    return false;
+}
+
+std::optional<AccessibleItem> WindowDriver::focused() const
+{
+    // What holds the item that has the keyboard counts as focused, too.
+    const auto items =
+        application().findAll([](const AccessibleItem &item) { return item.is(State::focused); });
+    return items.isEmpty() ? std::nullopt : std::optional(items.last());
+}
+
+bool WindowDriver::click(const AccessibleItem::Condition &condition) const
+{
+    std::optional<AccessibleItem> item;
+    const auto isReady = [&] {
+        item = application().find(condition);
+        return item && canBeWorked(*item);
+    };
+    if (QTest::qWaitFor(isReady, patience))
+        return clickAt(item->extents().center());
+    qWarning("What is to be clicked is not there, or disabled:\n%s",
+             qPrintable(describe(application())));
+    return false;
+}
+
+bool WindowDriver::click(Role role, const QString &name) const
+{
+    return click(AccessibleItem::named(role, name));
+}
+
+bool WindowDriver::clickInRow(const QString &row, const QString &button) const
+{
+    const auto item = waitFor(AccessibleItem::named(Role::listItem, row));
+    return item && click([&](const AccessibleItem &candidate) {
+               return candidate.role() == Role::button && candidate.name() == button
+                      && item->extents().contains(candidate.extents());
+           });
+}
+
+bool WindowDriver::press(const QString &key) const
+{
+    return m_desktop.display().xdotool({u"key"_s, key}).has_value();
+}
+
+bool WindowDriver::activate() const
+{
+    return m_desktop.display().activate(m_window);
+}
+
+bool WindowDriver::tabTo(const AccessibleItem::Condition &condition) const
+{
+    constexpr int enough = 40;
+    for (int step = 0; step < enough; ++step) {
+        const auto item = focused();
+        if (item && condition(*item))
+            return true;
+        if (!press(u"Tab"_s) || !QTest::qWaitFor([&] { return focused() != item; }, patience))
+            break;
+    }
+    qWarning("Tab does not lead there.");
+    return false;
+}
+
+bool WindowDriver::openPanel(const QString &title) const
+{
+    const auto panel = m_desktop.display().waitForWindow(title);
+    return panel && m_desktop.display().activate(*panel);
+}
+
+bool WindowDriver::answerPanel(const QString &title, const QString &path) const
+{
+    if (!openPanel(title) || !m_desktop.display().xdotool({u"type"_s, u"--delay"_s, u"5"_s, path}))
         return false;
     // The first Return may go to the list that offers completions.
     for (int attempt = 0; attempt < 5; ++attempt) {
         if (!press(u"Return"_s))
             return false;
-        if (m_display.waitForNoWindow(title, 3000))
+        if (m_desktop.display().waitForNoWindow(title, 3000))
             return true;
     }
-    qWarning("The dialog does not close.");
+    qWarning("The panel does not close.");
     return false;
 }
 
-bool WindowDriver::chooseCodec(OutputCodec codec)
+bool WindowDriver::chooseOutputFolder(const QString &folder) const
 {
-    return click({155, 133 + 42 * static_cast<int>(codec)});
+    return click(AccessibleItem::beginning(Role::button, u"Save to "_s))
+           && answerPanel(u"Choose output folder"_s, folder)
+           && waitFor(AccessibleItem::named(Role::button, u"Save to "_s + folder));
 }
 
-bool WindowDriver::convert()
+bool WindowDriver::chooseCodec(OutputCodec codec) const
 {
-    return click({m_area.width() - 100, m_area.height() - 40});
+    const auto button = AccessibleItem::named(Role::radioButton, rawValue(codec));
+    return click(button) && waitFor([&](const AccessibleItem &item) {
+               return button(item) && item.is(State::checked);
+           });
 }
 
-bool WindowDriver::close()
+bool WindowDriver::convert(int videos) const
 {
-    return m_display.activate(m_window) && press(u"alt+F4"_s);
+    return click(AccessibleItem::beginning(Role::button, u"Convert %1 Video"_s.arg(videos)));
 }
 
-bool WindowDriver::click(const QPoint &place) const
+bool WindowDriver::close() const
 {
-    const QPoint point = m_area.topLeft() + place;
-    return m_display.activate(m_window)
-           && m_display.xdotool({u"mousemove"_s, QString::number(point.x()),
-                                 QString::number(point.y()), u"click"_s, u"1"_s})
-           && m_display.parkMouse();
+    return activate() && press(u"alt+F4"_s);
 }
 
-bool WindowDriver::press(const QString &key) const
+bool WindowDriver::clickAt(const QPoint &place) const
 {
-    return m_display.xdotool({u"key"_s, key}).has_value();
+    return activate()
+           && m_desktop.display().xdotool({u"mousemove"_s, QString::number(place.x()),
+                                           QString::number(place.y()), u"click"_s, u"1"_s})
+           && m_desktop.display().parkMouse();
 }
 
 } // namespace quorvale::test

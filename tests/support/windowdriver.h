@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "accessibleitem.h"
+
 #include "model/outputcodec.h"
 
 #include <QByteArray>
@@ -12,14 +14,19 @@
 
 namespace quorvale::test {
 
-class VirtualDisplay;
+class ProgramRun;
+class VirtualDesktop;
 
-/// Works the program's window by the mouse: the one place among the tests that knows its layout.
-/// Everything returns false, with a warning, when it fails.
+/// Works the program's window by the mouse and the keyboard. Finds what it works by what a screen
+/// reader would read, and waits for it. What returns a bool returns false, with a warning, when it
+/// fails.
 class WindowDriver
 {
 public:
-    explicit WindowDriver(const VirtualDisplay &display) : m_display(display) {}
+    WindowDriver(const VirtualDesktop &desktop, const ProgramRun &run)
+        : m_desktop(desktop), m_run(run)
+    {
+    }
 
     /// Waits until the window is there and shows its content. To be called first.
     bool find();
@@ -30,24 +37,66 @@ public:
     /// a warning, when there is no end of changes.
     QByteArray restingPicture() const;
 
-    /// Has the folder chosen in the file dialog. Its path is to be ASCII.
-    bool chooseOutputFolder(const QString &folder);
+    /// All that the program shows, its panels included.
+    AccessibleItem application() const { return *m_application; }
 
-    bool chooseCodec(OutputCodec codec);
+    /// The first such item, when there is one; waits for it.
+    std::optional<AccessibleItem> waitFor(const AccessibleItem::Condition &condition) const;
 
-    /// Presses "Convert", which can be pressed when there is a job.
-    bool convert();
+    /// Waits until there is no such item.
+    bool waitForNo(const AccessibleItem::Condition &condition) const;
 
-    /// Has the window manager ask the window to close.
-    bool close();
+    /// The rows of the queue that are shown, from the top.
+    QList<AccessibleItem> rows() const;
+    QStringList rowNames() const;
+    bool waitForRows(const QStringList &names) const;
 
-private:
-    bool click(const QPoint &place) const;
+    /// What is read out for the row beside its file name; empty when there is none.
+    QString description(const QString &row) const;
+    /// Waits until that holds the text.
+    bool waitForDescription(const QString &row, const QString &part) const;
+
+    /// The item that has the keyboard.
+    std::optional<AccessibleItem> focused() const;
+
+    /// Clicks the middle of the item as soon as it can be worked.
+    bool click(const AccessibleItem::Condition &condition) const;
+    bool click(AccessibleItem::Role role, const QString &name) const;
+    /// Clicks the button of the row.
+    bool clickInRow(const QString &row, const QString &button) const;
+
+    /// Presses a key, or several at once as in "ctrl+o", in whatever window has the keyboard.
     bool press(const QString &key) const;
 
-    const VirtualDisplay &m_display;
+    /// Has the keyboard go to the main window.
+    bool activate() const;
+
+    /// Presses Tab until the item has the keyboard.
+    bool tabTo(const AccessibleItem::Condition &condition) const;
+
+    /// Waits for the panel and gives it the keyboard.
+    bool openPanel(const QString &title) const;
+    /// Types the path, which is to be ASCII, into the open panel and waits for its end.
+    bool answerPanel(const QString &title, const QString &path) const;
+    /// Chooses the folder in the panel that the button opens.
+    bool chooseOutputFolder(const QString &folder) const;
+
+    bool chooseCodec(OutputCodec codec) const;
+
+    /// Waits until there are so many videos to convert, and presses the button.
+    bool convert(int videos) const;
+
+    /// Has the window manager ask the window to close.
+    bool close() const;
+
+private:
+    bool clickAt(const QPoint &place) const;
+
+    const VirtualDesktop &m_desktop;
+    const ProgramRun &m_run;
     QString m_window;
     QRect m_area; // that it shows its content in
+    std::optional<AccessibleItem> m_application;
 };
 
 } // namespace quorvale::test

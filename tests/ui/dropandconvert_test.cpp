@@ -1,11 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
-#include "support/mousedrag.h"
-#include "support/programrun.h"
+#include "support/programbench.h"
 #include "support/videofile.h"
-#include "support/virtualdisplay.h"
-#include "support/windowdriver.h"
 
 #include <QDir>
 #include <QTest>
@@ -24,7 +21,7 @@ class DropAndConvertTest : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        QVERIFY(m_display.start());
+        QVERIFY(m_desktop.start());
         QVERIFY(QDir(m_folder.path()).mkdir(u"clips"_s));
         const QStringList av1{u"-c:v"_s, u"libsvtav1"_s, u"-preset"_s,
                               u"10"_s,   u"-c:a"_s,      u"libopus"_s};
@@ -37,45 +34,42 @@ private Q_SLOTS:
         QVERIFY(makeVideo(clip(oddName), h264, 2.2));
     }
 
-    void init()
+    void convertsWhatIsDropped_data()
     {
-        m_run = std::make_unique<ProgramRun>();
-        m_run->showOn(m_display);
-        m_window = std::make_unique<WindowDriver>(m_display);
-        m_output = std::make_unique<QTemporaryDir>();
-        QVERIFY(m_run->start());
-        QVERIFY(m_window->find());
+        QTest::addColumn<QString>("backend");
+        QTest::newRow("usual renderer") << QString();
+        QTest::newRow("software renderer") << u"software"_s;
     }
-
-    void cleanup()
-    {
-        m_run.reset();
-        QVERIFY(m_display.waitForNoWindow(u"Quorvale"_s, 30'000));
-    }
-
     void convertsWhatIsDropped()
     {
-        const MouseDrag drag(m_display);
-        const QStringList names{u"av1.mkv"_s, u"vp9.webm"_s, u"h264.mp4"_s, oddName};
+        QFETCH(const QString, backend);
+        ProgramBench bench(m_desktop);
+        if (!backend.isEmpty())
+            bench.run().set(u"QT_QUICK_BACKEND"_s, backend);
+        QVERIFY(bench.start());
+        const QStringList names{oddName, u"av1.mkv"_s, u"h264.mp4"_s, u"vp9.webm"_s};
 
-        QCOMPARE(drag.dropFiles({clips()}, m_window->window()), MouseDrag::End::taken);
-        QVERIFY(m_window->chooseOutputFolder(m_output->path()));
-        QVERIFY(m_window->convert());
-        QVERIFY(waitForOutputs({u"50% #1? é_converted.mp4"_s, u"av1_converted.mp4"_s,
-                                u"h264_converted.mp4"_s, u"vp9_converted.mp4"_s}));
+        QVERIFY(bench.drop({clips()}));
+        QVERIFY(bench.window().waitForRows(names));
+        QVERIFY(bench.window().chooseOutputFolder(bench.outputFolder()));
+        QVERIFY(bench.window().convert(4));
+        QVERIFY(bench.waitForOutputs({u"50% #1? é_converted.mp4"_s, u"av1_converted.mp4"_s,
+                                      u"h264_converted.mp4"_s, u"vp9_converted.mp4"_s}));
         for (const QString &name : names)
-            verifyOutput(stem(name) + u"_converted.mp4"_s, clip(name), u"h264"_s, u"aac"_s);
+            verifyOutput(bench.output(stem(name) + u"_converted.mp4"_s), clip(name), u"h264"_s,
+                         u"aac"_s);
 
         // What is completed can be dropped again.
-        QVERIFY(m_window->chooseCodec(OutputCodec::hevc));
-        QCOMPARE(drag.dropFiles({clips()}, m_window->window()), MouseDrag::End::taken);
-        QVERIFY(m_window->convert());
-        QVERIFY(waitForOutputs({u"50% #1? é_converted.mp4"_s, u"50% #1? é_converted_2.mp4"_s,
-                                u"av1_converted.mp4"_s, u"av1_converted_2.mp4"_s,
-                                u"h264_converted.mp4"_s, u"h264_converted_2.mp4"_s,
-                                u"vp9_converted.mp4"_s, u"vp9_converted_2.mp4"_s}));
+        QVERIFY(bench.window().chooseCodec(OutputCodec::hevc));
+        QVERIFY(bench.drop({clips()}));
+        QVERIFY(bench.window().convert(4));
+        QVERIFY(bench.waitForOutputs({u"50% #1? é_converted.mp4"_s, u"50% #1? é_converted_2.mp4"_s,
+                                      u"av1_converted.mp4"_s, u"av1_converted_2.mp4"_s,
+                                      u"h264_converted.mp4"_s, u"h264_converted_2.mp4"_s,
+                                      u"vp9_converted.mp4"_s, u"vp9_converted_2.mp4"_s}));
         for (const QString &name : names)
-            verifyOutput(stem(name) + u"_converted_2.mp4"_s, clip(name), u"hevc"_s, u"aac"_s);
+            verifyOutput(bench.output(stem(name) + u"_converted_2.mp4"_s), clip(name), u"hevc"_s,
+                         u"aac"_s);
     }
 
     void convertsASingleFile_data()
@@ -89,34 +83,30 @@ private Q_SLOTS:
     {
         QFETCH(const int, codec);
         QFETCH(const QString, profile);
-        QVERIFY(m_window->chooseCodec(static_cast<OutputCodec>(codec)));
-        QVERIFY(m_window->chooseOutputFolder(m_output->path()));
-        QCOMPARE(MouseDrag(m_display).dropFiles({clip(oddName)}, m_window->window()),
-                 MouseDrag::End::taken);
-        QVERIFY(m_window->convert());
+        ProgramBench bench(m_desktop);
+        QVERIFY(bench.start());
+        QVERIFY(bench.window().chooseCodec(static_cast<OutputCodec>(codec)));
+        QVERIFY(bench.window().chooseOutputFolder(bench.outputFolder()));
+        QVERIFY(bench.drop({clip(oddName)}));
+        QVERIFY(bench.window().convert(1));
         const QString output = u"50% #1? é_converted.mov"_s;
-        QVERIFY(waitForOutputs({output}));
-        verifyOutput(output, clip(oddName), u"prores"_s, u"pcm_s24le"_s);
-        QCOMPARE(VideoFile::read(m_output->filePath(output)).value_or(VideoFile()).profile,
-                 profile);
+        QVERIFY(bench.waitForOutputs({output}));
+        verifyOutput(bench.output(output), clip(oddName), u"prores"_s, u"pcm_s24le"_s);
+        QCOMPARE(VideoFile::read(bench.output(output)).value_or(VideoFile()).profile, profile);
     }
 
     void refusesText()
     {
-        const QByteArray before = restingPicture();
-        QVERIFY(!before.isEmpty());
-
+        ProgramBench bench(m_desktop);
+        QVERIFY(bench.start());
         // Text that names a file is still text.
         const QString text = QUrl::fromLocalFile(clip(u"h264.mp4"_s)).toString();
-        QCOMPARE(MouseDrag(m_display).dropText(text, m_window->window()), MouseDrag::End::refused);
-        QVERIFY(restingPicture() == before);
+        QCOMPARE(MouseDrag(m_desktop.display()).dropText(text, bench.window().window()),
+                 MouseDrag::End::refused);
 
-        // The picture would show it, had anything been taken.
-        QCOMPARE(MouseDrag(m_display).dropFiles({clip(u"h264.mp4"_s)}, m_window->window()),
-                 MouseDrag::End::taken);
-        const QByteArray after = restingPicture();
-        QVERIFY(!after.isEmpty());
-        QVERIFY(after != before);
+        // What is taken later shows first, if anything is taken at all.
+        QVERIFY(bench.drop({clip(u"av1.mkv"_s)}));
+        QVERIFY(bench.window().waitForRows({u"av1.mkv"_s}));
     }
 
 private:
@@ -126,33 +116,11 @@ private:
     QString clip(const QString &name) const { return clips() + u'/' + name; }
     static QString stem(const QString &name) { return name.first(name.lastIndexOf(u'.')); }
 
-    // What the screen shows when the window has the keyboard and the mouse is out of the way.
-    QByteArray restingPicture()
-    {
-        if (!m_display.parkMouse() || !m_display.activate(m_window->window()))
-            return {};
-        return m_window->restingPicture();
-    }
-
-    // Waits until the output folder has exactly these files and no tool writes to them any more.
-    bool waitForOutputs(const QStringList &names)
-    {
-        const auto isDone = [&] {
-            return QDir(m_output->path()).entryList(QDir::Files, QDir::Name) == names
-                   && m_run->processes().size() == 1;
-        };
-        if (QTest::qWaitFor(isDone, 120'000))
-            return true;
-        qWarning() << QDir(m_output->path()).entryList(QDir::Files, QDir::Name)
-                   << m_run->processes() << m_run->standardError();
-        return false;
-    }
-
-    void verifyOutput(const QString &name, const QString &source, const QString &videoCodec,
+    void verifyOutput(const QString &path, const QString &source, const QString &videoCodec,
                       const QString &audioCodec)
     {
         const auto original = VideoFile::read(source);
-        const auto converted = VideoFile::read(m_output->filePath(name));
+        const auto converted = VideoFile::read(path);
         QVERIFY(original);
         QVERIFY(converted);
         QCOMPARE(converted->videoCodec, videoCodec);
@@ -162,11 +130,8 @@ private:
             qPrintable(u"%1 s instead of %2 s"_s.arg(converted->duration).arg(original->duration)));
     }
 
-    VirtualDisplay m_display;
+    VirtualDesktop m_desktop;
     QTemporaryDir m_folder;
-    std::unique_ptr<ProgramRun> m_run;
-    std::unique_ptr<WindowDriver> m_window;
-    std::unique_ptr<QTemporaryDir> m_output;
 };
 
 QTEST_GUILESS_MAIN(DropAndConvertTest)

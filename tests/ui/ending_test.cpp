@@ -1,12 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
-#include "support/mousedrag.h"
-#include "support/processtable.h"
-#include "support/programrun.h"
+#include "support/programbench.h"
 #include "support/videofile.h"
-#include "support/virtualdisplay.h"
-#include "support/windowdriver.h"
 
 #include <QTest>
 
@@ -29,61 +25,51 @@ private Q_SLOTS:
     {
         // Orphans come to this process, which can then see how they ended.
         QCOMPARE(::prctl(PR_SET_CHILD_SUBREAPER, 1), 0);
-        QVERIFY(m_display.start());
+        QVERIFY(m_desktop.start());
         QVERIFY(makeLongVideo(source(), seconds));
     }
 
     void init()
     {
-        m_run = std::make_unique<ProgramRun>();
-        m_run->showOn(m_display);
-        m_run->set(u"LC_ALL"_s, u"C.UTF-8"_s); // Qt remarks on locales of other encodings
-        m_window = std::make_unique<WindowDriver>(m_display);
-        QVERIFY(m_run->start());
-        QVERIFY(m_window->find());
+        m_bench = std::make_unique<ProgramBench>(m_desktop);
+        QVERIFY(m_bench->start());
     }
 
-    void cleanup()
-    {
-        m_run.reset();
-        QVERIFY(m_display.waitForNoWindow(u"Quorvale"_s, 30'000));
-    }
+    void cleanup() { m_bench.reset(); }
 
     void closingTheIdleWindowEndsTheProgramSilently()
     {
-        QVERIFY(m_window->close());
-        QVERIFY(m_run->waitForEnd(promptly));
-        QVERIFY(!m_run->endedBySignal());
-        QCOMPARE(m_run->status(), 0);
-        QCOMPARE(m_run->complaints(), QByteArray());
-        QCOMPARE(m_run->processes(), QList<pid_t>());
+        QVERIFY(m_bench->window().close());
+        QVERIFY(m_bench->run().waitForEnd(promptly));
+        QVERIFY(!m_bench->run().endedBySignal());
+        QCOMPARE(m_bench->run().status(), 0);
+        QCOMPARE(m_bench->run().complaints(), QByteArray());
+        QCOMPARE(m_bench->run().processes(), QList<pid_t>());
     }
 
     void aRunningConversionOutlivesTheWindow()
     {
         pid_t ffmpeg = 0;
-        QTemporaryDir output;
-        QVERIFY(startConversion(output.path(), ffmpeg));
+        QVERIFY(startConversion(ffmpeg));
 
-        QVERIFY(m_window->close());
-        QVERIFY(m_run->waitForEnd(promptly));
-        QVERIFY(!m_run->endedBySignal());
-        QCOMPARE(m_run->status(), 0);
-        QCOMPARE(m_run->complaints(), QByteArray());
-        verifyConversion(output.path(), ffmpeg);
+        QVERIFY(m_bench->window().close());
+        QVERIFY(m_bench->run().waitForEnd(promptly));
+        QVERIFY(!m_bench->run().endedBySignal());
+        QCOMPARE(m_bench->run().status(), 0);
+        QCOMPARE(m_bench->run().complaints(), QByteArray());
+        verifyConversion(ffmpeg);
     }
 
     void aRunningConversionOutlivesATerminationSignal()
     {
         pid_t ffmpeg = 0;
-        QTemporaryDir output;
-        QVERIFY(startConversion(output.path(), ffmpeg));
+        QVERIFY(startConversion(ffmpeg));
 
-        QCOMPARE(::kill(m_run->id(), SIGTERM), 0);
-        QVERIFY(m_run->waitForEnd(promptly));
-        QVERIFY(m_run->endedBySignal());
-        QCOMPARE(m_run->status(), SIGTERM);
-        verifyConversion(output.path(), ffmpeg);
+        QCOMPARE(::kill(m_bench->run().id(), SIGTERM), 0);
+        QVERIFY(m_bench->run().waitForEnd(promptly));
+        QVERIFY(m_bench->run().endedBySignal());
+        QCOMPARE(m_bench->run().status(), SIGTERM);
+        verifyConversion(ffmpeg);
     }
 
 private:
@@ -94,44 +80,33 @@ private:
     QString source() const { return m_folder.filePath(u"long.mp4"_s); }
 
     // Waits until the ffmpeg that really converts is at work.
-    bool startConversion(const QString &output, pid_t &ffmpeg)
+    bool startConversion(pid_t &ffmpeg)
     {
-        if (!m_window->chooseOutputFolder(output)
-            || MouseDrag(m_display).dropFiles({source()}, m_window->window())
-                   != MouseDrag::End::taken
-            || !m_window->convert())
-            return false;
-        const auto isAtWork = [&] {
-            for (const pid_t process : m_run->processes()) {
-                if (commandLine(process).contains("libx264"))
-                    ffmpeg = process;
-            }
-            return ffmpeg != 0;
-        };
-        return QTest::qWaitFor(isAtWork, 30'000);
+        return m_bench->window().chooseOutputFolder(m_bench->outputFolder())
+               && m_bench->drop({source()}) && m_bench->window().convert(1)
+               && m_bench->waitForTool("libx264", ffmpeg);
     }
 
     // That ffmpeg, now an orphan, is the only process left, ends well and leaves the whole video.
-    void verifyConversion(const QString &output, pid_t ffmpeg)
+    void verifyConversion(pid_t ffmpeg)
     {
-        QCOMPARE(m_run->processes(), QList<pid_t>{ffmpeg});
+        QCOMPARE(m_bench->run().processes(), QList<pid_t>{ffmpeg});
         int end = 0;
         QVERIFY(
             QTest::qWaitFor([&] { return ::waitpid(ffmpeg, &end, WNOHANG) == ffmpeg; }, 200'000));
         QVERIFY(WIFEXITED(end));
         QCOMPARE(WEXITSTATUS(end), 0);
 
-        const auto video = VideoFile::read(output + u"/long_converted.mp4"_s);
+        const auto video = VideoFile::read(m_bench->output(u"long_converted.mp4"_s));
         QVERIFY(video);
         QCOMPARE(video->videoCodec, u"h264"_s);
         QVERIFY2(std::abs(video->duration - seconds) <= 0.1,
                  qPrintable(QString::number(video->duration)));
     }
 
-    VirtualDisplay m_display;
+    VirtualDesktop m_desktop;
     QTemporaryDir m_folder;
-    std::unique_ptr<ProgramRun> m_run;
-    std::unique_ptr<WindowDriver> m_window;
+    std::unique_ptr<ProgramBench> m_bench;
 };
 
 QTEST_GUILESS_MAIN(EndingTest)

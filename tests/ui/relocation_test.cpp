@@ -3,7 +3,7 @@
 
 #include "support/processtable.h"
 #include "support/programrun.h"
-#include "support/virtualdisplay.h"
+#include "support/virtualdesktop.h"
 #include "support/windowdriver.h"
 
 #include <QDir>
@@ -22,7 +22,7 @@ class RelocationTest : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        QVERIFY(m_display.start());
+        QVERIFY(m_desktop.start());
         ChildOfTheTest install;
         install.start(QStringLiteral(CMAKE_PROGRAM),
                       {u"--install"_s, QStringLiteral(BUILD_TREE), u"--prefix"_s,
@@ -43,9 +43,10 @@ private Q_SLOTS:
     {
         QFETCH(const QString, backend);
         const auto run = newRun(backend);
-        run->showOn(m_display);
+        run->showOn(m_desktop.display());
+        run->speakOn(m_desktop.accessibility());
         QVERIFY(run->start());
-        WindowDriver window(m_display);
+        WindowDriver window(m_desktop, *run);
         QVERIFY(window.find());
         const QByteArray files = mappedFiles(run->id());
         QVERIFY2(!files.isEmpty() && !files.contains(BUILD_TREE "/"), files.constData());
@@ -83,7 +84,7 @@ private:
         return run;
     }
 
-    VirtualDisplay m_display;
+    VirtualDesktop m_desktop;
     QTemporaryDir m_folder;
 };
 
