@@ -51,6 +51,8 @@ Item {
             }
 
             ProminentButton {
+                id: convertButton
+
                 enabled: footer.model.jobCount > 0
                 isLarge: true
                 // The label is at least 138 wide.
@@ -62,11 +64,25 @@ Item {
             }
 
             BorderedButton {
+                id: cancelButton
+
                 text: "Cancel"
                 textColor: scheme.red
                 visible: footer.model.isConverting
                 onClicked: footer.model.cancel()
             }
+        }
+    }
+
+    // The button that takes the other's place takes the keyboard, too.
+    Connections {
+        target: footer.model
+
+        function onIsConvertingChanged() {
+            if (footer.model.isConverting && convertButton.focus)
+                cancelButton.focus = true;
+            else if (!footer.model.isConverting && cancelButton.focus)
+                convertButton.focus = true;
         }
     }
 }

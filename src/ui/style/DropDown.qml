@@ -11,6 +11,7 @@ T.ComboBox {
 
     property ColorScheme scheme: Theme.current
 
+    Accessible.description: displayText
     Accessible.name: ""
     focusPolicy: Qt.StrongFocus
     font: Theme.body

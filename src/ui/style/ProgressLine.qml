@@ -14,6 +14,8 @@ T.ProgressBar {
     readonly property real minimumValue: from
     readonly property real maximumValue: to
 
+    // Qt 6.4 does not tell it the value of a progress bar.
+    Accessible.description: Math.trunc(value * 100) + "%"
     implicitHeight: 6
     implicitWidth: 120
 
