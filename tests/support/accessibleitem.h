@@ -48,7 +48,6 @@ public:
         focused = 12,
         sensitive = 24,
         showing = 25,
-        checkable = 41,
     };
 
     using Condition = std::function<bool(const AccessibleItem &)>;

@@ -8,6 +8,8 @@
 
 #include <filesystem>
 
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
 
 namespace quorvale::test {
@@ -54,6 +56,18 @@ QByteArray mappedFiles(pid_t process)
 {
     QFile maps(u"/proc/%1/maps"_s.arg(process));
     return maps.open(QIODevice::ReadOnly) ? maps.readAll() : QByteArray();
+}
+
+std::optional<double> processorTime(pid_t process)
+{
+    QFile file(u"/proc/%1/stat"_s.arg(process));
+    if (!file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    // Behind the name in parentheses, which may hold anything, see proc(5).
+    const QByteArray line = file.readAll();
+    const QList<QByteArray> fields = line.sliced(line.lastIndexOf(')') + 2).split(' ');
+    const double ticks = fields.value(11).toDouble() + fields.value(12).toDouble();
+    return ticks / static_cast<double>(::sysconf(_SC_CLK_TCK));
 }
 
 } // namespace quorvale::test

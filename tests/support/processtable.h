@@ -7,6 +7,8 @@
 #include <QList>
 #include <QString>
 
+#include <optional>
+
 #include <sys/types.h>
 
 namespace quorvale::test {
@@ -24,5 +26,9 @@ QString openFile(pid_t process, int descriptor);
 /// The files whose content, code above all, the process has in its memory, a line each with other
 /// things; empty when there is no such process.
 QByteArray mappedFiles(pid_t process);
+
+/// How much processor time the process itself has taken, in seconds; none when there is no such
+/// process.
+std::optional<double> processorTime(pid_t process);
 
 } // namespace quorvale::test
