@@ -36,6 +36,7 @@ private:
     QByteArrayList m_words;
     std::vector<char *> m_vector; // of the words, ending in a null
     int m_errorPipe[2] = {-1, -1};
+    int m_error = 0; // of the child
 };
 
 } // namespace quorvale
