@@ -226,9 +226,11 @@ private Q_SLOTS:
         const auto conversion = convert();
         awaitRunning();
         m_service.cancel();
+        const bool hasEnded = QTest::qWaitFor([&] { return conversion.isFinished(); }, 30'000);
         release();
         const ConversionEnd end = endOf(conversion);
         std::signal(SIGINT, handler);
+        QVERIFY(hasEnded);
         QVERIFY(end.ffmpegError == FFmpegError::Case::cancelled);
     }
 

@@ -33,8 +33,8 @@ public:
     Leftovers(const Leftovers &) = delete;
     Leftovers &operator=(const Leftovers &) = delete;
 
-    /// What there is more or less of than at first and which files are left, in words; empty for
-    /// nothing. Gives threads and children a few seconds to end.
+    /// What there is more of than at first and which files are left, in words; empty for nothing.
+    /// Gives threads and children a few seconds to end.
     QString found() const;
 
 private:
