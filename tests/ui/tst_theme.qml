@@ -1,0 +1,97 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import Quorvale.Style
+import Quorvale.Testing
+
+ViewTest {
+    id: test
+
+    name: "Theme"
+
+    function test_textStyles_data() {
+        return [
+            {"tag": "title2", "pixelSize": 17, "weight": Font.Normal},
+            {"tag": "title2Bold", "pixelSize": 17, "weight": Font.Bold},
+            {"tag": "title3", "pixelSize": 15, "weight": Font.Normal},
+            {"tag": "title3Bold", "pixelSize": 15, "weight": Font.Bold},
+            {"tag": "body", "pixelSize": 13, "weight": Font.Normal},
+            {"tag": "bodyMedium", "pixelSize": 13, "weight": Font.Medium},
+            {"tag": "bodySemibold", "pixelSize": 13, "weight": Font.DemiBold},
+            {"tag": "subheadline", "pixelSize": 11, "weight": Font.Normal},
+            {"tag": "subheadlineSemibold", "pixelSize": 11, "weight": Font.DemiBold},
+            {"tag": "caption", "pixelSize": 10, "weight": Font.Normal},
+            {"tag": "captionFixed", "pixelSize": 10, "weight": Font.DemiBold},
+            {"tag": "caption2", "pixelSize": 10, "weight": Font.Normal},
+            {"tag": "sectionLabel", "pixelSize": 10, "weight": Font.Bold},
+        ];
+    }
+
+    function test_textStyles(data) {
+        const font = Theme[data.tag];
+        compare([font.pixelSize, font.weight], [data.pixelSize, data.weight]);
+    }
+
+    function test_followsThePalette() {
+        compare(Theme.current, Theme.light);
+        compare(Theme.current.window, SystemLook.window);
+        Bench.isDark = true;
+        compare(Theme.current, Theme.dark);
+        compare(Theme.current.window, SystemLook.window);
+        Bench.isDark = false;
+        compare(Theme.current, Theme.light);
+    }
+
+    // The other scheme is also usable, because the settings may ask for it.
+    function test_theOtherSchemeHasAWindowOfItsOwn() {
+        for (const isDark of [false, true]) {
+            Bench.isDark = isDark;
+            verify(Theme.light.window.hslLightness > 0.8);
+            verify(Theme.dark.window.hslLightness < 0.3);
+        }
+    }
+
+    function test_coloursCanBeReadOnTheirGround_data() {
+        const data = [];
+        for (const scheme of ["light", "dark"]) {
+            const add = (texts, grounds) => {
+                for (const text of texts) {
+                    for (const ground of grounds)
+                        data.push({"tag": `${text} on ${scheme} ${ground}`, "scheme": scheme,
+                                   "ground": ground, "text": text});
+                }
+            };
+            add(["text", "secondary", "accent", "green", "red"], ["window", "popup", "rowHovered"]);
+            add(["text", "red"], ["control", "controlHovered", "controlPressed"]);
+            add(["accent"], ["controlPressed"]);
+            add(["white"], ["accentFill", "accentFillHovered", "accentFillPressed"]);
+        }
+        return data;
+    }
+
+    function test_coloursCanBeReadOnTheirGround(data) {
+        Bench.isDark = data.scheme === "dark";
+        const scheme = Theme[data.scheme];
+        show(grounds, {"color": scheme[data.ground]});
+        const contrast = Pixels.contrast(view.children[0], data.text === "white" ? Theme.white
+                                                                                 : scheme[data.text]);
+        verify(contrast >= 4.5, contrast);
+    }
+
+    Component {
+        id: grounds
+
+        Rectangle {
+            height: 40
+            width: 40
+
+            Item {
+                height: 20
+                width: 20
+                x: 10
+                y: 10
+            }
+        }
+    }
+}
