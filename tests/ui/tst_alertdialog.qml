@@ -71,6 +71,8 @@ ViewTest {
         verify(view.alert.modal);
         compare(shown(), ["Quorvale", Bench.model.alertMessage, "OK"]);
         compare(all(overlay, BorderedButton).length, 1);
+        compareFont(one(overlay, Text, text => text.text === "Quorvale"), 15, Font.Bold);
+        compareFont(one(overlay, Text, text => text.text === Bench.model.alertMessage), 13, Font.Normal);
     }
 
     function test_showsAMessageThatWasThereBefore() {

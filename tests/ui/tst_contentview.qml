@@ -87,6 +87,7 @@ ViewTest {
         const seen = [];
         do {
             seen.push(test.Window.window.activeFocusItem.Accessible.name);
+            compare(all(view, FocusRing).length, 1, seen[seen.length - 1]);
             keyClick(Qt.Key_Tab);
         } while (!start.activeFocus && seen.length < 40);
         compare(seen, [
@@ -94,6 +95,15 @@ ViewTest {
             "Encoding goal", "Apple media engine", "Audio", "Folder", "Add Videos", "a.mp4", "Move up",
             "Move down", "Remove from queue", "Save to Choose destination\u2026", "Convert 1 Video",
         ]);
+    }
+
+    function test_theMouseShowsNoFocus() {
+        Bench.queue(["a.mp4", "b.mp4"]);
+        show(views);
+        for (const item of all(view, CodecButton).concat(all(view, ToggleSwitch), all(view, SymbolButton))) {
+            mouseClick(item);
+            compare(all(view, FocusRing), []);
+        }
     }
 
     function test_aWholeConversion() {
