@@ -118,7 +118,7 @@ ViewTest {
 
     function test_pressIsTheActionOnce(data) {
         show(buttons, {"isSelected": false});
-        one(view, PlainButton).forceActiveFocus(Qt.TabFocusReason);
+        button().forceActiveFocus(Qt.TabFocusReason);
         presses = 0;
         data.press();
         compare(presses, 1);

@@ -56,6 +56,16 @@ ViewTest {
         compare(view.height, view.implicitHeight);
     }
 
+    function test_pathOfTwoLinesStaysOneLine() {
+        show(buttons);
+        const height = view.height;
+        Bench.chooseDestination("/out\nput");
+        compare(destination().text, "/out\nput");
+        compare(destination().lineCount, 1);
+        settle();
+        compare(view.height, height);
+    }
+
     function test_tooltipHasTheWholePath() {
         Bench.chooseDestination(longPath);
         show(buttons);

@@ -58,6 +58,7 @@ ViewTest {
         return [
             {"tag": "up", "file": "b.mp4", "button": "Move up", "order": ["b.mp4", "a.mp4", "c.mp4"]},
             {"tag": "down", "file": "b.mp4", "button": "Move down", "order": ["a.mp4", "c.mp4", "b.mp4"]},
+            {"tag": "first down", "file": "a.mp4", "button": "Move down", "order": ["b.mp4", "a.mp4", "c.mp4"]},
             {"tag": "last up", "file": "c.mp4", "button": "Move up", "order": ["a.mp4", "c.mp4", "b.mp4"]},
         ];
     }

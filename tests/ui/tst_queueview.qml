@@ -82,6 +82,19 @@ ViewTest {
         }
     }
 
+    function test_scrolledRowsStayInTheirPart() {
+        Bench.queueMany(50);
+        show(views);
+        const parts = [one(view, QueueHeader), one(view, QueueFooter)];
+        const before = parts.map(part => grabImage(part));
+        const list = one(view, JobListView);
+        for (const offset of [20, 45, 300]) {
+            list.contentY = offset;
+            settle();
+            parts.forEach((part, i) => verify(grabImage(part).equals(before[i]), offset));
+        }
+    }
+
     function test_tabGoesFromTopToBottom() {
         Bench.chooseDestination("/out");
         Bench.queue(["a.mp4"]);

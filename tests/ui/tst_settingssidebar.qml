@@ -204,18 +204,18 @@ ViewTest {
     }
 
     function test_arrowsGoFromCodecToCodec() {
-        const button = label => one(codecButton(label), PlainButton);
-        button("H.264").forceActiveFocus(Qt.TabFocusReason);
+        codecButton("H.264").forceActiveFocus(Qt.TabFocusReason);
         keyClick(Qt.Key_Up);
-        verify(button("H.264").activeFocus);
+        verify(codecButton("H.264").activeFocus);
         for (const label of codecs.slice(1)) {
             keyClick(Qt.Key_Down);
-            verify(button(label).visualFocus, label);
+            verify(codecButton(label).activeFocus, label);
+            compare(all(codecButton(label), FocusRing).length, 1);
         }
         keyClick(Qt.Key_Down);
-        verify(button("ProRes 4444").activeFocus);
+        verify(codecButton("ProRes 4444").activeFocus);
         keyClick(Qt.Key_Up);
-        verify(button("ProRes 422 HQ").visualFocus);
+        verify(codecButton("ProRes 422 HQ").activeFocus);
         // Moving chooses nothing.
         compare(settings.count, 0);
         keyClick(Qt.Key_Space);
@@ -279,7 +279,7 @@ ViewTest {
     }
 
     function test_tabGoesFromTopToBottom() {
-        one(codecButton("H.264"), PlainButton).forceActiveFocus(Qt.TabFocusReason);
+        codecButton("H.264").forceActiveFocus(Qt.TabFocusReason);
         const seen = [];
         for (let i = 0; i < 8; ++i) {
             const item = test.Window.window.activeFocusItem;
