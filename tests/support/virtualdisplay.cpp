@@ -26,6 +26,11 @@ constexpr const char *windowManagerSettings = R"(<?xml version="1.0"?>
   <keyboard>
     <keybind key="A-F4"><action name="Close"/></keybind>
   </keyboard>
+  <mouse>
+    <context name="Frame">
+      <mousebind button="A-Right" action="Drag"><action name="Resize"/></mousebind>
+    </context>
+  </mouse>
   <applications>
     <application title="Quorvale">
       <position force="yes"><x>0</x><y>0</y></position>

@@ -231,6 +231,23 @@ bool WindowDriver::convert(int videos) const
     return click(AccessibleItem::beginning(Role::button, u"Convert %1 Video"_s.arg(videos)));
 }
 
+bool WindowDriver::resizeBy(const QPoint &offset) const
+{
+    const VirtualDisplay &display = m_desktop.display();
+    const QPoint start = display.areaOf(m_window).value_or(m_area).bottomRight() - QPoint(20, 20);
+    const QPoint end = start + offset;
+    const auto at = [](const QPoint &place) {
+        return QStringList{u"mousemove"_s, QString::number(place.x()), QString::number(place.y())};
+    };
+    const QStringList rest{u"sleep"_s, u"0.1"_s};
+    const QStringList press{u"keydown"_s, u"alt"_s, u"mousedown"_s, u"3"_s};
+    const QStringList release{u"mouseup"_s, u"3"_s, u"keyup"_s, u"alt"_s};
+    return activate()
+           && display.xdotool(at(start) + press + rest + at((start + end) / 2) + rest + at(end)
+                              + rest + release)
+           && display.parkMouse();
+}
+
 bool WindowDriver::close() const
 {
     return activate() && press(u"alt+F4"_s);

@@ -86,6 +86,9 @@ public:
     /// Waits until there are so many videos to convert, and presses the button.
     bool convert(int videos) const;
 
+    /// Drags the window's lower right corner by an offset, as far as the window lets it.
+    bool resizeBy(const QPoint &offset) const;
+
     /// Has the window manager ask the window to close.
     bool close() const;
 
