@@ -134,6 +134,17 @@ ViewTest {
         compare(convertButton().text, "Convert 1 Video");
     }
 
+    function test_theKeyboardGoesFromConvertToCancelAndBack() {
+        show(footers);
+        Bench.queue(["a.mp4"]);
+        convertButton().forceActiveFocus(Qt.TabFocusReason);
+        startConversion();
+        verify(cancelButtons()[0].activeFocus);
+        keyClick(Qt.Key_Space);
+        tryVerify(() => !Bench.model.isConverting);
+        verify(convertButton().activeFocus);
+    }
+
     function test_everythingElseStaysEnabledWhileConverting() {
         show(footers);
         Bench.queue(["a.mp4"]);
@@ -171,6 +182,7 @@ ViewTest {
         const reveal = revealButtons()[0];
         const convert = convertButton();
         compareArea(line, 26, 0, 597, 1);
+        inBothSchemes(() => compare(Pixels.at(line, 300, 0), Theme.current.separator));
         compare(area(destination).x, 26);
         compare(gapBeside(destination, reveal), 12);
         compare(gapBeside(reveal, convert), 12);
