@@ -217,6 +217,10 @@ ViewTest {
             fuzzyCompare(middle(control), middle(row()), 0.51);
         const highest = Math.max(42, one(row(), JobText).height);
         compare(row().height, highest + 14);
+        const content = tile.parent;
+        compare(content.y, 7);
+        compare(content.y + content.height, row().height - 7);
+        compare(Pixels.at(row(), 300, 0), Theme.current.window); // without a frame
         compare(area(row()).x, 16);
         compare(area(row()).width, 649 - 32);
     }
