@@ -76,10 +76,6 @@ private Q_SLOTS:
         QVERIFY(former);
         QVERIFY(!former->is(State::checked));
         verifyChoice(u"Audio"_s, u"PCM (ProRes workflow)"_s);
-        const auto goal =
-            window().waitFor(AccessibleItem::named(Role::comboBox, u"Encoding goal"_s));
-        QVERIFY(goal);
-        QVERIFY(!goal->is(State::enabled));
     }
 
     void theQualityHasItsBounds()
