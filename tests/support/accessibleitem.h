@@ -35,6 +35,7 @@ public:
         button = 43,
         radioButton = 44,
         slider = 51,
+        text = 61,
         unknown = 67,
         application = 75,
         heading = 83,

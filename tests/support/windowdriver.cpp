@@ -22,7 +22,8 @@ namespace {
 
 constexpr int patience = 30'000;
 
-// A control that is shown, can be used and has come to rest.
+// A control that is shown, can be used and has come to rest. Qt 6.4 tells of no item of QML that it
+// is disabled.
 bool canBeWorked(const AccessibleItem &item)
 {
     if (!item.isAll({State::showing, State::enabled, State::sensitive}))
@@ -193,12 +194,32 @@ bool WindowDriver::tabTo(const AccessibleItem::Condition &condition) const
 bool WindowDriver::openPanel(const QString &title) const
 {
     const auto panel = m_desktop.display().waitForWindow(title);
-    return panel && m_desktop.display().activate(*panel);
+    if (panel)
+        return m_desktop.display().activate(*panel);
+    qWarning("What is there is this:\n%s", qPrintable(describe(application())));
+    return false;
+}
+
+bool WindowDriver::enter(const QString &text) const
+{
+    const auto field = waitFor([](const AccessibleItem &item) {
+        return item.role() == Role::text && item.is(State::focused);
+    });
+    // On a busy machine keys get lost.
+    for (int attempt = 0; field && attempt < 5; ++attempt) {
+        if (!press(u"ctrl+a"_s)
+            || !m_desktop.display().xdotool({u"type"_s, u"--delay"_s, u"5"_s, text}))
+            return false;
+        if (QTest::qWaitFor([&] { return field->text() == text; }))
+            return true;
+    }
+    qWarning("The text cannot be entered: %s", field ? qPrintable(field->text()) : "no field");
+    return false;
 }
 
 bool WindowDriver::answerPanel(const QString &title, const QString &path) const
 {
-    if (!openPanel(title) || !m_desktop.display().xdotool({u"type"_s, u"--delay"_s, u"5"_s, path}))
+    if (!openPanel(title) || !enter(path))
         return false;
     // The first Return may go to the list that offers completions.
     for (int attempt = 0; attempt < 5; ++attempt) {

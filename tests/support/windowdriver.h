@@ -83,7 +83,7 @@ public:
 
     bool chooseCodec(OutputCodec codec) const;
 
-    /// Waits until there are so many videos to convert, and presses the button.
+    /// Waits until there are so many videos to convert, which enables the button, and presses it.
     bool convert(int videos) const;
 
     /// Drags the window's lower right corner by an offset, as far as the window lets it.
@@ -94,6 +94,8 @@ public:
 
 private:
     bool clickAt(const QPoint &place) const;
+    // Types into the field that has the keyboard, in place of what is in it.
+    bool enter(const QString &text) const;
 
     const VirtualDesktop &m_desktop;
     const ProgramRun &m_run;
