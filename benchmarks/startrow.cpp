@@ -17,8 +17,14 @@ QList<Row> measureStart()
     const auto memoryOf = [](const QString &which) {
         return runTask({u"idle"_s, which}).output.toDouble();
     };
+    QList<double> seconds;
     const double time = medianRatio(
-        9, [&] { return timeOf(u"program"_s); }, [&] { return timeOf(u"bare"_s); });
+        9,
+        [&] {
+            seconds << timeOf(u"program"_s);
+            return seconds.last();
+        },
+        [&] { return timeOf(u"bare"_s); });
     QList<double> bytes;
     const double memory = medianRatio(
         3,
@@ -28,7 +34,8 @@ QList<Row> measureStart()
         },
         [&] { return memoryOf(u"bare"_s); });
     const QString against = u"a Qt Quick window with one rectangle"_s;
-    return {{u"start to the first frame"_s, against, u"≤ 1.5"_s, QString::number(time, 'f', 2)},
+    return {{u"start to the first frame"_s, against, u"≤ 1.5"_s,
+             u"%1 (%2 ms)"_s.arg(time, 0, 'f', 2).arg(1000 * median(seconds), 0, 'f', 0)},
             {u"resident memory when idle"_s, against, u"≤ 1.5"_s,
              u"%1 (%2 MiB)"_s.arg(memory, 0, 'f', 2).arg(median(bytes) / 1048576, 0, 'f', 0)}};
 }

@@ -155,15 +155,14 @@ void quitAtFirstFrame()
 int scrollList(int count)
 {
     Window window;
+    malloc_trim(0);
+    const double before = residentMemory();
     QList<QUrl> urls;
     for (int i = 0; i < count; ++i)
         urls << QUrl::fromLocalFile(u"/videos/folder %1/clip %2.mp4"_s.arg(i / 100).arg(i));
-    malloc_trim(0);
-    const double before = residentMemory();
     window.model().add(urls);
     urls.clear();
     malloc_trim(0);
-    // With the paths, which the queue holds and the list of URLs above shared with it.
     const double after = residentMemory();
     window.awaitFrame();
     QQuickItem *list = window.findList();
