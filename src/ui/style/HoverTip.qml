@@ -27,6 +27,7 @@ Item {
             id: popup
 
             bottomPadding: 5
+            contentWidth: Math.min(implicitContentWidth, 420)
             delay: 600
             implicitHeight: contentHeight + topPadding + bottomPadding
             implicitWidth: contentWidth + leftPadding + rightPadding
@@ -50,7 +51,6 @@ Item {
                 font: Theme.subheadline
                 text: popup.text
                 textFormat: Text.PlainText
-                width: Math.min(implicitWidth, 420)
                 wrapMode: Text.Wrap
             }
         }

@@ -111,6 +111,9 @@ TestCase {
         mouseMove(item, x, y);
         tryVerify(() => tip() !== null, 3000, "a tooltip");
         compare(tip().text, text);
+        verify(tip().width <= 420, "a tooltip that wraps");
+        verify(tip().contentWidth <= tip().width + 0.5 && tip().contentHeight <= tip().height + 0.5,
+               "the whole text");
         restPointer();
         tryVerify(() => tip() === null);
     }
