@@ -8,6 +8,7 @@
 #include "support/recordedpanel.h"
 #include "support/testtooldirectories.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
 
