@@ -55,7 +55,12 @@ public:
 
     /// In the order in which they are converted and shown.
     const QList<ConversionJob> &jobs() const { return m_jobs.jobs(); }
+
+    /// The same list for views. It is changed by the operations below only, which keep account of
+    /// what is queued.
     JobListModel *jobModel() { return &m_jobs; }
+
+    /// How many jobs there are, whatever their states.
     int jobCount() const { return m_jobs.rowCount(); }
 
     /// Queues the accepted videos among `urls`, files or folders, behind the jobs that are there,
@@ -78,8 +83,10 @@ public:
     /// jobs that stand there already are no change.
     Q_INVOKABLE void moveJobs(const QList<int> &rows, int destination);
 
+    /// Removes every completed job, and no other.
     Q_INVOKABLE void clearCompleted();
 
+    /// How many jobs are completed.
     int completedCount() const;
 
     /// The fraction of the whole queue that is done: completed jobs count 1, others their progress.
@@ -101,6 +108,7 @@ public:
     /// true, whatever was dropped.
     Q_INVOKABLE bool handleDrop(const QList<QUrl> &urls);
 
+    /// The output folder, once one was chosen.
     const std::optional<QUrl> &destination() const { return m_destination; }
 
     /// Lets the user choose the output folder.
@@ -115,7 +123,11 @@ public:
 
     // The settings
 
+    /// What the next batch converts with.
     const ConversionSettings &settings() const { return m_settings; }
+
+    /// Replaces all settings at once, also the one that no control of the window sets: whether
+    /// outputs that exist are overwritten.
     void setSettings(const ConversionSettings &settings);
 
     /// Chooses the codec at `index` of codecLabels, which also adapts the audio mode.
@@ -123,6 +135,7 @@ public:
 
     // The batch
 
+    /// Whether a batch runs, from its start until its last conversion has ended.
     bool isConverting() const { return m_isConverting; }
 
     /// Converts every job that is not completed, in list order, one at a time, with the settings
@@ -135,6 +148,8 @@ public:
 
     /// The text that the window's alert shows, until it is cleared.
     const std::optional<QString> &alertMessage() const { return m_alertMessage; }
+
+    /// Takes the alert's text away, as when the user has read it.
     Q_INVOKABLE void clearAlert();
 
 Q_SIGNALS:

@@ -14,8 +14,8 @@
 
 namespace quorvale {
 
-/// The ordered list of jobs, shown to views row by row: a change of one job touches its row only
-/// and the list is never reset. Main thread only.
+/// The ordered list of jobs, shown to views row by row: a change of one job touches its row only,
+/// and the list is reset only when very many separate rows go at once. Main thread only.
 ///
 /// Jobs are named by their id; an operation on an id that is not in the list does nothing.
 class JobListModel : public QAbstractListModel
@@ -49,11 +49,14 @@ public:
     /// How many jobs are completed. Costs nothing.
     int completedCount() const { return m_completedCount; }
 
+    /// Adds the jobs, whose ids are new to the list, behind the others.
     void append(const QList<ConversionJob> &jobs);
 
     /// Removes every job for which `isUnwanted` is true, keeping the order of the others. Views see
     /// one removal for each run of neighbouring rows, or a reset when there are very many.
     void removeIf(const std::function<bool(const ConversionJob &)> &isUnwanted);
+
+    /// Removes the job, whatever its state.
     void remove(const QUuid &id);
 
     /// Moves the job at row `from` so that it ends up at row `to`; both are rows of the list.
@@ -64,7 +67,10 @@ public:
     /// see one move for each run of neighbouring rows, and changed() is said once.
     void move(const QList<int> &rows, qsizetype destination);
 
+    /// Says where the job stands from now on.
     void setState(const QUuid &id, const JobState &state);
+
+    /// Sets the fraction done, normally 0 to 1, which is stored as it comes.
     void setProgress(const QUuid &id, double progress);
 
     int rowCount(const QModelIndex &parent = {}) const override;

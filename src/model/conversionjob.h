@@ -20,6 +20,8 @@ public:
 
     /// The job's identity: two jobs for the same file are two jobs.
     const QUuid &id() const { return m_id; }
+
+    /// The file to convert, as a file URL.
     const QUrl &source() const { return m_source; }
 
 private:

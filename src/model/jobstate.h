@@ -25,7 +25,10 @@ public:
     static JobState failed(const QString &message) { return JobState(Case::failed, message); }
     static JobState cancelled() { return JobState(Case::cancelled); }
 
+    /// The state without its message.
     Case kind() const { return m_kind; }
+
+    /// Whether it is the state `kind`, whatever its message.
     bool is(Case kind) const { return m_kind == kind; }
 
     /// Why the job failed; empty in every other state.

@@ -23,7 +23,10 @@ public:
     ErrorTail(const ErrorTail &) = delete;
     ErrorTail &operator=(const ErrorTail &) = delete;
 
+    /// Takes the next bytes of the stream, cut anywhere.
     void read(QByteArrayView bytes) { m_lines.read(bytes); }
+
+    /// Takes what stands behind the last line feed for a line, once the stream has ended.
     void finish() { m_lines.finish(); }
 
     /// The last eight non-empty lines, joined by line feeds, invalid UTF-8 replaced. A line of

@@ -25,6 +25,7 @@ public:
     static FFmpegError notFound();
     static FFmpegError cancelled();
 
+    /// Which of the conditions it is.
     Case kind() const { return m_kind; }
 
     /// The text for the user; never empty.

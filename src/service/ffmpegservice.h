@@ -25,7 +25,8 @@ class ChildProcess;
 class FFmpegService
 {
 public:
-    /// Receives fractions done, at most 1, on a worker thread. Must neither block nor throw.
+    /// Receives fractions done, at most 1 and negative when ffmpeg's times are, on a worker thread.
+    /// Must neither block nor throw.
     using ProgressHandler = std::function<void(double)>;
 
     FFmpegService();
@@ -54,6 +55,8 @@ public:
     ///
     /// When ffmpeg was built without the media engine's encoder that the settings ask for, the
     /// conversion is run once more with the software encoder.
+    ///
+    /// Any thread; one conversion at a time is expected, as cancel() reaches the latest only.
     QFuture<void> convert(const QUrl &source, const QUrl &destination,
                           const ConversionSettings &settings, const ProgressHandler &onProgress);
 
@@ -74,7 +77,7 @@ private:
     void publish(Attempt attempt, const std::shared_ptr<ChildProcess> &process);
     void withdraw();
 
-    std::mutex m_lock; // guards the two fields below for single reads and writes
+    std::mutex m_lock; // guards the two fields below, held for no more than that
     std::shared_ptr<ChildProcess> m_activeProcess;
     bool m_wasCancelled = false; // since the conversion's first process was published
 

@@ -10,8 +10,9 @@
 
 namespace quorvale {
 
-/// A failure that the operating system reported: a folder that cannot be created, a tool that
-/// cannot be started. The description names the object and the system's reason.
+/// A failure before ffmpeg runs: a folder that cannot be created, a name that is too long, a source
+/// that its own output would replace, a tool that cannot be started. The description names the
+/// object and says why, for the user to read.
 class SystemError : public std::exception
 {
 public:
