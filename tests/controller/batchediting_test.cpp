@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
+#include "support/patience.h"
 #include "support/queue.h"
 
 #include <QTest>
@@ -71,7 +72,7 @@ private Q_SLOTS:
         m_queue->setConversion(2, m_queue->untilReleased(Script()));
         m_queue->add({u"1.mkv"_s, u"2.mkv"_s});
         m_queue->model().start();
-        QTRY_VERIFY(m_queue->isToolWaiting());
+        QTRY_VERIFY_WITH_TIMEOUT(m_queue->isToolWaiting(), patience);
         m_queue->model().requeue(m_queue->id(0));
         finish();
         QCOMPARE(m_queue->state(0), waiting);
@@ -138,9 +139,9 @@ private Q_SLOTS:
     void cancelEndsTheJobAndTheRun()
     {
         startWith({u"1.mkv"_s, u"2.mkv"_s}, Script().out("out_time_ms=2500000\n"));
-        QTRY_COMPARE(m_queue->job(0).progress, 0.25);
+        QTRY_COMPARE_WITH_TIMEOUT(m_queue->job(0).progress, 0.25, patience);
         m_queue->model().cancel();
-        QTRY_VERIFY(!m_queue->model().isConverting());
+        QTRY_VERIFY_WITH_TIMEOUT(!m_queue->model().isConverting(), patience);
         QCOMPARE(m_queue->state(0), cancelled);
         QCOMPARE(m_queue->job(0).progress, 0.25);
         QCOMPARE(m_queue->state(1), waiting);
@@ -151,7 +152,7 @@ private Q_SLOTS:
     {
         startWith({u"1.mkv"_s, u"2.mkv"_s});
         m_queue->model().cancel();
-        QTRY_VERIFY(!m_queue->model().isConverting());
+        QTRY_VERIFY_WITH_TIMEOUT(!m_queue->model().isConverting(), patience);
         m_queue->release();
         QVERIFY(runBatch(m_queue->model()));
         QCOMPARE(m_queue->state(0), completed);
@@ -163,7 +164,7 @@ private Q_SLOTS:
         startWith({u"1.mkv"_s, u"2.mkv"_s},
                   Script().err("received signal 2\n").catchInterrupt(255));
         m_queue->model().cancel();
-        QTRY_VERIFY(!m_queue->model().isConverting());
+        QTRY_VERIFY_WITH_TIMEOUT(!m_queue->model().isConverting(), patience);
         QVERIFY(m_queue->job(0).state == JobState::failed(u"received signal 2"_s));
         QCOMPARE(m_queue->state(1), waiting);
     }
@@ -172,7 +173,7 @@ private Q_SLOTS:
     {
         startWith({u"1.mkv"_s, u"2.mkv"_s}, Script().catchInterrupt(0));
         m_queue->model().cancel();
-        QTRY_VERIFY(!m_queue->model().isConverting());
+        QTRY_VERIFY_WITH_TIMEOUT(!m_queue->model().isConverting(), patience);
         QCOMPARE(m_queue->state(0), completed);
         QCOMPARE(m_queue->state(1), waiting);
     }
@@ -184,11 +185,13 @@ private Q_SLOTS:
         m_queue->setConversions(Script());
         m_queue->add({u"1.mkv"_s, u"2.mkv"_s});
         m_queue->model().start();
-        QTRY_VERIFY(m_queue->isToolWaiting());
+        QTRY_VERIFY_WITH_TIMEOUT(m_queue->isToolWaiting(), patience);
         m_queue->model().cancel();
         finish();
         QCOMPARE(m_queue->state(0), completed);
         QCOMPARE(m_queue->state(1), waiting);
+        // Without an answer from ffprobe, ffmpeg would have been asked as well.
+        QCOMPARE(m_queue->tools().runs(u"ffmpeg"_s).size(), 1);
     }
 
     void aCancelBetweenTwoJobsKeepsTheNextWaiting()
@@ -200,7 +203,7 @@ private Q_SLOTS:
                 m_queue->model().cancel();
         });
         m_queue->model().start();
-        QTRY_VERIFY(!m_queue->model().isConverting());
+        QTRY_VERIFY_WITH_TIMEOUT(!m_queue->model().isConverting(), patience);
         QCOMPARE(m_queue->state(0), completed);
         QCOMPARE(m_queue->state(1), waiting);
         QCOMPARE(m_queue->tools().runs(u"ffmpeg"_s).size(), 1);
@@ -212,7 +215,7 @@ private Q_SLOTS:
         m_queue->add({u"1.mkv"_s});
         m_queue->model().start();
         m_queue->model().cancel();
-        QTRY_VERIFY(!m_queue->model().isConverting());
+        QTRY_VERIFY_WITH_TIMEOUT(!m_queue->model().isConverting(), patience);
         QCOMPARE(m_queue->state(0), waiting);
         QVERIFY(m_queue->tools().runs(u"ffmpeg"_s).isEmpty());
     }
@@ -223,7 +226,7 @@ private Q_SLOTS:
         m_queue->add({u"1.mkv"_s});
         m_queue->model().start();
         m_queue->model().remove(m_queue->id(0));
-        QTRY_VERIFY(!m_queue->model().isConverting());
+        QTRY_VERIFY_WITH_TIMEOUT(!m_queue->model().isConverting(), patience);
         QVERIFY(m_queue->tools().runs(u"ffmpeg"_s).isEmpty());
     }
 
@@ -234,7 +237,7 @@ private Q_SLOTS:
         m_queue->takeModel();
         QVERIFY(!controller.expired());
         m_queue->release();
-        QTRY_VERIFY(controller.expired());
+        QTRY_VERIFY_WITH_TIMEOUT(controller.expired(), patience);
         QCOMPARE(m_queue->tools().runs(u"ffmpeg"_s).size(), 1);
     }
 
@@ -245,14 +248,14 @@ private:
         m_queue->setConversions(m_queue->untilReleased(beginning));
         m_queue->add(names);
         m_queue->model().start();
-        QTRY_VERIFY(m_queue->isToolWaiting());
+        QTRY_VERIFY_WITH_TIMEOUT(m_queue->isToolWaiting(), patience);
         QCOMPARE(m_queue->state(0), converting);
     }
 
     void finish()
     {
         m_queue->release();
-        QTRY_VERIFY(!m_queue->model().isConverting());
+        QTRY_VERIFY_WITH_TIMEOUT(!m_queue->model().isConverting(), patience);
     }
 
     std::unique_ptr<Queue> m_queue;

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
+#include "support/patience.h"
 #include "support/queue.h"
 
 #include <QFile>
@@ -83,12 +84,12 @@ private Q_SLOTS:
         queue.model().start();
         QVERIFY(queue.model().isConverting());
         QCOMPARE(queue.state(0), waiting);
-        QTRY_COMPARE(queue.job(0).progress, 0.25);
+        QTRY_COMPARE_WITH_TIMEOUT(queue.job(0).progress, 0.25, patience);
         QCOMPARE(queue.state(0), converting);
         QCOMPARE(queue.state(1), waiting);
         QCOMPARE(queue.model().overallProgress(), 0.125);
         queue.release();
-        QTRY_VERIFY(!queue.model().isConverting());
+        QTRY_VERIFY_WITH_TIMEOUT(!queue.model().isConverting(), patience);
         QCOMPARE(queue.state(0), completed);
         QCOMPARE(queue.state(1), completed);
     }
@@ -240,10 +241,10 @@ private Q_SLOTS:
         queue.setConversions(queue.untilReleased(Script()));
         queue.add({u"1.mkv"_s, u"2.mkv"_s});
         queue.model().start();
-        QTRY_VERIFY(queue.isToolWaiting());
+        QTRY_VERIFY_WITH_TIMEOUT(queue.isToolWaiting(), patience);
         queue.tools().removeTool(u"ffmpeg"_s);
         queue.release();
-        QTRY_VERIFY(!queue.model().isConverting());
+        QTRY_VERIFY_WITH_TIMEOUT(!queue.model().isConverting(), patience);
         QCOMPARE(queue.state(0), completed);
         QVERIFY(queue.job(1).state
                 == JobState::failed(

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
+#include "support/patience.h"
 #include "support/queue.h"
 
 #include <QSignalSpy>
@@ -99,7 +100,7 @@ private Q_SLOTS:
         const QSignalSpy changes(&queue.model(), &ConverterViewModel::isConvertingChanged);
         queue.model().start();
         queue.model().start();
-        QTRY_VERIFY(!queue.model().isConverting());
+        QTRY_VERIFY_WITH_TIMEOUT(!queue.model().isConverting(), patience);
         queue.model().clearCompleted();
         QCOMPARE(changes.size(), 2);
         QCOMPARE(queue.tools().runs(u"ffmpeg"_s).size(), 1);
@@ -116,7 +117,7 @@ private Q_SLOTS:
         queue.model().start();
         QVERIFY(!queue.model().alertMessage());
         queue.release();
-        QTRY_VERIFY(!queue.model().isConverting());
+        QTRY_VERIFY_WITH_TIMEOUT(!queue.model().isConverting(), patience);
     }
 };
 

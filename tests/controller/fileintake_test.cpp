@@ -3,6 +3,7 @@
 
 #include "controller/converterviewmodel.h"
 #include "support/filetree.h"
+#include "support/patience.h"
 #include "support/recordedfilemanager.h"
 #include "support/recordedpanel.h"
 
@@ -34,7 +35,7 @@ private Q_SLOTS:
         const QUrl a = tree.addFile(u"a.mp4"_s);
         QVERIFY(m_model->handleDrop({b, a}));
         QVERIFY(m_model->jobs().isEmpty());
-        QTRY_COMPARE(m_model->jobs().size(), 2);
+        QTRY_COMPARE_WITH_TIMEOUT(m_model->jobs().size(), 2, patience);
         QCOMPARE(m_model->jobs()[0].source(), b);
         QCOMPARE(m_model->jobs()[1].source(), a);
     }
@@ -45,7 +46,7 @@ private Q_SLOTS:
         const QUrl clip = tree.addFile(u"clip.mp4"_s);
         const QUrl last = tree.addFile(u"last.mp4"_s);
         m_model->handleDrop({clip, clip, last});
-        QTRY_COMPARE(m_model->jobs().size(), 2);
+        QTRY_COMPARE_WITH_TIMEOUT(m_model->jobs().size(), 2, patience);
     }
 
     void aDroppedFolderIsAddedInNameOrder()
@@ -53,7 +54,7 @@ private Q_SLOTS:
         const FileTree tree;
         tree.addFiles({u"clip10.mkv"_s, u"clip9.mkv"_s});
         m_model->handleDrop({tree.root()});
-        QTRY_COMPARE(m_model->jobs().size(), 2);
+        QTRY_COMPARE_WITH_TIMEOUT(m_model->jobs().size(), 2, patience);
         QCOMPARE(m_model->jobs()[0].source(), tree.url(u"clip9.mkv"_s));
     }
 
@@ -94,7 +95,7 @@ private Q_SLOTS:
         const QSignalSpy removals(m_model->jobModel(), &JobListModel::rowsRemoved);
         const QSignalSpy rowChanges(m_model->jobModel(), &JobListModel::dataChanged);
         m_model->handleDrop(clips);
-        QTRY_COMPARE(m_model->jobCount(), count);
+        QTRY_COMPARE_WITH_TIMEOUT(m_model->jobCount(), count, patience);
         for (int i = 0; i < count; ++i)
             QCOMPARE(m_model->jobs()[i].source(), clips[i]);
         QCOMPARE(inserts.size(), count);
@@ -133,7 +134,7 @@ private Q_SLOTS:
         const QUrl odd = tree.addFile(u"50% #1? %20.mp4"_s);
         // As it stands in the text of a drag.
         m_model->handleDrop({QUrl::fromEncoded(odd.toEncoded())});
-        QTRY_COMPARE(m_model->jobs().size(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(m_model->jobs().size(), 1, patience);
         QCOMPARE(m_model->jobs()[0].source().toLocalFile(), tree.path(u"50% #1? %20.mp4"_s));
     }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "support/leftovers.h"
+#include "support/patience.h"
 #include "support/queue.h"
 
 #include <QAbstractItemModelTester>
@@ -93,8 +94,8 @@ private Q_SLOTS:
         m_queue->setConversions(m_queue->untilReleased(Script().out("out_time_ms=5000000\n")));
         m_queue->add({u"1.mkv"_s});
         model.start();
-        QTRY_VERIFY(m_queue->isToolWaiting());
-        QTRY_COMPARE(m_queue->job(0).progress, 0.5);
+        QTRY_VERIFY_WITH_TIMEOUT(m_queue->isToolWaiting(), patience);
+        QTRY_COMPARE_WITH_TIMEOUT(m_queue->job(0).progress, 0.5, patience);
 
         const QSignalSpy changes(&model, &ConverterViewModel::jobsChanged);
         const QSignalSpy insertions(model.jobModel(), &JobListModel::rowsInserted);
@@ -132,7 +133,7 @@ private Q_SLOTS:
         QCOMPARE(changes.size() - before, 1);
 
         m_queue->release();
-        QTRY_VERIFY(!model.isConverting());
+        QTRY_VERIFY_WITH_TIMEOUT(!model.isConverting(), patience);
         QCOMPARE(m_queue->state(0), completed);
         QCOMPARE(m_queue->tools().runs(u"ffmpeg"_s).size(), 1);
     }

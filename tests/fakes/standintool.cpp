@@ -8,7 +8,7 @@
 //                     additional "\n"
 //   <tool>.script.N   what the Nth run does, counted from 1; without it:
 //   <tool>.script     what every run does
-//   <tool>.interrupts the number of SIGINTs that a run with "count-interrupts" received
+//   <tool>.interrupts a byte for each SIGINT that the last run with "count-interrupts" received
 //
 // A script holds one command a line. TEXT is percent-encoded bytes.
 //
@@ -39,6 +39,7 @@
 #include <string>
 #include <thread>
 
+#include <fcntl.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -46,12 +47,14 @@ namespace {
 
 using Milliseconds = std::chrono::milliseconds;
 
-volatile std::sig_atomic_t interrupts = 0;
+volatile std::sig_atomic_t interruptsFile = -1;
 volatile std::sig_atomic_t statusAtInterrupt = 0;
 
 extern "C" void countInterrupt(int)
 {
-    interrupts = interrupts + 1;
+    const int error = errno;
+    [[maybe_unused]] const ssize_t written = ::write(interruptsFile, "!", 1);
+    errno = error;
 }
 
 extern "C" void exitAtInterrupt(int)
@@ -178,6 +181,8 @@ void follow(std::istream &script, const std::string &tool, const std::string &la
             statusAtInterrupt = static_cast<int>(number());
             std::signal(SIGINT, exitAtInterrupt);
         } else if (command == "count-interrupts") {
+            interruptsFile = ::open(beside(tool, "interrupts").c_str(),
+                                    O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC, 0600);
             std::signal(SIGINT, countInterrupt);
         } else if (command == "leave-grandchild") {
             const Milliseconds life(number());
@@ -201,9 +206,7 @@ void follow(std::istream &script, const std::string &tool, const std::string &la
             ::setrlimit(RLIMIT_CORE, &noCore);
             ::raise(signal);
         } else if (command == "exit") {
-            const int status = static_cast<int>(number());
-            std::ofstream(beside(tool, "interrupts")) << static_cast<int>(interrupts);
-            std::exit(status);
+            std::exit(static_cast<int>(number()));
         } else if (!command.empty()) {
             writeAll(STDERR_FILENO, "stand-in tool: unknown command " + command + '\n');
             std::exit(99);
@@ -226,6 +229,5 @@ int main(int argc, char **argv)
         return 99;
     }
     follow(script, tool, argc > 1 ? argv[argc - 1] : "");
-    std::ofstream(beside(tool, "interrupts")) << static_cast<int>(interrupts);
     return 0;
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "controller/converterviewmodel.h"
+#include "support/patience.h"
 #include "support/recordedfilemanager.h"
 #include "support/recordedpanel.h"
 
@@ -169,7 +170,7 @@ private Q_SLOTS:
         QVERIFY2(m_root, qPrintable(component.errorString()));
         const QPointer<QObject> button(m_root->property("object").value<QObject *>());
         QVERIFY(button && QMetaObject::invokeMethod(button, "clicked"));
-        QTRY_COMPARE(busy.runs, 1);
+        QTRY_COMPARE_WITH_TIMEOUT(busy.runs, 1, patience);
         QVERIFY(!button);
         QCOMPARE(m_model->jobCount(), 1);
     }

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
+#include "support/patience.h"
 #include "support/programbench.h"
 #include "support/virtualdesktop.h"
 
@@ -48,7 +49,7 @@ private Q_SLOTS:
         const QPoint offset(60, 40);
         QVERIFY(m_bench->window().resizeBy(offset));
         const QSize large = least + QSize(offset.x(), offset.y());
-        QTRY_COMPARE(size(), large);
+        QTRY_COMPARE_WITH_TIMEOUT(size(), large, patience);
         QCOMPARE(m_bench->run().complaints(), QByteArray());
     }
 

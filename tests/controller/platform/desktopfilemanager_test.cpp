@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "controller/platform/desktopfilemanager.h"
+#include "support/patience.h"
 #include "support/privatebus.h"
 
 #include <QDBusContext>
@@ -89,7 +90,7 @@ private Q_SLOTS:
         QFETCH(const QString, uri);
         FakeFileManager service(m_bus->connection(u"service"_s));
         make().reveal(QUrl::fromLocalFile(path));
-        QTRY_COMPARE(service.shown, QList<QStringList>(1, {uri}));
+        QTRY_COMPARE_WITH_TIMEOUT(service.shown, QList<QStringList>(1, {uri}), patience);
         QCOMPARE(service.startupIds, QStringList{QString()});
         QTest::qWait(100);
         QCOMPARE(m_opened, QList<QUrl>{});
@@ -101,7 +102,7 @@ private Q_SLOTS:
         make().reveal(QUrl::fromLocalFile(u"/out"_s));
         // The service lives in this very thread: had the caller waited, it would wait for ever.
         QCOMPARE(service.shown.size(), 0);
-        QTRY_COMPARE(service.shown.size(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(service.shown.size(), 1, patience);
     }
 
     void opensTheParentWhenThereIsNoBus()
@@ -114,7 +115,8 @@ private Q_SLOTS:
     void opensTheParentWhenThereIsNoFileManager()
     {
         make().reveal(QUrl::fromLocalFile(u"/videos/50% #1?/out"_s));
-        QTRY_COMPARE(m_opened, QList{QUrl::fromLocalFile(u"/videos/50% #1?"_s)});
+        QTRY_COMPARE_WITH_TIMEOUT(m_opened, QList{QUrl::fromLocalFile(u"/videos/50% #1?"_s)},
+                                  patience);
     }
 
     void opensTheParentWhenTheFileManagerRefuses()
@@ -122,7 +124,7 @@ private Q_SLOTS:
         FakeFileManager service(m_bus->connection(u"service"_s));
         service.manner = FakeFileManager::Manner::refusing;
         make().reveal(QUrl::fromLocalFile(u"/videos/out/"_s));
-        QTRY_COMPARE(m_opened, QList{QUrl::fromLocalFile(u"/videos"_s)});
+        QTRY_COMPARE_WITH_TIMEOUT(m_opened, QList{QUrl::fromLocalFile(u"/videos"_s)}, patience);
         QCOMPARE(service.shown.size(), 1);
     }
 
@@ -131,7 +133,7 @@ private Q_SLOTS:
         FakeFileManager service(m_bus->connection(u"service"_s));
         service.manner = FakeFileManager::Manner::silent;
         make(200ms).reveal(QUrl::fromLocalFile(u"/out"_s));
-        QTRY_COMPARE(m_opened, QList{QUrl::fromLocalFile(u"/"_s)});
+        QTRY_COMPARE_WITH_TIMEOUT(m_opened, QList{QUrl::fromLocalFile(u"/"_s)}, patience);
     }
 
     void opensTheParentWhenTheFileManagerEndsMeanwhile()
@@ -139,16 +141,16 @@ private Q_SLOTS:
         FakeFileManager service(m_bus->connection(u"service"_s));
         service.manner = FakeFileManager::Manner::silent;
         make().reveal(QUrl::fromLocalFile(u"/videos/out"_s));
-        QTRY_COMPARE(service.shown.size(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(service.shown.size(), 1, patience);
         QCOMPARE(m_opened.size(), 0);
         m_bus->disconnect(u"service"_s);
-        QTRY_COMPARE(m_opened, QList{QUrl::fromLocalFile(u"/videos"_s)});
+        QTRY_COMPARE_WITH_TIMEOUT(m_opened, QList{QUrl::fromLocalFile(u"/videos"_s)}, patience);
     }
 
     void showsTheRootItselfWhenThereIsNoFileManager()
     {
         make().reveal(QUrl::fromLocalFile(u"/"_s));
-        QTRY_COMPARE(m_opened, QList{QUrl::fromLocalFile(u"/"_s)});
+        QTRY_COMPARE_WITH_TIMEOUT(m_opened, QList{QUrl::fromLocalFile(u"/"_s)}, patience);
     }
 
 public Q_SLOTS:

@@ -43,15 +43,17 @@ private Q_SLOTS:
 
     void showsTheTitleAndThePrompt()
     {
-        QString title;
-        QString prompt;
-        run(videos, [&](QFileDialog &dialog) {
-            title = dialog.windowTitle();
-            prompt = acceptButton(dialog)->text();
-            dialog.reject();
-        });
-        QCOMPARE(title, u"Choose videos to convert"_s);
-        QCOMPARE(prompt, u"Add Videos"_s);
+        for (const OpenPanelRequest &request : {videos, folders, output}) {
+            QString title;
+            QString prompt;
+            run(request, [&](QFileDialog &dialog) {
+                title = dialog.windowTitle();
+                prompt = acceptButton(dialog)->text();
+                dialog.reject();
+            });
+            QCOMPARE(title, request.title);
+            QCOMPARE(prompt, request.prompt);
+        }
     }
 
     void belongsToTheWindowAndIsModalToTheProgram()

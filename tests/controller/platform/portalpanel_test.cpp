@@ -3,6 +3,7 @@
 
 #include "controller/platform/portalpanel.h"
 #include "support/fakeportal.h"
+#include "support/patience.h"
 #include "support/privatebus.h"
 #include "support/recordedpanel.h"
 
@@ -127,10 +128,12 @@ private Q_SLOTS:
     void aRequestAtAPathOfThePortalsOwnIsHeard()
     {
         m_portal->handles = FakePortal::Handles::ownPaths;
-        m_portal->whenOpen = [this] {
-            QTimer::singleShot(100, m_portal.get(), [this] {
-                m_portal->respond(FakePortal::success, {u"file:///v"_s});
-            });
+        // The user answers once the program has heard of the path, which nobody else can tell.
+        QTimer answers;
+        connect(&answers, &QTimer::timeout, this,
+                [this] { m_portal->respond(FakePortal::success, {u"file:///v"_s}); });
+        m_portal->whenOpen = [&] {
+            answers.start(100);
         };
         QVERIFY(m_panel->run(severalFolders) == Answer(QList{QUrl::fromLocalFile(u"/v"_s)}));
     }
@@ -264,7 +267,7 @@ private Q_SLOTS:
         });
         QCoreApplication::exec();
         QVERIFY(!answer);
-        QTRY_COMPARE(m_portal->closedRequests(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(m_portal->closedRequests(), 1, patience);
     }
 
     void theEndOfTheWindowMeanwhileDoesNoHarm()
@@ -279,12 +282,6 @@ private Q_SLOTS:
     }
 
 private:
-    // Once the program has been told that its chooser is open.
-    void afterTheReply(const std::function<void()> &action)
-    {
-        QTimer::singleShot(200, this, action);
-    }
-
     void stepsIn()
     {
         const QList folders{QUrl::fromLocalFile(u"/v"_s)};

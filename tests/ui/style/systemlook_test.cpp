@@ -3,6 +3,7 @@
 
 #include "systemlook.h"
 
+#include "support/patience.h"
 #include "support/privatebus.h"
 
 #include <QDBusContext>
@@ -127,7 +128,7 @@ private Q_SLOTS:
         FakeSettings settings(m_bus.connection(u"portal"_s));
         settings.colorScheme = colorScheme;
         SystemLook look;
-        QTRY_COMPARE(settings.reads, 1);
+        QTRY_COMPARE_WITH_TIMEOUT(settings.reads, 1, patience);
         QTest::qWait(50);
         QTEST(look.isDark(), "isDarkOnLight");
         setWindowColor(darkWindow);
@@ -141,17 +142,17 @@ private Q_SLOTS:
         settings.colorScheme = 2U;
         SystemLook look;
         QSignalSpy changes(&look, &SystemLook::changed);
-        QTRY_COMPARE(changes.size(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(changes.size(), 1, patience);
         QVERIFY(!look.isDark());
         settings.change(appearance, colorSchemeKey, 1U);
-        QTRY_VERIFY(look.isDark());
+        QTRY_VERIFY_WITH_TIMEOUT(look.isDark(), patience);
         QCOMPARE(changes.size(), 2);
         settings.change(appearance, colorSchemeKey, 2U);
-        QTRY_VERIFY(!look.isDark());
+        QTRY_VERIFY_WITH_TIMEOUT(!look.isDark(), patience);
         setWindowColor(darkWindow);
         QVERIFY(!look.isDark());
         settings.change(appearance, colorSchemeKey, 0U);
-        QTRY_VERIFY(look.isDark()); // as the palette
+        QTRY_VERIFY_WITH_TIMEOUT(look.isDark(), patience); // as the palette
     }
 
     void otherSettingsAreNothing()
@@ -160,12 +161,13 @@ private Q_SLOTS:
         settings.colorScheme = 2U;
         SystemLook look;
         QSignalSpy changes(&look, &SystemLook::changed);
-        QTRY_COMPARE(changes.size(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(changes.size(), 1, patience);
         settings.change(appearance, u"contrast"_s, 1U);
         settings.change(u"org.example"_s, colorSchemeKey, 1U);
         settings.change(appearance, colorSchemeKey, u"dark"_s);
         settings.change(appearance, colorSchemeKey, 2U);
-        QTRY_COMPARE(changes.size(), 2); // the last, and it came after the others
+        QTRY_COMPARE_WITH_TIMEOUT(changes.size(), 2,
+                                  patience); // the last, and it came after the others
         QVERIFY(!look.isDark());
     }
 
@@ -175,7 +177,7 @@ private Q_SLOTS:
         QTest::qWait(50);
         FakeSettings settings(m_bus.connection(u"portal"_s));
         settings.change(appearance, colorSchemeKey, 1U);
-        QTRY_VERIFY(look.isDark());
+        QTRY_VERIFY_WITH_TIMEOUT(look.isDark(), patience);
     }
 
     void theWindowIsThePalettes()
@@ -183,7 +185,7 @@ private Q_SLOTS:
         FakeSettings settings(m_bus.connection(u"portal"_s));
         settings.colorScheme = 1U;
         SystemLook look;
-        QTRY_VERIFY(look.isDark());
+        QTRY_VERIFY_WITH_TIMEOUT(look.isDark(), patience);
         // The desktop has not said so to the palette.
         QCOMPARE(look.window(), lightWindow);
         QVERIFY(!look.isWindowDark());
