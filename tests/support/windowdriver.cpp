@@ -7,6 +7,7 @@
 #include "programrun.h"
 #include "virtualdesktop.h"
 
+#include <QRegularExpression>
 #include <QTest>
 
 #include <algorithm>
@@ -131,6 +132,16 @@ bool WindowDriver::waitForDescription(const QString &row, const QString &part) c
     return false;
 }
 
+bool WindowDriver::waitForProgress(const QString &row) const
+{
+    // Any will do: how long one percentage stands is up to the machine.
+    const QRegularExpression underWay(u", Converting [1-9]\\d*%"_s);
+    if (QTest::qWaitFor([&] { return description(row).contains(underWay); }, 2 * patience))
+        return true;
+    qWarning("%s: %s", qPrintable(row), qPrintable(description(row)));
+    return false;
+}
+
 std::optional<AccessibleItem> WindowDriver::focused() const
 {
     // What holds the item that has the keyboard counts as focused, too.
@@ -222,8 +233,18 @@ bool WindowDriver::answerPanel(const QString &title, const QString &path) const
     if (!openPanel(title) || !enter(path))
         return false;
     // The first Return may go to the list that offers completions.
+    return pressUntilClosed(u"Return"_s, title);
+}
+
+bool WindowDriver::abandonPanel(const QString &title) const
+{
+    return openPanel(title) && pressUntilClosed(u"Escape"_s, title);
+}
+
+bool WindowDriver::pressUntilClosed(const QString &key, const QString &title) const
+{
     for (int attempt = 0; attempt < 5; ++attempt) {
-        if (!press(u"Return"_s))
+        if (!press(key))
             return false;
         if (m_desktop.display().waitForNoWindow(title, 3000))
             return true;

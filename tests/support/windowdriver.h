@@ -55,6 +55,8 @@ public:
     QString description(const QString &row) const;
     /// Waits until that holds the text.
     bool waitForDescription(const QString &row, const QString &part) const;
+    /// Waits until it says that some of the row's conversion is done and some is not.
+    bool waitForProgress(const QString &row) const;
 
     /// The item that has the keyboard.
     std::optional<AccessibleItem> focused() const;
@@ -78,6 +80,8 @@ public:
     bool openPanel(const QString &title) const;
     /// Types the path, which is to be ASCII, into the open panel and waits for its end.
     bool answerPanel(const QString &title, const QString &path) const;
+    /// Waits for the panel and leaves it by Escape.
+    bool abandonPanel(const QString &title) const;
     /// Chooses the folder in the panel that the button opens.
     bool chooseOutputFolder(const QString &folder) const;
 
@@ -93,6 +97,7 @@ public:
     bool close() const;
 
 private:
+    bool pressUntilClosed(const QString &key, const QString &title) const;
     bool clickAt(const QPoint &place) const;
     // Types into the field that has the keyboard, in place of what is in it.
     bool enter(const QString &text) const;

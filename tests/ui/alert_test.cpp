@@ -71,6 +71,7 @@ private Q_SLOTS:
     {
         for (const QString &key : {u"Tab"_s, u"Tab"_s, u"shift+Tab"_s}) {
             QVERIFY(window().press(key));
+            QTest::qWait(500); // for the key to arrive
             const auto focused = window().focused();
             QVERIFY(focused);
             QCOMPARE(focused->name(), u"OK"_s);

@@ -75,7 +75,7 @@ private Q_SLOTS:
 private:
     // Long enough that the program ends meanwhile on a fast machine, too.
     static constexpr int seconds = 240;
-    static constexpr int promptly = 3000;
+    static constexpr int promptly = 20'000;
 
     QString source() const { return m_folder.filePath(u"long.mp4"_s); }
 

@@ -25,7 +25,7 @@ private Q_SLOTS:
     {
         QVERIFY(m_desktop.start());
         for (const QString &name : {u"a.mp4"_s, u"b.mp4"_s, u"c.mp4"_s})
-            QVERIFY(makeLongVideo(m_folder.filePath(name), 60));
+            QVERIFY(makeLongVideo(m_folder.filePath(name), 3600));
     }
 
     void init()

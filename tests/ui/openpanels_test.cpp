@@ -23,7 +23,7 @@ private Q_SLOTS:
         QVERIFY(m_desktop.start());
         for (const QString &name : {u"a.mp4"_s, u"b.mkv"_s, u"notes.txt"_s})
             QVERIFY(QFile(m_folder.filePath(name)).open(QIODevice::WriteOnly));
-        QVERIFY(makeLongVideo(m_longFolder.filePath(u"long.mp4"_s), 240));
+        QVERIFY(makeLongVideo(m_longFolder.filePath(u"long.mp4"_s), 3600));
     }
 
     void init()
@@ -185,9 +185,7 @@ private:
     // Abandons the panel, behind which no other is.
     void abandon(const QString &title)
     {
-        QVERIFY(window().openPanel(title));
-        QVERIFY(window().press(u"Escape"_s));
-        QVERIFY(m_desktop.display().waitForNoWindow(title, 10'000));
+        QVERIFY(window().abandonPanel(title));
         QTest::qWait(500);
         QVERIFY(m_desktop.display().windows(title).isEmpty());
         QCOMPARE(window().application().children().size(), 1);

@@ -25,7 +25,7 @@ private Q_SLOTS:
     {
         QVERIFY(m_desktop.start());
         QVERIFY(QDir(m_folder.path()).mkdir(u"Trip"_s));
-        QVERIFY(makeLongVideo(clip(u"a.mp4"_s), 240));
+        QVERIFY(makeLongVideo(clip(u"a.mp4"_s), 1200));
         QFile broken(clip(u"b.mp4"_s));
         QVERIFY(broken.open(QIODevice::WriteOnly) && broken.write("no video") > 0);
     }
@@ -119,8 +119,8 @@ private Q_SLOTS:
         };
         const auto increases = [](const std::function<int()> &progress) {
             int first = -1;
-            return QTest::qWaitFor([&] { return (first = progress()) >= 0; }, 20'000)
-                   && QTest::qWaitFor([&] { return progress() > first; }, 20'000);
+            return QTest::qWaitFor([&] { return (first = progress()) >= 0; }, 60'000)
+                   && QTest::qWaitFor([&] { return progress() > first; }, 60'000);
         };
         QVERIFY(increases(rowProgress));
         QVERIFY(increases([&] { return barProgress(u"Progress of a.mp4"_s); }));

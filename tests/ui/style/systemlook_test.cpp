@@ -115,12 +115,13 @@ private Q_SLOTS:
         QTest::addColumn<QVariant>("colorScheme");
         QTest::addColumn<bool>("isDarkOnLight");
         QTest::addColumn<bool>("isDarkOnDark");
-        QTest::newRow("prefers dark") << QVariant(1U) << true << true;
-        QTest::newRow("prefers light") << QVariant(2U) << false << false;
-        QTest::newRow("no preference") << QVariant(0U) << false << true;
-        QTest::newRow("unknown preference") << QVariant(7U) << false << true;
-        QTest::newRow("no setting") << QVariant() << false << true;
-        QTest::newRow("no number") << QVariant(u"dark"_s) << false << true;
+        QTest::addColumn<int>("changes");
+        QTest::newRow("prefers dark") << QVariant(1U) << true << true << 1;
+        QTest::newRow("prefers light") << QVariant(2U) << false << false << 1;
+        QTest::newRow("no preference") << QVariant(0U) << false << true << 1;
+        QTest::newRow("unknown preference") << QVariant(7U) << false << true << 1;
+        QTest::newRow("no setting") << QVariant() << false << true << 0;
+        QTest::newRow("no number") << QVariant(u"dark"_s) << false << true << 0;
     }
     void theSettingsDecide()
     {
@@ -128,8 +129,12 @@ private Q_SLOTS:
         FakeSettings settings(m_bus.connection(u"portal"_s));
         settings.colorScheme = colorScheme;
         SystemLook look;
+        QSignalSpy changed(&look, &SystemLook::changed);
         QTRY_COMPARE_WITH_TIMEOUT(settings.reads, 1, patience);
-        QTest::qWait(50);
+        QFETCH(const int, changes);
+        QTRY_COMPARE_WITH_TIMEOUT(changed.size(), changes, patience);
+        QTest::qWait(50); // for what should not come
+        QCOMPARE(changed.size(), changes);
         QTEST(look.isDark(), "isDarkOnLight");
         setWindowColor(darkWindow);
         QTEST(look.isDark(), "isDarkOnDark");
