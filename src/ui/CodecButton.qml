@@ -48,8 +48,10 @@ FocusScope {
         text: root.label
         onClicked: root.action()
 
-        Keys.onEnterPressed: button.clicked()
-        Keys.onReturnPressed: button.clicked()
+        Keys.forwardTo: PressKeys {
+            button: button
+            onReturned: button.clicked()
+        }
 
         background: SmoothRectangle {
             color: root.selected ? Qt.alpha(Theme.white, 0.11)

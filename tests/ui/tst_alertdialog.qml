@@ -109,6 +109,27 @@ ViewTest {
         verify(!Bench.model.isConverting);
     }
 
+    function test_isNotDismissedByAKeyHeldSinceBefore_data() {
+        return [
+            {"tag": "Return", "key": Qt.Key_Return},
+            {"tag": "Enter", "key": Qt.Key_Enter},
+            {"tag": "Space", "key": Qt.Key_Space},
+        ];
+    }
+
+    function test_isNotDismissedByAKeyHeldSinceBefore(data) {
+        show(stages);
+        keyPress(data.key);
+        raise();
+        Bench.repeatKey(data.key, 5);
+        keyRelease(data.key);
+        wait(50);
+        verify(view.alert.opened);
+        verify(Bench.model.alertMessage !== "");
+        keyClick(data.key);
+        verifyGone();
+    }
+
     function test_goesWhenTheControllerClearsIt() {
         show(stages);
         raise();

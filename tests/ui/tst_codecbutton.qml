@@ -106,6 +106,12 @@ ViewTest {
         compare(texts(view), ["H.265 (HEVC) <i>"]);
     }
 
+    function hold(key) {
+        keyPress(key);
+        Bench.repeatKey(key, 4);
+        keyRelease(key);
+    }
+
     function test_pressIsTheActionOnce_data() {
         return [
             {"tag": "click", "press": () => mouseClick(button())},
@@ -113,6 +119,9 @@ ViewTest {
             {"tag": "Space", "press": () => keyClick(Qt.Key_Space)},
             {"tag": "Return", "press": () => keyClick(Qt.Key_Return)},
             {"tag": "Enter", "press": () => keyClick(Qt.Key_Enter)},
+            {"tag": "held Space", "press": () => hold(Qt.Key_Space)},
+            {"tag": "held Return", "press": () => hold(Qt.Key_Return)},
+            {"tag": "held Enter", "press": () => hold(Qt.Key_Enter)},
         ];
     }
 

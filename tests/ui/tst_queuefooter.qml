@@ -45,6 +45,12 @@ ViewTest {
         settle();
     }
 
+    /// That the conversion has not been told to end: it does not do so by itself.
+    function verifyNotCancelled() {
+        wait(200);
+        verify(Bench.model.isConverting);
+    }
+
     function test_emptyQueue() {
         show(footers);
         compare(convertButton().text, "Convert 0 Videos");
@@ -143,6 +149,66 @@ ViewTest {
         keyClick(Qt.Key_Space);
         tryVerify(() => !Bench.model.isConverting);
         verify(convertButton().activeFocus);
+    }
+
+    function test_aHeldKeyPressesConvertOnce_data() {
+        return [
+            {"tag": "Return", "key": Qt.Key_Return},
+            {"tag": "Enter", "key": Qt.Key_Enter},
+        ];
+    }
+
+    function test_aHeldKeyPressesConvertOnce(data) {
+        show(footers);
+        Bench.queue(["a.mp4"]);
+        Bench.chooseRealDestination();
+        Bench.willStayAt([0.5]);
+        convertButton().forceActiveFocus(Qt.TabFocusReason);
+        keyPress(data.key);
+        verify(Bench.model.isConverting);
+        tryCompare(Bench.model, "overallProgress", 0.5);
+        Bench.repeatKey(data.key, 5);
+        keyRelease(data.key);
+        verifyNotCancelled();
+        verify(cancelButtons()[0].activeFocus);
+        keyClick(data.key);
+        tryVerify(() => !Bench.model.isConverting);
+        Bench.repeatKey(data.key, 5);
+        verify(!Bench.model.isConverting);
+    }
+
+    function test_aHeldSpaceBarPressesConvertOnce() {
+        show(footers);
+        Bench.queue(["a.mp4"]);
+        Bench.chooseRealDestination();
+        Bench.willStayAt([0.5]);
+        convertButton().forceActiveFocus(Qt.TabFocusReason);
+        keyPress(Qt.Key_Space);
+        Bench.repeatKey(Qt.Key_Space, 5);
+        verify(!Bench.model.isConverting);
+        keyRelease(Qt.Key_Space);
+        verify(Bench.model.isConverting);
+        tryCompare(Bench.model, "overallProgress", 0.5);
+        Bench.repeatKey(Qt.Key_Space, 5);
+        keyRelease(Qt.Key_Space);
+        verifyNotCancelled();
+    }
+
+    function test_aSpaceBarThatWentDownOnTheOtherButtonPressesNothing() {
+        show(footers);
+        Bench.queue(["a.mp4"]);
+        Bench.chooseRealDestination();
+        Bench.willStayAt([0.5]);
+        convertButton().forceActiveFocus(Qt.TabFocusReason);
+        verify(Bench.convert());
+        verify(cancelButtons()[0].activeFocus);
+        keyPress(Qt.Key_Space);
+        verify(Bench.goOn()); // to its end
+        verify(convertButton().activeFocus);
+        Bench.repeatKey(Qt.Key_Space, 5);
+        keyRelease(Qt.Key_Space);
+        verify(!Bench.model.isConverting);
+        compare(Bench.model.alertMessage, "");
     }
 
     function test_everythingElseStaysEnabledWhileConverting() {

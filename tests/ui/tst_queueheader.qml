@@ -142,6 +142,20 @@ ViewTest {
         compare(Bench.openedPanels, [data.panel, data.panel]);
     }
 
+    function test_aHeldKeyOpensOnePanel() {
+        show(headers);
+        for (const key of [Qt.Key_Return, Qt.Key_Enter, Qt.Key_Space]) {
+            const opened = Bench.openedPanels.length;
+            button("Folder").forceActiveFocus(Qt.TabFocusReason);
+            keyPress(key);
+            Bench.repeatKey(key, 4);
+            keyRelease(key);
+            tryVerify(() => Bench.openedPanels.length > opened);
+            wait(20);
+            compare(Bench.openedPanels.length, opened + 1);
+        }
+    }
+
     function test_buttonsAddWhatIsChosen() {
         show(headers);
         Bench.answer(["/in/b.mp4", "/in/a.mkv", "/in/notes.txt"]);

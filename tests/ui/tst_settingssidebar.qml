@@ -222,6 +222,24 @@ ViewTest {
         compare(selectedCodecs(), ["ProRes 422 HQ"]);
     }
 
+    function test_aHeldKeySwitchesOnce_data() {
+        return [
+            {"tag": "Space", "key": Qt.Key_Space},
+            {"tag": "Return", "key": Qt.Key_Return},
+            {"tag": "Enter", "key": Qt.Key_Enter},
+        ];
+    }
+
+    function test_aHeldKeySwitchesOnce(data) {
+        hardwareSwitch().forceActiveFocus(Qt.TabFocusReason);
+        keyPress(data.key);
+        Bench.repeatKey(data.key, 4);
+        keyRelease(data.key);
+        compare(settings.count, 1);
+        verify(!Bench.model.useHardware);
+        verify(!hardwareSwitch().checked);
+    }
+
     function test_hardwareSwitch() {
         const toggle = hardwareSwitch();
         compare(toggle.text, "Apple media engine");

@@ -22,8 +22,10 @@ T.Button {
     opacity: enabled ? 1 : 0.45
     rightPadding: 12
 
-    Keys.onEnterPressed: button.clicked()
-    Keys.onReturnPressed: button.clicked()
+    Keys.forwardTo: PressKeys {
+        button: button
+        onReturned: button.clicked()
+    }
 
     background: Rectangle {
         border.color: button.scheme.controlBorder

@@ -18,8 +18,10 @@ T.Button {
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
 
-    Keys.onEnterPressed: button.clicked()
-    Keys.onReturnPressed: button.clicked()
+    Keys.forwardTo: PressKeys {
+        button: button
+        onReturned: button.clicked()
+    }
 
     background: Item {
         FocusRing {

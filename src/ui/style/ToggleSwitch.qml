@@ -24,8 +24,10 @@ T.Switch {
     implicitWidth: implicitContentWidth + 12 + indicator.implicitWidth
     rightPadding: indicator.width + 12
 
-    Keys.onEnterPressed: control.switchOver()
-    Keys.onReturnPressed: control.switchOver()
+    Keys.forwardTo: PressKeys {
+        button: control
+        onReturned: control.switchOver()
+    }
 
     indicator: Rectangle {
         anchors.verticalCenter: parent.verticalCenter

@@ -7,6 +7,7 @@
 
 #include <QFile>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QPalette>
 #include <QQmlEngine>
 #include <QTest>
@@ -226,6 +227,18 @@ void Bench::answer(const QStringList &paths)
     for (const QString &path : paths)
         urls << QUrl::fromLocalFile(path);
     m_queue->panel().answers << urls;
+}
+
+void Bench::repeatKey(int key, int count)
+{
+    const auto send = [key](QEvent::Type type) {
+        QKeyEvent event(type, key, Qt::NoModifier, {}, true);
+        QCoreApplication::sendEvent(QGuiApplication::focusWindow(), &event);
+    };
+    for (int i = 0; i < count; ++i) {
+        send(QEvent::KeyRelease);
+        send(QEvent::KeyPress);
+    }
 }
 
 void Bench::removeTool()

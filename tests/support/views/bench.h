@@ -82,6 +82,9 @@ public:
     /// What the user chooses in the next panel.
     Q_INVOKABLE void answer(const QStringList &paths);
 
+    /// A key is still held: the keyboard repeats it so often, each time as a release and a press.
+    Q_INVOKABLE void repeatKey(int key, int count);
+
     Q_INVOKABLE void removeTool();
     Q_INVOKABLE void putToolBack();
 
