@@ -79,10 +79,10 @@ Item {
         target: footer.model
 
         function onIsConvertingChanged() {
-            if (footer.model.isConverting && convertButton.focus)
-                cancelButton.focus = true;
-            else if (!footer.model.isConverting && cancelButton.focus)
-                convertButton.focus = true;
+            if (footer.model.isConverting)
+                cancelButton.takeOver(convertButton);
+            else
+                convertButton.takeOver(cancelButton);
         }
     }
 }

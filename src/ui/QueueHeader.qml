@@ -52,12 +52,20 @@ Item {
         }
 
         BorderlessButton {
+            id: clearButton
+
             text: "Clear Completed"
             visible: header.model.completedCount > 0 && !header.model.isConverting
             onClicked: header.model.clearCompleted()
+            onVisibleChanged: {
+                if (!visible)
+                    folderButton.takeOver(clearButton);
+            }
         }
 
         BorderedButton {
+            id: folderButton
+
             symbol: Symbol.FolderBadgePlus
             text: "Folder"
             onClicked: Qt.callLater(header.model.chooseFolder) // qmllint disable

@@ -140,15 +140,36 @@ ViewTest {
         compare(convertButton().text, "Convert 1 Video");
     }
 
-    function test_theKeyboardGoesFromConvertToCancelAndBack() {
+    function test_theKeyboardGoesFromConvertToCancelAndBack_data() {
+        return [
+            {"tag": "shown", "reason": Qt.TabFocusReason, "isShown": true},
+            {"tag": "not shown", "reason": Qt.MouseFocusReason, "isShown": false},
+        ];
+    }
+
+    function test_theKeyboardGoesFromConvertToCancelAndBack(data) {
         show(footers);
         Bench.queue(["a.mp4"]);
-        convertButton().forceActiveFocus(Qt.TabFocusReason);
+        convertButton().forceActiveFocus(data.reason);
+        compare(convertButton().visualFocus, data.isShown);
         startConversion();
         verify(cancelButtons()[0].activeFocus);
+        compare(cancelButtons()[0].visualFocus, data.isShown);
         keyClick(Qt.Key_Space);
         tryVerify(() => !Bench.model.isConverting);
         verify(convertButton().activeFocus);
+        compare(convertButton().visualFocus, data.isShown);
+    }
+
+    function test_theKeyboardStaysWhereItIs() {
+        show(footers);
+        Bench.queue(["a.mp4"]);
+        const destination = one(view, DestinationButton);
+        destination.forceActiveFocus(Qt.TabFocusReason);
+        startConversion();
+        verify(destination.visualFocus);
+        verify(Bench.cancel());
+        verify(destination.visualFocus);
     }
 
     function test_aHeldKeyPressesConvertOnce_data() {

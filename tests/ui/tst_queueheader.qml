@@ -124,6 +124,38 @@ ViewTest {
         compare(clearButtons(), []);
     }
 
+    function test_theKeyboardGoesOnFromClearCompleted_data() {
+        return [
+            {"tag": "shown", "reason": Qt.TabFocusReason, "isShown": true},
+            {"tag": "not shown", "reason": Qt.MouseFocusReason, "isShown": false},
+        ];
+    }
+
+    function test_theKeyboardGoesOnFromClearCompleted(data) {
+        show(headers);
+        Bench.queue(["a.mp4"]);
+        Bench.chooseRealDestination();
+        Bench.willComplete();
+        verify(Bench.convert());
+        settle();
+        clearButtons()[0].forceActiveFocus(data.reason);
+        keyClick(Qt.Key_Space);
+        compare(clearButtons(), []);
+        verify(button("Folder").activeFocus);
+        compare(button("Folder").visualFocus, data.isShown);
+    }
+
+    function test_theKeyboardStaysWhenClearCompletedGoes() {
+        show(headers);
+        Bench.queue(["a.mp4"]);
+        Bench.chooseRealDestination();
+        Bench.willComplete();
+        verify(Bench.convert());
+        button("Add Videos").forceActiveFocus(Qt.TabFocusReason);
+        Bench.model.clearCompleted();
+        verify(button("Add Videos").visualFocus);
+    }
+
     function test_buttonsOpenOnePanelEach_data() {
         return [
             {"tag": "Folder", "panel": "Choose a folder of videos"},

@@ -13,6 +13,20 @@ T.Button {
     property int symbol: Symbol.None
     property color textColor: scheme.text
 
+    /// How the keyboard came here the last time; focusReason does not say so any more when the
+    /// button has been hidden.
+    property int lastFocusReason: Qt.OtherFocusReason
+
+    /// Takes the keyboard from a button that goes, and shows it as that did.
+    function takeOver(other: BorderedButton) {
+        if (!other.focus)
+            return;
+        const reason = other.lastFocusReason;
+        focus = true;
+        focusReason = reason;
+        lastFocusReason = reason;
+    }
+
     Accessible.name: text
     focusPolicy: Qt.StrongFocus
     font: Theme.body
@@ -21,6 +35,10 @@ T.Button {
     leftPadding: 12
     opacity: enabled ? 1 : 0.45
     rightPadding: 12
+    onActiveFocusChanged: {
+        if (activeFocus)
+            lastFocusReason = focusReason;
+    }
 
     Keys.forwardTo: PressKeys {
         button: button
