@@ -43,9 +43,10 @@ RowLayout {
         SymbolButton {
             id: up
 
+            focusGap: 0 // the other one is close
             focusPolicy: controls.focusPolicyOf(up)
             symbol: Symbol.ChevronUp
-            symbolColor: Theme.current.secondarySymbol
+            symbolColor: Theme.current.secondary
             text: "Move up"
             onClicked: controls.model.moveJob(controls.jobId, -1)
         }
@@ -53,9 +54,10 @@ RowLayout {
         SymbolButton {
             id: down
 
+            focusGap: 0 // the other one is close
             focusPolicy: controls.focusPolicyOf(down)
             symbol: Symbol.ChevronDown
-            symbolColor: Theme.current.secondarySymbol
+            symbolColor: Theme.current.secondary
             text: "Move down"
             onClicked: controls.model.moveJob(controls.jobId, 1)
         }

@@ -136,6 +136,38 @@ ViewTest {
         verify(Bench.model.isConverting);
     }
 
+    function test_colours() {
+        const symbol = text => one(button("a.mp4", text), Symbol);
+        inBothSchemes(() => {
+            for (const text of ["Move up", "Move down"]) {
+                compare(symbol(text).color, Theme.current.secondary);
+                compare(symbol(text).opacity, 1);
+            }
+            const remove = symbol("Remove from queue");
+            compare(remove.color, Theme.current.secondarySymbol);
+            compare(remove.opacity, 0.7);
+            // Fainter than the others all the same.
+            verify(Pixels.contrast(remove, remove.color)
+                   < Pixels.contrast(symbol("Move up"), Theme.current.secondary));
+        });
+    }
+
+    function test_theRingOfOneDoesNotCoverTheNext() {
+        const buttons = all(row("a.mp4"), SymbolButton);
+        compare(buttons.length, 3);
+        for (const focused of buttons) {
+            focused.forceActiveFocus(Qt.TabFocusReason);
+            const ring = area(one(focused, FocusRing));
+            const own = area(focused);
+            verify(ring.x < own.x && ring.y < own.y);
+            for (const other of buttons.filter(button => button !== focused)) {
+                const next = area(other);
+                verify(ring.x + ring.width <= next.x || next.x + next.width <= ring.x,
+                       focused.text + " and " + other.text);
+            }
+        }
+    }
+
     function test_tooltips() {
         const remove = button("a.mp4", "Remove from queue");
         compareTip(remove, remove.width / 2, remove.height / 2, "Remove from queue");
