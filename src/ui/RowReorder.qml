@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: MIT
 
 import QtQuick
+import Quorvale
 
 // Moves a row of a list by dragging it: the others part for it, the list scrolls at its edges, and
-// Escape puts it back. The list changes only when the row is let go.
+// Escape puts it back, as does what takes the pointer away. The list changes only when the row is
+// let go.
 Item {
     id: reorder
 
@@ -113,6 +115,9 @@ Item {
     DragHandler {
         id: pointer
 
+        // By a press, which is for one drag.
+        property bool mayBegin: false
+
         acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
         dragThreshold: 6
         enabled: reorder.enabled
@@ -121,12 +126,19 @@ Item {
         target: null
 
         onActiveChanged: {
-            if (active)
+            if (active && mayBegin)
                 reorder.begin(centroid.pressPosition);
+            else if (MouseButtons.areHeld())
+                reorder.abandon(); // as a dialog comes up
             else
                 reorder.finish();
+            mayBegin = false;
         }
         onCanceled: reorder.abandon()
+        onGrabChanged: transition => {
+            if (transition === PointerDevice.GrabPassive)
+                mayBegin = true;
+        }
         onCentroidChanged: {
             if (!active)
                 return;

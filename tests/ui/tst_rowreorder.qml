@@ -174,6 +174,28 @@ ViewTest {
         compare(names(), [2, 1, 3, 4, 5]);
     }
 
+    function test_aDialogPutsItBack() {
+        showRows(5);
+        const tops = [1, 2, 3, 4, 5].map(shownTop);
+        drag(1, 2 * rowHeight);
+        compare(lifted().length, 1);
+        verify(Bench.interruptByDialog());
+        compare(lifted(), []);
+        compare(row(1).opacity, 1);
+        tryTops([1, 2, 3, 4, 5], tops);
+        // The button is still held.
+        dragOn(rowHeight);
+        compare(lifted(), []);
+        letGo();
+        compare(names(), [1, 2, 3, 4, 5]);
+        compare(jobs.count, 0);
+        // And the next drag is like the first.
+        drag(1, rowHeight);
+        compare(lifted().length, 1);
+        letGo();
+        compare(names(), [2, 1, 3, 4, 5]);
+    }
+
     function test_aSmallMovementIsNoDrag() {
         showRows(3);
         drag(1, 4);

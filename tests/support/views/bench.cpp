@@ -241,6 +241,21 @@ void Bench::repeatKey(int key, int count)
     }
 }
 
+bool Bench::interruptByDialog()
+{
+    QWindow *tested = QGuiApplication::focusWindow();
+    bool hasComeUp = false;
+    {
+        QWindow dialog;
+        dialog.setModality(Qt::ApplicationModal);
+        dialog.resize(100, 100);
+        dialog.show();
+        hasComeUp = QTest::qWaitForWindowActive(&dialog);
+    }
+    tested->requestActivate();
+    return QTest::qWaitForWindowActive(tested) && hasComeUp;
+}
+
 void Bench::removeTool()
 {
     m_queue->tools().removeTool(u"ffmpeg"_s);

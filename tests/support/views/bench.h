@@ -85,6 +85,10 @@ public:
     /// A key is still held: the keyboard repeats it so often, each time as a release and a press.
     Q_INVOKABLE void repeatKey(int key, int count);
 
+    /// A dialog comes up, takes the keyboard from the window that is tested, and goes again. False
+    /// when the window does not lose and get it in time.
+    Q_INVOKABLE bool interruptByDialog();
+
     Q_INVOKABLE void removeTool();
     Q_INVOKABLE void putToolBack();
 
