@@ -43,6 +43,32 @@ ViewTest {
         compare(Theme.current, Theme.light);
     }
 
+    function test_windowColours_data() {
+        return [
+            {"tag": "#efefef", "isKept": true},
+            {"tag": "#eff0f1", "isKept": true},
+            {"tag": "#fafafa", "isKept": true},
+            {"tag": "#d4d0c8", "isKept": false},
+            {"tag": "#808080", "isKept": false},
+            {"tag": "#505050", "isKept": false},
+            {"tag": "#353535", "isKept": true},
+            {"tag": "#2a2e32", "isKept": true},
+            {"tag": "#1f1f23", "isKept": true},
+        ];
+    }
+
+    // The palette's, unless the texts could not be read on it.
+    function test_windowColours(data) {
+        Bench.windowColor = data.tag;
+        compare(Theme.current, Bench.isDark ? Theme.dark : Theme.light);
+        compare(Qt.colorEqual(Theme.current.window, data.tag), data.isKept, Theme.current.window);
+        show(grounds, {"color": Theme.current.window});
+        for (const text of ["text", "secondary", "accent", "green", "red"]) {
+            const contrast = Pixels.contrast(view.children[0], Theme.current[text]);
+            verify(contrast >= 4.5, text + ": " + contrast);
+        }
+    }
+
     // The other scheme is also usable, because the settings may ask for it.
     function test_theOtherSchemeHasAWindowOfItsOwn() {
         for (const isDark of [false, true]) {

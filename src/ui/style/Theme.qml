@@ -13,7 +13,8 @@ QtObject {
     readonly property ColorScheme current: SystemLook.isDark ? dark : light
 
     readonly property ColorScheme light: ColorScheme {
-        window: SystemLook.isWindowDark ? "#f0f0f2" : SystemLook.window
+        paletteWindow: SystemLook.window
+        ownWindow: "#f0f0f2"
         text: "#1d1d1f"
         secondary: "#58585d"
         tertiary: "#85858b"
@@ -37,7 +38,8 @@ QtObject {
     }
 
     readonly property ColorScheme dark: ColorScheme {
-        window: SystemLook.isWindowDark ? SystemLook.window : "#1f1f23"
+        paletteWindow: SystemLook.window
+        ownWindow: "#1f1f23"
         text: "#ffffff"
         secondary: "#aeaeb3"
         tertiary: "#7c7c82"

@@ -25,7 +25,6 @@ class SystemLook : public QObject
     /// The palette's colour of windows. Light although isDark says true, or the other way round,
     /// when the desktop has given the palette no colours to go with its settings.
     Q_PROPERTY(QColor window READ window NOTIFY changed)
-    Q_PROPERTY(bool isWindowDark READ isWindowDark NOTIFY changed)
     /// The family of the interface font whose characters are all equally wide.
     Q_PROPERTY(QString fixedFamily READ fixedFamily CONSTANT)
 

@@ -30,14 +30,6 @@ QByteArray progressLine(double fraction)
     return "out_time_ms=" + QByteArray::number(qRound64(fraction * duration * 1'000'000)) + "\n";
 }
 
-QPalette paletteOf(bool isDark)
-{
-    QPalette palette;
-    palette.setColor(QPalette::Window,
-                     isDark ? QColor(0x22, 0x22, 0x26) : QColor(0xec, 0xec, 0xee));
-    return palette;
-}
-
 bool isConverting(const ConversionJob &job)
 {
     return job.state.is(JobState::Case::converting);
@@ -92,12 +84,24 @@ int Bench::windowCount() const
 
 bool Bench::isDark() const
 {
-    return QGuiApplication::palette().color(QPalette::Window).lightnessF() < 0.5F;
+    return windowColor().lightnessF() < 0.5F;
 }
 
 void Bench::setDark(bool isDark)
 {
-    QGuiApplication::setPalette(paletteOf(isDark));
+    setWindowColor(isDark ? QColor(0x22, 0x22, 0x26) : QColor(0xec, 0xec, 0xee));
+}
+
+QColor Bench::windowColor() const
+{
+    return QGuiApplication::palette().color(QPalette::Window);
+}
+
+void Bench::setWindowColor(const QColor &color)
+{
+    QPalette palette;
+    palette.setColor(QPalette::Window, color);
+    QGuiApplication::setPalette(palette);
     QCoreApplication::processEvents(); // which tells the change
 }
 

@@ -6,6 +6,7 @@
 #include "controllertypes.h"
 #include "support/queue.h"
 
+#include <QColor>
 #include <QObject>
 #include <QtQmlIntegration>
 
@@ -31,6 +32,8 @@ class Bench : public QObject
     Q_PROPERTY(int windowCount READ windowCount)
     /// The colours of the desktop.
     Q_PROPERTY(bool isDark READ isDark WRITE setDark)
+    /// The palette's colour of windows, which is one of two unless it is set.
+    Q_PROPERTY(QColor windowColor READ windowColor WRITE setWindowColor)
 
 public:
     explicit Bench(QObject *parent = nullptr);
@@ -43,6 +46,8 @@ public:
     int windowCount() const;
     bool isDark() const;
     void setDark(bool isDark);
+    QColor windowColor() const;
+    void setWindowColor(const QColor &color);
 
     /// Starts anew: an empty queue, default settings, no output folder, light colours. Ends what
     /// the last test left behind.
