@@ -237,6 +237,39 @@ ViewTest {
         tryVerify(() => list().contentY > start);
     }
 
+    function test_aTooltipGoesWhenTheListScrolls_data() {
+        return [
+            {"tag": "by the wheel", "scroll": () => mouseWheel(list(), 300, 200, 0, -120)},
+            // So little that the pointer stays on what the tooltip is of.
+            {"tag": "a little", "scroll": () => ++list().contentY},
+        ];
+    }
+
+    function test_aTooltipGoesWhenTheListScrolls(data) {
+        Bench.queueMany(100);
+        show(lists);
+        const start = list().contentY;
+        mouseMove(textOf(row("clip4.mov"), "in"), 3, 3);
+        tryVerify(() => tip() !== null, 3000);
+        data.scroll();
+        tryVerify(() => list().contentY > start);
+        tryVerify(() => tip() === null, 300);
+        tryVerify(() => !list().moving);
+        settle();
+        // The next place has its own.
+        compareTip(textOf(row("clip6.mov"), "in"), 3, 3, "/in/clip6.mov");
+    }
+
+    function test_aTooltipGoesWhenItsRowMoves() {
+        Bench.queueMany(10);
+        show(lists);
+        const first = row("clip1.mov").jobId;
+        mouseMove(textOf(row("clip4.mov"), "in"), 3, 3);
+        tryVerify(() => tip() !== null, 3000);
+        Bench.model.remove(first);
+        tryVerify(() => tip() === null, 300);
+    }
+
     function test_scrollBarIsThereWhenNeeded() {
         Bench.queueMany(3);
         show(lists);

@@ -4,13 +4,21 @@
 import QtQuick
 import QtQuick.Templates as T
 
-// Shows a text while the pointer rests on the parent. Made only then, so that it costs a list of
-// thousands of rows nothing.
+// Shows a text while the pointer rests on the parent and that stays where it is. Made only then, so
+// that it costs a list of thousands of rows nothing.
 Item {
     id: tip
 
     required property string text
     property ColorScheme scheme: Theme.current
+
+    // The signals of everything that takes the parent along when it moves.
+    function movements(): var {
+        const found = [];
+        for (let item = tip.parent; item; item = item.parent)
+            found.push(item.xChanged, item.yChanged);
+        return found;
+    }
 
     anchors.fill: parent
 
@@ -38,6 +46,8 @@ Item {
             topPadding: 5
             visible: true
             y: tip.height + 6
+            Component.onCompleted: tip.movements().forEach(movement => movement.connect(popup.close))
+            Component.onDestruction: tip.movements().forEach(movement => movement.disconnect(popup.close))
 
             background: Rectangle {
                 border.color: tip.scheme.popupBorder
