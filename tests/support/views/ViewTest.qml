@@ -121,7 +121,7 @@ TestCase {
     function verifyNoTip(item, x, y) {
         restPointer();
         mouseMove(item, x, y);
-        wait(800);
+        wait(1500);
         compare(tip(), null);
         restPointer();
     }
