@@ -174,6 +174,13 @@ ViewTest {
         fuzzyCompare(found.y + found.height / 2, 320, 0.51);
     }
 
+    function test_itsEdgesStandApartFromTheSidebars() {
+        show(stages); // as large as the smallest window
+        raise();
+        const found = area(view.alert.background, view);
+        verify(found.x <= 302 && found.x + found.width >= 320, found); // the sidebar ends at 310
+    }
+
     function test_hasRoomForItsText() {
         show(stages);
         raise();
