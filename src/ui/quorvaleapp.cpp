@@ -8,6 +8,8 @@
 #include "controller/platform/dialogpanel.h"
 #include "controller/platform/portalpanel.h"
 
+#include <QGuiApplication>
+#include <QIcon>
 #include <QVariantMap>
 
 using namespace Qt::StringLiterals;
@@ -19,6 +21,9 @@ QuorvaleApp::QuorvaleApp()
         ConverterViewModel::create(std::make_unique<PortalPanel>(std::make_unique<DialogPanel>()),
                                    std::make_unique<DesktopFileManager>()))
 {
+    // By this name a desktop finds the entry of its menu, and with that the icon, too.
+    QGuiApplication::setDesktopFileName(u"quorvale"_s);
+    QGuiApplication::setWindowIcon(QIcon(u":/qt/qml/Quorvale/quorvale.svg"_s));
     QQmlEngine::setObjectOwnership(m_model.get(), QQmlEngine::CppOwnership);
     m_engine.addImportPath(u":/qt/qml"_s);
     m_engine.setInitialProperties({{u"model"_s, QVariant::fromValue(m_model.get())}});

@@ -11,7 +11,8 @@ namespace quorvale {
 
 class ConverterViewModel;
 
-/// The application: its one controller and the window on it. Needs a QApplication.
+/// The application: its one controller and the window on it, and the name and the icon by which a
+/// desktop knows it. Needs a QApplication.
 class QuorvaleApp
 {
 public:

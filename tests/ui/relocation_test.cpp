@@ -7,6 +7,9 @@
 #include "support/windowdriver.h"
 
 #include <QDir>
+#include <QFileInfo>
+#include <QImageReader>
+#include <QSettings>
 #include <QTest>
 
 #include <csignal>
@@ -31,6 +34,26 @@ private Q_SLOTS:
         QVERIFY2(install.exitStatus() == QProcess::NormalExit && install.exitCode() == 0,
                  install.readAllStandardError().constData());
         QVERIFY(QDir(m_folder.path()).rename(u"first"_s, u"second place"_s));
+    }
+
+    // The freedesktop.org specifications of desktop entries and of icon themes say what is where.
+    void hasAnEntryForTheMenu()
+    {
+        const QString place = m_folder.filePath(u"second place/"_s);
+        QSettings file(place + u"share/applications/quorvale.desktop"_s, QSettings::IniFormat);
+        QCOMPARE(file.childGroups(), QStringList{u"Desktop Entry"_s});
+        file.beginGroup(u"Desktop Entry"_s);
+        QCOMPARE(file.value("Type").toString(), u"Application"_s);
+        QCOMPARE(file.value("Name").toString(), u"Quorvale"_s);
+        QVERIFY(!file.value("GenericName").toString().isEmpty());
+        QVERIFY(!file.value("Comment").toString().isEmpty());
+        QCOMPARE(file.value("Terminal").toString(), u"false"_s);
+        QVERIFY(!file.contains("MimeType")); // it takes no files
+        const QFileInfo program(place + u"bin/"_s + file.value("Exec").toString());
+        QVERIFY2(program.isFile() && program.isExecutable(), qPrintable(program.filePath()));
+        QImageReader icon(place + u"share/icons/hicolor/scalable/apps/"_s
+                          + file.value("Icon").toString() + u".svg"_s);
+        QVERIFY2(!icon.read().isNull(), qPrintable(icon.errorString()));
     }
 
     void opensItsWindow_data()

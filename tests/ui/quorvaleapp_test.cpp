@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#include "quorvaleapp.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QIcon>
+#include <QQmlExtensionPlugin>
+#include <QTest>
+#include <QWindow>
+
+Q_IMPORT_QML_PLUGIN(QuorvalePlugin)
+Q_IMPORT_QML_PLUGIN(Quorvale_StylePlugin)
+
+using namespace quorvale;
+using namespace Qt::StringLiterals;
+
+// What a desktop can tell the program's window by.
+class QuorvaleAppTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QVERIFY(m_app.open()); }
+
+    void namesItsDesktopEntry()
+    {
+        const QString entry = QGuiApplication::desktopFileName() + u".desktop"_s;
+        QVERIFY2(QFile::exists(QStringLiteral(PACKAGING "/") + entry), qPrintable(entry));
+    }
+
+    void hasAnIconInEverySize_data()
+    {
+        QTest::addColumn<int>("side");
+        for (const int side : {16, 22, 32, 48, 64, 128, 256})
+            QTest::addRow("%d", side) << side;
+    }
+    void hasAnIconInEverySize()
+    {
+        QFETCH(const int, side);
+        QCOMPARE(QGuiApplication::topLevelWindows().size(), 1);
+        const QIcon icon = QGuiApplication::topLevelWindows().constFirst()->icon();
+        const QImage image = icon.pixmap(QSize(side, side), 1).toImage();
+        QCOMPARE(image.size(), QSize(side, side));
+        const auto at = [&](double x, double y) {
+            return image.pixelColor(int(x * side), int(y * side));
+        };
+        QCOMPARE(at(0, 0).alpha(), 0); // outside of the round corner
+        // From purple to blue
+        const QColor begin = at(0.2, 0.2);
+        const QColor end = at(0.85, 0.8);
+        QCOMPARE(begin.alpha(), 255);
+        QCOMPARE(end.alpha(), 255);
+        QVERIFY2(begin.red() > end.red() + 60, qPrintable(begin.name() + end.name()));
+        QVERIFY2(begin.green() < end.green(), qPrintable(begin.name() + end.name()));
+        // The large sparkle
+        const QColor sparkle = at(31 / 128.0 + 10.25 * 2.75 / 128, 33 / 128.0 + 10.75 * 2.75 / 128);
+        QVERIFY2(sparkle.saturationF() < 0.4F, qPrintable(sparkle.name()));
+    }
+
+private:
+    QuorvaleApp m_app;
+};
+
+QTEST_MAIN(QuorvaleAppTest)
+#include "quorvaleapp_test.moc"
