@@ -38,7 +38,7 @@ T.Dialog {
     onClosed: alert.model.clearAlert()
 
     T.Overlay.modal: Rectangle {
-        color: "#59000000"
+        color: Theme.veil
     }
 
     background: SmoothRectangle {
@@ -50,7 +50,7 @@ T.Dialog {
         Glow {
             anchors.fill: parent
             blur: 24
-            color: "#66000000"
+            color: Theme.shadow
             radius: 12
             z: -1
         }

@@ -59,7 +59,7 @@ Item {
     Glow {
         anchors.fill: parent
         blur: 10
-        color: "#59000000"
+        color: Theme.shadow
         radius: 8
         visible: row.isLifted
     }

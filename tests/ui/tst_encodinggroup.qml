@@ -206,6 +206,13 @@ ViewTest {
         compare(picker().displayText, "Constant quality");
     }
 
+    function test_theListHasAShadow() {
+        show(groups);
+        mouseClick(picker());
+        tryVerify(() => picker().popup.opened);
+        verifyShadow(picker().popup.background);
+    }
+
     function test_pickerByKeyboard() {
         show(groups);
         picker().forceActiveFocus(Qt.TabFocusReason);

@@ -64,6 +64,12 @@ ViewTest {
             verify(entry.enabled);
     }
 
+    function test_shadow() {
+        show(bars);
+        open();
+        verifyShadow(one(overlay, Rectangle, item => Qt.colorEqual(item.color, Theme.dark.popup)));
+    }
+
     function test_entriesOpenOnePanelEach_data() {
         return [
             {"tag": "Add Videos\u2026", "index": 0, "panel": "Choose videos to convert"},

@@ -270,6 +270,14 @@ ViewTest {
         tryVerify(() => tip() === null, 300);
     }
 
+    function test_aTooltipHasAShadow() {
+        Bench.queueMany(1);
+        show(lists);
+        mouseMove(textOf(row("clip1.mov"), "in"), 3, 3);
+        tryVerify(() => tip() !== null, 3000);
+        verifyShadow(all(overlay, Rectangle)[0]);
+    }
+
     function test_scrollBarIsThereWhenNeeded() {
         Bench.queueMany(3);
         show(lists);

@@ -77,9 +77,9 @@ T.Slider {
     }
 
     handle: Rectangle {
-        border.color: "#33000000"
+        border.color: Theme.knobBorder
         border.width: 1
-        color: slider.pressed ? "#e8e8ec" : "#ffffff"
+        color: slider.pressed ? Theme.knobPressed : Theme.white
         height: width
         radius: width / 2
         width: 16

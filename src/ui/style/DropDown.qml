@@ -83,11 +83,8 @@ T.ComboBox {
         width: box.width
         y: box.height + 4
 
-        background: Rectangle {
-            border.color: box.scheme.popupBorder
-            border.width: 1
-            color: box.scheme.popup
-            radius: Theme.controlRadius + 2
+        background: PopupGround {
+            scheme: box.scheme
         }
 
         contentItem: ListView {

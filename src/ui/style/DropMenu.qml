@@ -18,11 +18,8 @@ T.Menu {
     rightPadding: 4
     topPadding: 4
 
-    background: Rectangle {
-        border.color: dropMenu.scheme.popupBorder
-        border.width: 1
-        color: dropMenu.scheme.popup
-        radius: Theme.controlRadius + 2
+    background: PopupGround {
+        scheme: dropMenu.scheme
     }
 
     contentItem: ListView {

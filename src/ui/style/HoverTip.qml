@@ -49,11 +49,9 @@ Item {
             Component.onCompleted: tip.movements().forEach(movement => movement.connect(popup.close))
             Component.onDestruction: tip.movements().forEach(movement => movement.disconnect(popup.close))
 
-            background: Rectangle {
-                border.color: tip.scheme.popupBorder
-                border.width: 1
-                color: tip.scheme.popup
+            background: PopupGround {
                 radius: 5
+                scheme: tip.scheme
             }
 
             contentItem: Text {

@@ -65,6 +65,11 @@ QtObject {
     readonly property color purple: "#bf5af2"
     readonly property color blue: "#0a84ff"
     readonly property color white: "#ffffff"
+    readonly property color shadow: "#59000000"
+    readonly property color faintShadow: "#4d000000"
+    readonly property color veil: "#59000000" ///< over what has to wait
+    readonly property color knobPressed: "#e8e8ec"
+    readonly property color knobBorder: "#33000000"
     readonly property color sidebarStart: Qt.rgba(0.08, 0.10, 0.16, 1)
     readonly property color sidebarEnd: Qt.rgba(0.10, 0.07, 0.16, 1)
 

@@ -39,7 +39,7 @@ T.Switch {
 
         Rectangle {
             anchors.verticalCenter: parent.verticalCenter
-            color: control.down ? "#e8e8ec" : "#ffffff"
+            color: control.down ? Theme.knobPressed : Theme.white
             height: width
             radius: height / 2
             width: parent.height - 4

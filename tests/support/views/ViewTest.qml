@@ -172,6 +172,14 @@ TestCase {
         }
     }
 
+    /// That what pops up stands out from what is below it, which is plain there.
+    function verifyShadow(ground) {
+        settle();
+        const below = distance => Pixels.at(ground, ground.width / 2, ground.height + distance);
+        verify(below(1).hslLightness < below(30).hslLightness, below(1) + " " + below(30));
+        compare(below(30), below(31));
+    }
+
     /// Runs the check in both of the desktop's schemes.
     function inBothSchemes(check) {
         for (const isDark of [false, true]) {
