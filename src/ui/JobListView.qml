@@ -26,7 +26,7 @@ ListView {
     topMargin: 6
 
     Keys.onPressed: event => {
-        const page = Math.max(1, Math.floor(height / 64));
+        const page = Math.max(1, Math.floor(height / contentHeight * count));
         switch (event.key) {
         case Qt.Key_Home:
             currentIndex = 0;

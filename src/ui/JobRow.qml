@@ -42,7 +42,7 @@ Item {
     Accessible.role: Accessible.ListItem
     // Until the focus has gone, too: it must not be taken from an item that has it.
     activeFocusOnTab: isCurrent || activeFocus
-    implicitHeight: Math.max(content.implicitHeight, 42) + 14
+    implicitHeight: content.implicitHeight + content.anchors.topMargin + content.anchors.bottomMargin
 
     transform: Translate {
         y: row.shift

@@ -15,14 +15,14 @@ Item {
     readonly property string convertText:
         "Convert " + (model.jobCount - model.completedCount) + " Video" + (model.jobCount === 1 ? "" : "s")
 
-    implicitHeight: column.implicitHeight + 22
+    implicitHeight: column.implicitHeight + column.anchors.bottomMargin
 
     ColumnLayout {
         id: column
 
-        anchors.left: parent.left
+        anchors.bottomMargin: 22
+        anchors.fill: parent
         anchors.leftMargin: 26
-        anchors.right: parent.right
         anchors.rightMargin: 26
         spacing: 14
 

@@ -21,7 +21,7 @@ RowLayout {
     Rectangle {
         Layout.preferredHeight: 7
         Layout.preferredWidth: 7
-        color: tool.isFound ? Theme.dark.green : Theme.dark.orange
+        color: tool.isFound ? Theme.dark.green : Theme.orange
         radius: 3.5
     }
 

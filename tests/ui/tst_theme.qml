@@ -12,9 +12,7 @@ ViewTest {
 
     function test_textStyles_data() {
         return [
-            {"tag": "title2", "pixelSize": 17, "weight": Font.Normal},
             {"tag": "title2Bold", "pixelSize": 17, "weight": Font.Bold},
-            {"tag": "title3", "pixelSize": 15, "weight": Font.Normal},
             {"tag": "title3Bold", "pixelSize": 15, "weight": Font.Bold},
             {"tag": "body", "pixelSize": 13, "weight": Font.Normal},
             {"tag": "bodyMedium", "pixelSize": 13, "weight": Font.Medium},

@@ -39,14 +39,14 @@ ViewTest {
         Bench.removeTool();
         show(rows);
         compare(texts(view), ["FFmpeg required"]);
-        compare(dot().color, Theme.dark.orange);
+        compare(dot().color, Theme.orange);
     }
 
     function test_followsTheTool() {
         show(rows);
         Bench.removeTool();
         tryVerify(() => shows(view, "FFmpeg required"), 5000);
-        compare(dot().color, Theme.dark.orange);
+        compare(dot().color, Theme.orange);
         Bench.putToolBack();
         tryVerify(() => shows(view, "FFmpeg ready"), 5000);
         compare(dot().color, Theme.dark.green);

@@ -10,7 +10,9 @@ T.Button {
     id: button
 
     property ColorScheme scheme: Theme.current
+    /// Before the text.
     property int symbol: Symbol.None
+    /// Of the symbol, too.
     property color textColor: scheme.text
 
     /// How the keyboard came here the last time; focusReason does not say so any more when the

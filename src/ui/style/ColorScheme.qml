@@ -21,7 +21,6 @@ QtObject {
     required property color accent
     required property color green
     required property color red
-    required property color orange
 
     /// Under white text.
     required property color accentFill

@@ -9,6 +9,7 @@ import Quorvale.Style
 T.ComboBox {
     id: box
 
+    /// Of the box and of the list.
     property ColorScheme scheme: Theme.current
 
     Accessible.description: displayText

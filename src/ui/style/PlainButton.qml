@@ -8,8 +8,11 @@ import QtQuick.Templates as T
 T.Button {
     id: button
 
+    /// What the focus ring is drawn in.
     property ColorScheme scheme: Theme.current
+    /// Of what the ring goes round.
     property real cornerRadius: Theme.controlRadius
+    /// Between the button and the ring.
     property real focusGap: 2
 
     Accessible.name: text

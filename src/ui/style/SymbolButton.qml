@@ -9,10 +9,14 @@ import Quorvale.Style
 PlainButton {
     id: button
 
+    /// One of Symbol's names.
     required property int symbol
+    /// The side of its square.
     property real symbolSize: 16
     property color symbolColor: scheme.text
+    /// While the pointer is elsewhere.
     property real symbolOpacity: 1
+    /// The tooltip; empty for none.
     property string help: ""
 
     hoverEnabled: true

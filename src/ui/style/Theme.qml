@@ -23,7 +23,6 @@ QtObject {
         accent: "#8e35c4"
         green: "#146c2e"
         red: "#b91c1c"
-        orange: "#ff9f0a"
         accentFill: "#9a3fcb"
         accentFillHovered: "#8e35c4"
         accentFillPressed: "#7a2aad"
@@ -48,7 +47,6 @@ QtObject {
         accent: "#cd8cf7"
         green: "#32d74b"
         red: "#ff918b"
-        orange: "#ff9f0a"
         accentFill: "#9a3fcb"
         accentFillHovered: "#a04bd2"
         accentFillPressed: "#8432b3"
@@ -64,6 +62,7 @@ QtObject {
 
     readonly property color purple: "#bf5af2"
     readonly property color blue: "#0a84ff"
+    readonly property color orange: "#ff9f0a"
     readonly property color white: "#ffffff"
     readonly property color shadow: "#59000000"
     readonly property color faintShadow: "#4d000000"
@@ -76,9 +75,7 @@ QtObject {
     /// Scales every text style.
     readonly property real textScale: 1
 
-    readonly property font title2: Qt.font({pixelSize: 17 * textScale})
     readonly property font title2Bold: Qt.font({pixelSize: 17 * textScale, weight: Font.Bold})
-    readonly property font title3: Qt.font({pixelSize: 15 * textScale})
     readonly property font title3Bold: Qt.font({pixelSize: 15 * textScale, weight: Font.Bold})
     readonly property font body: Qt.font({pixelSize: 13 * textScale})
     readonly property font bodyMedium: Qt.font({pixelSize: 13 * textScale, weight: Font.Medium})

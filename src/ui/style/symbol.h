@@ -36,7 +36,6 @@ public:
         /// Both chevrons, for a list that drops down.
         ChevronUpDown,
         Cpu,
-        ExclamationTriangleFill,
         /// A strip of film.
         Film,
         FilmStack,

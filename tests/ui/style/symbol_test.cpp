@@ -160,8 +160,6 @@ private Q_SLOTS:
             << Symbol::Name::ArrowClockwiseCircleFill << QList<QPointF>{{7.25, 12.5}, {12, 17.25}};
         QTest::newRow("arrow in a document")
             << Symbol::Name::ArrowDownDocFill << QList<QPointF>{{12, 14}, {12, 18.5}, {13, 5}};
-        QTest::newRow("exclamation mark")
-            << Symbol::Name::ExclamationTriangleFill << QList<QPointF>{{12, 10}, {12, 16.75}};
     }
     void hasRealHoles()
     {
