@@ -228,6 +228,29 @@ ViewTest {
         compare(Bench.model.goalIndex, EncodingGoal.SameSize);
     }
 
+    function test_aHeldKeyOpensTheListOnce_data() {
+        return [
+            {"tag": "Space", "key": Qt.Key_Space},
+            {"tag": "Return", "key": Qt.Key_Return},
+            {"tag": "Enter", "key": Qt.Key_Enter},
+        ];
+    }
+
+    function test_aHeldKeyOpensTheListOnce(data) {
+        show(groups);
+        picker().forceActiveFocus(Qt.TabFocusReason);
+        keyPress(data.key);
+        Bench.repeatKey(data.key, 3);
+        keyRelease(data.key);
+        tryVerify(() => picker().popup.opened);
+        keyClick(Qt.Key_Up);
+        keyPress(data.key);
+        Bench.repeatKey(data.key, 3);
+        keyRelease(data.key);
+        tryVerify(() => !picker().popup.visible);
+        compare(Bench.model.goalIndex, EncodingGoal.SameSize);
+    }
+
     function test_dimmedPickerTakesNothing() {
         Bench.model.chooseCodec(OutputCodec.ProRes422);
         show(groups);

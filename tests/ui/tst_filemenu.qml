@@ -64,6 +64,26 @@ ViewTest {
             verify(entry.enabled);
     }
 
+    function test_aHeldKeyOnlyOpensIt_data() {
+        return [
+            {"tag": "Space", "key": Qt.Key_Space},
+            {"tag": "Return", "key": Qt.Key_Return},
+            {"tag": "Enter", "key": Qt.Key_Enter},
+        ];
+    }
+
+    function test_aHeldKeyOnlyOpensIt(data) {
+        show(bars);
+        fileButton().forceActiveFocus(Qt.TabFocusReason);
+        keyPress(data.key);
+        Bench.repeatKey(data.key, 3);
+        keyRelease(data.key);
+        tryVerify(() => entries().length > 0);
+        wait(50);
+        compare(entries().length, 3);
+        compare(Bench.openedPanels, []);
+    }
+
     function test_shadow() {
         show(bars);
         open();
