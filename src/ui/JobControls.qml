@@ -33,7 +33,14 @@ RowLayout {
         symbolSize: 18
         text: "Queue this video again"
         visible: controls.isCompleted
-        onClicked: controls.model.requeue(controls.jobId)
+        onClicked: {
+            const hadFocus = activeFocus;
+            const reason = focusReason;
+            controls.model.requeue(controls.jobId);
+            // It has gone, and the keyboard stays with the row.
+            if (hadFocus)
+                up.forceActiveFocus(reason);
+        }
     }
 
     RowLayout {

@@ -119,6 +119,40 @@ ViewTest {
         verify(shows(row("b.mp4"), "Ready"));
     }
 
+    function test_queueingAgainByKeyKeepsTheKeyboardInTheRow() {
+        Bench.chooseRealDestination();
+        for (let i = 0; i < 3; ++i)
+            Bench.willComplete();
+        verify(Bench.convert());
+        settle();
+        button("a.mp4", "Queue this video again").forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Space);
+        compare(Bench.model.completedCount, 2);
+        verify(button("a.mp4", "Move up").visualFocus);
+    }
+
+    function test_removingByKeyKeepsTheKeyboardInTheList_data() {
+        return [
+            {"tag": "first", "file": "a.mp4", "next": "b.mp4"},
+            {"tag": "in between", "file": "b.mp4", "next": "c.mp4"},
+            {"tag": "last", "file": "c.mp4", "next": "b.mp4"},
+        ];
+    }
+
+    function test_removingByKeyKeepsTheKeyboardInTheList(data) {
+        one(view, JobListView).currentIndex = names.indexOf(data.file);
+        button(data.file, "Remove from queue").forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Space);
+        settle();
+        tryVerify(() => row(data.next).activeFocus);
+    }
+
+    function test_removingByMouseShowsNoRing() {
+        press("b.mp4", "Remove from queue");
+        wait(50);
+        compare(all(view, FocusRing), []);
+    }
+
     function test_whileConverting() {
         Bench.chooseRealDestination();
         Bench.willStayAt([0.5]);
