@@ -3,6 +3,7 @@
 
 #include "converterviewmodel.h"
 
+#include "localfile.h"
 #include "model/checkedarithmetic.h"
 #include "nameorder.h"
 #include "videofinder.h"
@@ -134,10 +135,9 @@ double ConverterViewModel::overallProgress() const
 bool ConverterViewModel::handleDrop(const QList<QUrl> &urls)
 {
     for (const QUrl &url : urls) {
-        // A URL that could not be decoded may still pass for a local one.
-        if (url.isValid() && url.isLocalFile())
+        if (const auto file = localFile(url))
             QMetaObject::invokeMethod(
-                this, [this, url] { add({url}); }, Qt::QueuedConnection);
+                this, [this, file = *file] { add({file}); }, Qt::QueuedConnection);
     }
     return true;
 }
@@ -173,7 +173,7 @@ void ConverterViewModel::chooseDestination()
                                       .canCreateFolders = true});
     if (!chosen)
         return;
-    m_destination = chosen->isEmpty() ? std::nullopt : std::optional(chosen->first());
+    m_destination = chosen->isEmpty() ? std::nullopt : localFile(chosen->first());
     Q_EMIT destinationChanged();
 }
 

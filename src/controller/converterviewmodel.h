@@ -6,6 +6,7 @@
 #include "filemanager.h"
 #include "joblistmodel.h"
 #include "model/conversionsettings.h"
+#include "model/filepath.h"
 #include "openpanel.h"
 #include "queuedfiles.h"
 #include "service/ffmpegservice.h"
@@ -171,7 +172,7 @@ private:
     ConverterViewModel(std::unique_ptr<OpenPanel> panel, std::unique_ptr<FileManager> fileManager);
 
     QUrl destinationUrl() const { return m_destination.value_or(QUrl()); }
-    QString destinationPath() const { return destinationUrl().toLocalFile(); }
+    QString destinationPath() const { return shownPath(filePath(destinationUrl())); }
     bool hasDestination() const { return m_destination.has_value(); }
 
     // The settings as QML binds to them: an option is its index among the labels. An index without

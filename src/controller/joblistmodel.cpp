@@ -4,6 +4,7 @@
 #include "joblistmodel.h"
 
 #include "model/filename.h"
+#include "model/filepath.h"
 
 #include <algorithm>
 #include <span>
@@ -236,13 +237,13 @@ QVariant JobListModel::data(const QModelIndex &index, int role) const
     switch (role) {
     case Qt::DisplayRole:
     case FileNameRole:
-        return lastPathComponent(job.source().toLocalFile());
+        return shownPath(lastPathComponent(filePath(job.source())));
     case IdRole:
         return QVariant::fromValue(job.id());
     case SourcePathRole:
-        return job.source().toLocalFile();
+        return shownPath(filePath(job.source()));
     case FolderNameRole:
-        return folderName(job.source().toLocalFile());
+        return shownPath(folderName(filePath(job.source())));
     case StateWordRole:
         return stateWord(job.state);
     case IsInProgressRole:

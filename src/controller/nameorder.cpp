@@ -4,6 +4,7 @@
 #include "nameorder.h"
 
 #include "model/filename.h"
+#include "model/filepath.h"
 
 #include <QCollator>
 #include <QtConcurrentMap>
@@ -49,7 +50,7 @@ void sortByName(QList<QUrl> &files)
     for (QUrl &file : files)
         keyed.push_back({std::move(file), std::nullopt});
     QtConcurrent::blockingMap(keyed, [&collator](KeyedFile &each) {
-        each.key = collator.sortKey(lastPathComponent(each.file.path(QUrl::FullyDecoded)));
+        each.key = collator.sortKey(shownPath(lastPathComponent(filePath(each.file))));
     });
     std::ranges::stable_sort(
         keyed, [](const KeyedFile &a, const KeyedFile &b) { return a.key->compare(*b.key) < 0; });

@@ -4,33 +4,36 @@
 #include "outputurl.h"
 
 #include "model/filename.h"
+#include "model/filepath.h"
 
-#include <QDir>
-#include <QFileInfo>
+#include <filesystem>
 
 namespace quorvale {
 
 namespace {
 
-bool isTaken(const QString &path)
+bool isTaken(const QByteArray &path)
 {
-    const QFileInfo object(path);
-    return object.exists() || object.isSymLink();
+    std::error_code error;
+    return std::filesystem::exists(
+        std::filesystem::symlink_status(path.toStdString(), error)); // of the link itself
 }
 
 } // namespace
 
 QUrl outputUrl(const QUrl &source, const QUrl &destination, const ConversionSettings &settings)
 {
-    const QString sourceName = lastPathComponent(source.toLocalFile());
-    const QDir folder(destination.toLocalFile());
+    const QByteArray sourcePath = filePath(source);
+    QByteArray folder = filePath(destination);
+    if (!folder.endsWith('/'))
+        folder += '/';
+    const auto candidate = [&](int attempt) {
+        return folder + outputFileName(lastPathComponent(sourcePath), settings.codec, attempt);
+    };
     int attempt = 1;
-    QString path = folder.filePath(outputFileName(sourceName, settings.codec));
-    while (!settings.overwrite && isTaken(path)) {
+    while (!settings.overwrite && isTaken(candidate(attempt)))
         ++attempt;
-        path = folder.filePath(outputFileName(sourceName, settings.codec, attempt));
-    }
-    return QUrl::fromLocalFile(path);
+    return fileUrl(candidate(attempt));
 }
 
 } // namespace quorvale

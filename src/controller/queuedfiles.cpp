@@ -3,6 +3,8 @@
 
 #include "queuedfiles.h"
 
+#include "model/filepath.h"
+
 #include <QDir>
 
 namespace quorvale {
@@ -14,9 +16,10 @@ void QueuedFiles::remove(const QUrl &file)
         m_jobs.erase(entry);
 }
 
-QString QueuedFiles::standardisedPath(const QUrl &file)
+QByteArray QueuedFiles::standardisedPath(const QUrl &file)
 {
-    return QDir::cleanPath(file.toLocalFile());
+    // Only slashes and dots count, so each byte may pass for a character of its own.
+    return QDir::cleanPath(QString::fromLatin1(filePath(file))).toLatin1();
 }
 
 } // namespace quorvale

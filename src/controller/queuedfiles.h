@@ -3,8 +3,8 @@
 
 #pragma once
 
+#include <QByteArray>
 #include <QHash>
-#include <QString>
 #include <QUrl>
 
 namespace quorvale {
@@ -24,9 +24,9 @@ public:
     }
 
 private:
-    static QString standardisedPath(const QUrl &file);
+    static QByteArray standardisedPath(const QUrl &file);
 
-    QHash<QString, qsizetype> m_jobs;
+    QHash<QByteArray, qsizetype> m_jobs;
 };
 
 } // namespace quorvale

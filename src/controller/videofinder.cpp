@@ -3,17 +3,16 @@
 
 #include "videofinder.h"
 
+#include "localfile.h"
 #include "model/filename.h"
+#include "model/filepath.h"
 #include "service/ffmpegservice.h"
 
-#include <QFile>
-#include <QFileInfo>
 #include <QtConcurrentMap>
 
 #include <algorithm>
 #include <memory>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include <dirent.h>
@@ -32,17 +31,21 @@ struct Entry
     bool isFolder = false; // a real one, not a link to one
 };
 
-bool isAcceptedExtension(const QString &extension)
+// Decodes no more of the name than its extension: most of a large tree's cost lies in names.
+QString lowerCaseExtension(QByteArrayView name)
 {
-    return FFmpegService::supportedExtensions().contains(extension.toLower());
+    return QString::fromUtf8(pathExtension(name)).toLower();
 }
 
-// Decodes no more of the name than its extension: most of a large tree's cost lies in names.
-bool isAccepted(std::string_view name)
+bool isAccepted(QByteArrayView name)
 {
-    const std::size_t dot = name.rfind('.');
-    return dot != 0 && dot != std::string_view::npos
-           && isAcceptedExtension(QString::fromUtf8(name.substr(dot + 1)));
+    return FFmpegService::supportedExtensions().contains(lowerCaseExtension(name));
+}
+
+bool isFolder(const QByteArray &path)
+{
+    struct stat facts = {};
+    return ::stat(path.constData(), &facts) == 0 && S_ISDIR(facts.st_mode);
 }
 
 bool isRealFolder(int folder, const dirent &entry)
@@ -56,7 +59,6 @@ bool isRealFolder(int folder, const dirent &entry)
 }
 
 // The visible entries of a folder, in the order of their names' bytes; none when it cannot be read.
-// The names stay bytes, because there are file systems whose names are no valid UTF-8.
 std::vector<Entry> entriesOf(const std::string &folder)
 {
     std::vector<Entry> entries;
@@ -78,22 +80,21 @@ void findBelow(const std::string &folder, std::vector<std::string> &found)
     for (const Entry &entry : entriesOf(folder)) {
         if (isAccepted(entry.name))
             found.push_back(folder + entry.name);
-        if (entry.isFolder && !isPackage(QString::fromUtf8(entry.name)))
+        if (entry.isFolder && !isPackage(entry.name))
             findBelow(folder + entry.name + '/', found);
     }
 }
 
-QList<QUrl> findInFolder(const QString &folder)
+QList<QUrl> findInFolder(const QByteArray &folder)
 {
     std::vector<std::string> paths;
-    findBelow(QFile::encodeName(folder.endsWith(u'/') ? folder : folder + u'/').toStdString(),
-              paths);
+    findBelow((folder.endsWith('/') ? folder : folder + '/').toStdString(), paths);
 
     // Each URL knows its path by its own place, so that the threads need nothing in common.
     QList<QUrl> urls(static_cast<qsizetype>(paths.size()));
     const QUrl *first = urls.constData();
     QtConcurrent::blockingMap(urls, [first, &paths](QUrl &url) {
-        url = QUrl::fromLocalFile(QString::fromUtf8(paths[static_cast<std::size_t>(&url - first)]));
+        url = fileUrl(QByteArray::fromStdString(paths[static_cast<std::size_t>(&url - first)]));
     });
     return urls;
 }
@@ -104,18 +105,19 @@ QList<QUrl> findVideos(const QList<QUrl> &urls)
 {
     QList<QUrl> found;
     for (const QUrl &url : urls) {
-        if (!url.isLocalFile())
+        const auto file = localFile(url);
+        if (!file)
             continue;
-        const QString path = url.toLocalFile();
-        if (QFileInfo(path).isDir())
+        const QByteArray path = filePath(*file);
+        if (isFolder(path))
             found += findInFolder(path);
-        else if (isAcceptedExtension(pathExtension(lastPathComponent(path)).toString()))
-            found << url;
+        else if (isAccepted(lastPathComponent(path)))
+            found << *file;
     }
     return found;
 }
 
-bool isPackage(QStringView name)
+bool isPackage(QByteArrayView name)
 {
     // The bundle types that macOS and its common applications declare as packages.
     static const QSet<QString> extensions{
@@ -127,11 +129,13 @@ bool isPackage(QStringView name)
         u"dsym"_s, u"mpkg"_s, u"pkg"_s, u"playground"_s, u"scptd"_s, u"workflow"_s, u"xcarchive"_s,
         u"xcodeproj"_s, u"xcworkspace"_s,
         // documents
-        u"band"_s, u"key"_s, u"logicx"_s, u"numbers"_s, u"pages"_s, u"rtfd"_s, u"sparsebundle"_s,
-        // media libraries
-        u"aplibrary"_s, u"fcpbundle"_s, u"imovielibrary"_s, u"musiclibrary"_s, u"photolibrary"_s,
+        u"band"_s, u"cmproj"_s, u"key"_s, u"logicx"_s, u"numbers"_s, u"pages"_s, u"rtfd"_s,
+        u"screenflow"_s, u"sparsebundle"_s,
+        // media libraries and what backs them up
+        u"aplibrary"_s, u"cocatalog"_s, u"eyetv"_s, u"fcarch"_s, u"fcpbundle"_s, u"imovielibrary"_s,
+        u"lrlibrary"_s, u"migratedphotolibrary"_s, u"musiclibrary"_s, u"photolibrary"_s,
         u"photoslibrary"_s, u"theater"_s, u"tvlibrary"_s};
-    return extensions.contains(pathExtension(name).toString().toLower());
+    return extensions.contains(lowerCaseExtension(name));
 }
 
 } // namespace quorvale

@@ -3,13 +3,15 @@
 
 #pragma once
 
+#include <QByteArrayView>
 #include <QList>
 #include <QUrl>
 
 namespace quorvale {
 
 /// The accepted videos among `urls`, in order: a folder stands for the accepted entries of its
-/// whole tree, anything else for itself. URLs that are not of local files are left out.
+/// whole tree, anything else for itself, as localFile() gives it. URLs that are not of local files
+/// are left out.
 ///
 /// Entries count by their extension alone, so a folder named like a video is among them; a path
 /// where nothing is counts too. Hidden entries are passed over and hidden folders not entered, nor
@@ -21,6 +23,6 @@ QList<QUrl> findVideos(const QList<QUrl> &urls);
 /// Whether a folder called `name` is a package: a folder that the user is to take for one file,
 /// such as an application or a photo library. Told by the extension, as on systems that have no
 /// other mark for it.
-bool isPackage(QStringView name);
+bool isPackage(QByteArrayView name);
 
 } // namespace quorvale

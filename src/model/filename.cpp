@@ -3,52 +3,50 @@
 
 #include "filename.h"
 
-using namespace Qt::StringLiterals;
-
 namespace quorvale {
 
 namespace {
 
 // The root's slash is the only trailing one that means something.
-QStringView withoutTrailingSlashes(QStringView path)
+QByteArrayView withoutTrailingSlashes(QByteArrayView path)
 {
-    while (path.size() > 1 && path.endsWith(u'/'))
+    while (path.size() > 1 && path.endsWith('/'))
         path.chop(1);
     return path;
 }
 
 } // namespace
 
-QString lastPathComponent(QStringView path)
+QByteArrayView lastPathComponent(QByteArrayView path)
 {
     path = withoutTrailingSlashes(path);
-    return path.size() == 1 ? path.toString() : path.sliced(path.lastIndexOf(u'/') + 1).toString();
+    return path.size() == 1 ? path : path.sliced(path.lastIndexOf('/') + 1);
 }
 
-QString folderName(QStringView path)
+QByteArrayView folderName(QByteArrayView path)
 {
     path = withoutTrailingSlashes(path);
-    return lastPathComponent(path.first(path.lastIndexOf(u'/') + 1));
+    return lastPathComponent(path.first(path.lastIndexOf('/') + 1));
 }
 
-QStringView pathExtension(QStringView name)
+QByteArrayView pathExtension(QByteArrayView name)
 {
-    const qsizetype dot = name.lastIndexOf(u'.');
-    return dot > 0 ? name.sliced(dot + 1) : QStringView();
+    const qsizetype dot = name.lastIndexOf('.');
+    return dot > 0 ? name.sliced(dot + 1) : QByteArrayView();
 }
 
-QStringView withoutExtension(QStringView name)
+QByteArrayView withoutExtension(QByteArrayView name)
 {
-    const QStringView extension = pathExtension(name);
+    const QByteArrayView extension = pathExtension(name);
     return extension.isEmpty() ? name : name.chopped(extension.size() + 1);
 }
 
-QString outputFileName(QStringView sourceName, OutputCodec codec, int attempt)
+QByteArray outputFileName(QByteArrayView sourceName, OutputCodec codec, int attempt)
 {
-    QString name = withoutExtension(sourceName).toString() + "_converted"_L1;
+    QByteArray name = withoutExtension(sourceName).toByteArray() + "_converted";
     if (attempt > 1)
-        name += u'_' + QString::number(attempt);
-    return name + (isProRes(codec) ? ".mov"_L1 : ".mp4"_L1);
+        name += '_' + QByteArray::number(attempt);
+    return name + (isProRes(codec) ? ".mov" : ".mp4");
 }
 
 } // namespace quorvale

@@ -4,6 +4,7 @@
 #include "childprocess.h"
 
 #include "execution.h"
+#include "model/filepath.h"
 #include "systemerror.h"
 
 #include <QEventLoop>
@@ -29,7 +30,7 @@ void sendInterrupt(const QProcess &process)
 
 } // namespace
 
-ChildProcess::ChildProcess(const QString &executable, const QStringList &arguments)
+ChildProcess::ChildProcess(const QByteArray &executable, const QByteArrayList &arguments)
     : m_executable(executable), m_arguments(arguments)
 {
 }
@@ -54,11 +55,12 @@ ChildProcess::End ChildProcess::run(const Reader &readOutput, const Reader &read
     QObject::connect(&process, &QProcess::finished, &untilEnd, &QEventLoop::quit);
 
     const auto cannotStart = [this](const QString &reason) {
-        return SystemError(u"“%1” could not be started: %2"_s.arg(m_executable, reason));
+        return SystemError(u"“%1” could not be started: %2"_s.arg(shownPath(m_executable), reason));
     };
     Execution execution(m_executable, m_arguments);
+    // The execution knows program and arguments itself, and as bytes.
     process.setChildProcessModifier([&execution] { execution.perform(); });
-    process.start(m_executable, m_arguments, QIODevice::ReadOnly);
+    process.start(shownPath(m_executable), {}, QIODevice::ReadOnly);
     if (!process.waitForStarted(-1))
         throw cannotStart(process.errorString());
     if (const int error = execution.error()) {

@@ -3,9 +3,8 @@
 
 #pragma once
 
+#include <QByteArrayList>
 #include <QByteArrayView>
-#include <QString>
-#include <QStringList>
 
 #include <functional>
 #include <mutex>
@@ -28,7 +27,9 @@ public:
         int exitStatus = 0; ///< meaningless after an uncaught signal
     };
 
-    ChildProcess(const QString &executable, const QStringList &arguments);
+    /// Of the tool at the path `executable`. Both are bytes, because names of files need not be
+    /// text.
+    ChildProcess(const QByteArray &executable, const QByteArrayList &arguments);
 
     /// Starts the tool, reads both streams until it has ended, and says how it ended. Blocks the
     /// calling thread, on which the readers are called too; not for the main thread. A stream
@@ -42,8 +43,8 @@ public:
     void interrupt();
 
 private:
-    const QString m_executable;
-    const QStringList m_arguments;
+    const QByteArray m_executable;
+    const QByteArrayList m_arguments;
 
     std::mutex m_mutex;
     QObject *m_running = nullptr; // the process object while the tool runs

@@ -4,41 +4,45 @@
 #include "conversionarguments.h"
 
 #include "model/encoderarguments.h"
-
-using namespace Qt::StringLiterals;
+#include "model/filepath.h"
 
 namespace quorvale {
 
 namespace {
 
-QStringList audioArguments(AudioMode audio)
+QByteArrayList audioArguments(AudioMode audio)
 {
     switch (audio) {
     case AudioMode::aac:
-        return {u"-c:a"_s, u"aac"_s, u"-b:a"_s, u"192k"_s};
+        return {"-c:a", "aac", "-b:a", "192k"};
     case AudioMode::copy:
-        return {u"-c:a"_s, u"copy"_s};
+        return {"-c:a", "copy"};
     case AudioMode::pcm:
-        return {u"-c:a"_s, u"pcm_s24le"_s};
+        return {"-c:a", "pcm_s24le"};
     }
     Q_UNREACHABLE();
 }
 
 } // namespace
 
-QStringList conversionArguments(const QUrl &source, const QUrl &destination,
-                                const ConversionSettings &settings,
-                                std::optional<qint64> targetBitrate)
+QByteArrayList conversionArguments(const QUrl &source, const QUrl &destination,
+                                   const ConversionSettings &settings,
+                                   std::optional<qint64> targetBitrate)
 {
-    QStringList arguments{settings.overwrite ? u"-y"_s : u"-n"_s, u"-hide_banner"_s, u"-i"_s,
-                          source.toLocalFile()};
-    arguments +=
-        videoArguments(settings.codec, settings.useHardware, settings.quality, targetBitrate);
+    QByteArrayList arguments{settings.overwrite ? "-y" : "-n", "-hide_banner", "-i",
+                             filePath(source)};
+    for (const QString &word :
+         videoArguments(settings.codec, settings.useHardware, settings.quality, targetBitrate))
+        arguments << word.toLatin1();
     arguments += audioArguments(settings.audio);
-    arguments << u"-map_metadata"_s << u"0"_s;
-    arguments << u"-movflags"_s << u"+faststart"_s;
-    arguments << u"-progress"_s << u"pipe:1"_s << u"-nostats"_s;
-    arguments << destination.toLocalFile();
+    arguments << "-map_metadata"
+              << "0";
+    arguments << "-movflags"
+              << "+faststart";
+    arguments << "-progress"
+              << "pipe:1"
+              << "-nostats";
+    arguments << filePath(destination);
     return arguments;
 }
 

@@ -5,7 +5,7 @@
 
 #include "model/conversionsettings.h"
 
-#include <QStringList>
+#include <QByteArrayList>
 #include <QUrl>
 
 #include <optional>
@@ -15,8 +15,8 @@ namespace quorvale {
 /// The whole ffmpeg command line behind the program's name, one word an element, for converting
 /// the file `source` into the file `destination`. `targetBitrate` is the video's, in bits per
 /// second, or none when quality decides. The destination is always the last word.
-QStringList conversionArguments(const QUrl &source, const QUrl &destination,
-                                const ConversionSettings &settings,
-                                std::optional<qint64> targetBitrate);
+QByteArrayList conversionArguments(const QUrl &source, const QUrl &destination,
+                                   const ConversionSettings &settings,
+                                   std::optional<qint64> targetBitrate);
 
 } // namespace quorvale

@@ -3,8 +3,6 @@
 
 #include "execution.h"
 
-#include <QFile>
-
 #include <cerrno>
 #include <csignal>
 #include <tuple>
@@ -25,11 +23,9 @@ void close(int &descriptor)
 
 } // namespace
 
-Execution::Execution(const QString &executable, const QStringList &arguments)
+Execution::Execution(const QByteArray &executable, const QByteArrayList &arguments)
+    : m_words(QByteArrayList{executable} + arguments)
 {
-    m_words << QFile::encodeName(executable);
-    for (const QString &argument : arguments)
-        m_words << QFile::encodeName(argument);
     for (QByteArray &word : m_words)
         m_vector.push_back(word.data());
     m_vector.push_back(nullptr);

@@ -4,8 +4,6 @@
 #pragma once
 
 #include <QByteArrayList>
-#include <QString>
-#include <QStringList>
 
 #include <vector>
 
@@ -17,7 +15,7 @@ class Execution
 {
 public:
     /// Of the program at the path `executable`.
-    Execution(const QString &executable, const QStringList &arguments);
+    Execution(const QByteArray &executable, const QByteArrayList &arguments);
     ~Execution();
 
     Execution(const Execution &) = delete;

@@ -9,6 +9,7 @@
 #include "ffmpegerror.h"
 #include "mediadescription.h"
 #include "model/encoderarguments.h"
+#include "model/filepath.h"
 #include "outputfolder.h"
 #include "progress.h"
 #include "sourceguard.h"
@@ -83,7 +84,7 @@ void FFmpegService::runConversion(const QUrl &source, const QUrl &destination,
 
     const auto encode = [&](Attempt attempt) {
         const auto process = std::make_shared<ChildProcess>(
-            ffmpeg->toLocalFile(), conversionArguments(source, destination, settings, target));
+            filePath(*ffmpeg), conversionArguments(source, destination, settings, target));
         const QString encoder = videoEncoder(settings.codec, settings.useHardware);
         return runEncoder(attempt, process, encoder, info.duration, onProgress);
     };
@@ -123,13 +124,13 @@ FFmpegService::EncoderRun FFmpegService::runEncoder(Attempt attempt,
 
 MediaInfo FFmpegService::probe(const QUrl &source, const QUrl &ffmpeg)
 {
-    const QString path = source.toLocalFile();
+    const QByteArray path = filePath(source);
     if (const auto ffprobe = locateBinary(u"ffprobe"_s)) {
-        const auto info = mediaInfoFromJson(describeWithFFprobe(ffprobe->toLocalFile(), path));
+        const auto info = mediaInfoFromJson(describeWithFFprobe(filePath(*ffprobe), path));
         if (info)
             return *info;
     }
-    return mediaInfoFromBanner(describeWithFFmpeg(ffmpeg.toLocalFile(), path));
+    return mediaInfoFromBanner(describeWithFFmpeg(filePath(ffmpeg), path));
 }
 
 void FFmpegService::publish(Attempt attempt, const std::shared_ptr<ChildProcess> &process)

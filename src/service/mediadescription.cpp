@@ -6,11 +6,7 @@
 #include "childprocess.h"
 #include "systemerror.h"
 
-#include <QStringList>
-
 #include <algorithm>
-
-using namespace Qt::StringLiterals;
 
 namespace quorvale {
 
@@ -27,13 +23,13 @@ ChildProcess::Reader beginningInto(QByteArray &collected)
 
 } // namespace
 
-QByteArray describeWithFFprobe(const QString &ffprobe, const QString &path)
+QByteArray describeWithFFprobe(const QByteArray &ffprobe, const QByteArray &path)
 {
     QByteArray json;
     try {
-        ChildProcess process(ffprobe, {u"-v"_s, u"error"_s, u"-show_entries"_s,
-                                       u"format=duration,bit_rate:stream=codec_type,bit_rate"_s,
-                                       u"-of"_s, u"json"_s, path});
+        ChildProcess process(ffprobe, {"-v", "error", "-show_entries",
+                                       "format=duration,bit_rate:stream=codec_type,bit_rate", "-of",
+                                       "json", path});
         process.run(beginningInto(json), {});
     } catch (const SystemError &) {
         return {};
@@ -41,11 +37,11 @@ QByteArray describeWithFFprobe(const QString &ffprobe, const QString &path)
     return json;
 }
 
-QByteArray describeWithFFmpeg(const QString &ffmpeg, const QString &path)
+QByteArray describeWithFFmpeg(const QByteArray &ffmpeg, const QByteArray &path)
 {
     QByteArray banner;
     try {
-        ChildProcess process(ffmpeg, {u"-hide_banner"_s, u"-i"_s, path});
+        ChildProcess process(ffmpeg, {"-hide_banner", "-i", path});
         process.run({}, beginningInto(banner));
     } catch (const SystemError &) {
         return {};

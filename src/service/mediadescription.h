@@ -4,7 +4,6 @@
 #pragma once
 
 #include <QByteArray>
-#include <QString>
 
 namespace quorvale {
 
@@ -13,10 +12,10 @@ namespace quorvale {
 // plays no part. Only the first 16 MiB count, so that a runaway tool cannot fill the memory.
 
 /// The JSON description of the file at `path` by the `ffprobe` at that path.
-QByteArray describeWithFFprobe(const QString &ffprobe, const QString &path);
+QByteArray describeWithFFprobe(const QByteArray &ffprobe, const QByteArray &path);
 
 /// The banner about the file at `path` that the `ffmpeg` at that path prints before it complains
 /// that it was given no output.
-QByteArray describeWithFFmpeg(const QString &ffmpeg, const QString &path);
+QByteArray describeWithFFmpeg(const QByteArray &ffmpeg, const QByteArray &path);
 
 } // namespace quorvale

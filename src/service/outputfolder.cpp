@@ -3,9 +3,8 @@
 
 #include "outputfolder.h"
 
+#include "model/filepath.h"
 #include "systemerror.h"
-
-#include <QFile>
 
 #include <filesystem>
 #include <tuple>
@@ -16,11 +15,6 @@ namespace quorvale {
 
 namespace {
 
-QString shown(const std::filesystem::path &path)
-{
-    return QFile::decodeName(path.c_str());
-}
-
 QString reason(const std::error_code &error)
 {
     return QString::fromLocal8Bit(error.message());
@@ -30,7 +24,7 @@ QString reason(const std::error_code &error)
 
 void createFolderFor(const QUrl &output)
 {
-    const std::filesystem::path file(QFile::encodeName(output.toLocalFile()).toStdString());
+    const std::filesystem::path file(filePath(output).toStdString());
     const std::filesystem::path folder = file.parent_path();
 
     std::error_code error;
@@ -38,14 +32,14 @@ void createFolderFor(const QUrl &output)
     if (!error && !std::filesystem::is_directory(folder, error) && !error)
         error = std::make_error_code(std::errc::not_a_directory);
     if (error)
-        throw SystemError(
-            u"The folder “%1” could not be created: %2"_s.arg(shown(folder), reason(error)));
+        throw SystemError(u"The folder “%1” could not be created: %2"_s.arg(
+            shownPath(folder.native()), reason(error)));
 
     // Asking the file system beats knowing its limit: some count bytes, others characters.
     std::ignore = std::filesystem::symlink_status(file, error);
     if (error == std::errc::filename_too_long)
-        throw SystemError(
-            u"The name of the output file is too long: “%1”"_s.arg(shown(file.filename())));
+        throw SystemError(u"The name of the output file is too long: “%1”"_s.arg(
+            shownPath(file.filename().native())));
 }
 
 } // namespace quorvale

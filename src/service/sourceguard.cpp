@@ -3,9 +3,8 @@
 
 #include "sourceguard.h"
 
+#include "model/filepath.h"
 #include "systemerror.h"
-
-#include <QFile>
 
 #include <filesystem>
 
@@ -17,7 +16,7 @@ namespace {
 
 std::filesystem::path pathOf(const QUrl &file)
 {
-    return QFile::encodeName(file.toLocalFile()).toStdString();
+    return filePath(file).toStdString();
 }
 
 } // namespace
@@ -28,7 +27,7 @@ void guardSource(const QUrl &source, const QUrl &output)
     if (std::filesystem::equivalent(pathOf(source), pathOf(output), error) && !error)
         throw SystemError(
             u"“%1” is the video that is to be converted, so it is not replaced."_s.arg(
-                output.toLocalFile()));
+                shownPath(filePath(output))));
 }
 
 } // namespace quorvale

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "controller/localfile.h"
+
 #include <QList>
 #include <QObject>
 #include <QUrl>
@@ -25,7 +27,8 @@ public:
     /// Whether at least one of `urls` is a file or folder of this machine.
     Q_INVOKABLE static bool areAmong(const QList<QUrl> &urls)
     {
-        return std::ranges::any_of(urls, [](const QUrl &url) { return url.isLocalFile(); });
+        return std::ranges::any_of(urls,
+                                   [](const QUrl &url) { return localFile(url).has_value(); });
     }
 };
 

@@ -128,6 +128,17 @@ private Q_SLOTS:
         QCOMPARE(namesOf({tree.addFile(u"a.mp4"_s)}), (QStringList{u"b.mp4"_s, u"a.mp4"_s}));
     }
 
+    void aFileIsOneJobWithOrWithoutItsHost()
+    {
+        const FileTree tree;
+        const QUrl clip = tree.addFile(u"clip.mp4"_s);
+        QUrl withHost = clip;
+        withHost.setHost(u"localhost"_s);
+        QUrl elsewhere = clip;
+        elsewhere.setHost(u"nas.example"_s);
+        QCOMPARE(namesOf({withHost, clip, withHost, elsewhere}), QStringList{u"clip.mp4"_s});
+    }
+
     void percentSignsQuestionMarksAndHashesSurvive()
     {
         const FileTree tree;

@@ -45,6 +45,15 @@ private Q_SLOTS:
         QVERIFY(!files.contains(file(u"/v/./w/../a.mp4"_s)));
     }
 
+    void filesWhoseNamesAreNoTextAreToldApart()
+    {
+        QueuedFiles files;
+        files.insert(QUrl::fromEncoded("file:///v/%E8.mp4"));
+        QVERIFY(!files.contains(QUrl::fromEncoded("file:///v/%E9.mp4")));
+        QVERIFY(files.contains(QUrl::fromEncoded("file:///v/w/../%E8.mp4")));
+        QVERIFY(!files.contains(file(u"/v/\uFFFD.mp4"_s)));
+    }
+
 private:
     static QUrl file(const QString &path) { return QUrl::fromLocalFile(path); }
 };

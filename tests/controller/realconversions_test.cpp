@@ -35,7 +35,7 @@ private Q_SLOTS:
     {
         QSet<QString> extensions;
         for (const QString &name : m_clips.keys())
-            extensions << pathExtension(name).toString();
+            extensions << QString::fromUtf8(pathExtension(name.toUtf8()));
         QCOMPARE(extensions, FFmpegService::supportedExtensions());
     }
 

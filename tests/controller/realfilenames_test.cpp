@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "controller/converterviewmodel.h"
+#include "model/filepath.h"
 #include "support/clips.h"
 #include "support/conversionbench.h"
 #include "support/toolrun.h"
@@ -59,6 +60,10 @@ Names baseNames()
         "\xF0\x9F\x8E\xAC\xF0\x9F\x91\xA9\xE2\x80\x8D\xF0\x9F\x92\xBB", // emoji, one of them joined
         decomposedAccent,
         composedAccent,
+        "caf\xE9 in Latin 1",
+        "caf\xE8 in Latin 1", // to be told from the one above
+        "no \xFF\xFE\xC0\xED\xA0\x80 text",
+        "\xEF\xBF\xBD as a character",
         std::string(200, 'n'),
         std::string(longestName - outputEnding.size(), 'm'),
     };
@@ -129,15 +134,44 @@ private Q_SLOTS:
     void aDroppedFileKeepsItsName()
     {
         ConversionBench bench;
-        const std::string name = "100%25 #1? " + decomposedAccent + ".mp4";
-        takeSource(bench, name);
-        QVERIFY(bench.drop(bench.sources().filePath(QString::fromStdString(name)), 1));
+        const std::string baseName = "100%25 #1? " + decomposedAccent + " \xE9";
+        takeSource(bench, baseName + ".mp4");
+        const std::string path = fsPath(bench.sources()) / (baseName + ".mp4");
+        // As a file manager writes it.
+        const QUrl url =
+            QUrl::fromEncoded("file://" + QByteArray::fromStdString(path).toPercentEncoding("/"));
+        ConverterViewModel &controller = bench.controller();
+        controller.handleDrop({url, url});
+        QTRY_COMPARE_WITH_TIMEOUT(controller.jobCount(), 1, 60'000);
+        const QModelIndex row = controller.jobModel()->index(0);
+        QCOMPARE(row.data(JobListModel::FileNameRole).toString(),
+                 QString::fromStdString("100%25 #1? " + decomposedAccent + " \uFFFD.mp4"));
 
         QVERIFY(bench.runBatch());
 
+        QVERIFY(isCompleted(controller.jobs().first().state));
+        QCOMPARE(shown(namesIn(bench.outputs())), shown({baseName + outputEnding}));
+    }
+
+    void anOutputFolderKeepsItsName()
+    {
+        ConversionBench bench;
+        const fs::path folder = fsPath(bench.outputs()) / "caf\xE9";
+        fs::create_directory(folder);
+        takeSource(bench, "a.mp4");
+        QVERIFY(bench.drop(bench.sources().path(), 1));
+        bench.choose(fileUrl(QByteArray::fromStdString(folder)));
+
+        QVERIFY(bench.runBatch());
+        bench.controller().requeue(bench.controller().jobs().first().id());
+        QVERIFY(bench.runBatch());
+
         QVERIFY(isCompleted(bench.controller().jobs().first().state));
-        QCOMPARE(shown(namesIn(bench.outputs())),
-                 shown({"100%25 #1? " + decomposedAccent + outputEnding}));
+        Names outputs;
+        for (const fs::directory_entry &entry : fs::directory_iterator(folder))
+            outputs.push_back(entry.path().filename());
+        QCOMPARE(shown(sorted(outputs)), shown({"a_converted.mp4", "a_converted_2.mp4"}));
+        QCOMPARE(shown(namesIn(bench.outputs())), shown({"caf\xE9"}));
     }
 
     void aNameThatGrowsTooLongFailsAndTheNextJobCompletes()

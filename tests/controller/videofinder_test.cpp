@@ -77,6 +77,9 @@ private Q_SLOTS:
         tree.addFiles({u"Editor.app/Contents/intro.mp4"_s,
                        u"Holiday.PhotosLibrary/originals/clip.mov"_s,
                        u"notes.appendix/clip.mp4"_s});
+        for (const QString &extension : {u"migratedphotolibrary"_s, u"fcarch"_s, u"lrlibrary"_s,
+                                         u"cocatalog"_s, u"screenflow"_s, u"cmproj"_s, u"EyeTV"_s})
+            tree.addFile(u"films.%1/clip.mp4"_s.arg(extension));
         QCOMPARE(findVideos({tree.root()}), QList<QUrl>{tree.url(u"notes.appendix/clip.mp4"_s)});
     }
 
@@ -176,8 +179,20 @@ private Q_SLOTS:
 
     void urlsThatAreNotOfLocalFilesAreLeftOut()
     {
-        QVERIFY(findVideos({QUrl(u"https://example.org/clip.mp4"_s), QUrl(u"clip.mp4"_s), QUrl()})
+        QVERIFY(findVideos({QUrl(u"https://example.org/clip.mp4"_s), QUrl(u"clip.mp4"_s), QUrl(),
+                            QUrl(u"file://nas.example/clip.mp4"_s)})
                     .isEmpty());
+    }
+
+    void localUrlsWithAHostAreTakenWithoutIt()
+    {
+        const FileTree tree;
+        const QUrl file = tree.addFile(u"clip.mp4"_s);
+        QUrl withHost = file;
+        withHost.setHost(u"localhost"_s);
+        QUrl folder = tree.root();
+        folder.setHost(u"localhost"_s);
+        QCOMPARE(findVideos({withHost, folder}), (QList<QUrl>{file, file}));
     }
 
     void oddNamesComeBackAsTheyAre()

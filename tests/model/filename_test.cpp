@@ -33,8 +33,8 @@ private Q_SLOTS:
         QFETCH(const QString, name);
         QFETCH(const QString, extension);
         QFETCH(const QString, base);
-        QCOMPARE(pathExtension(name).toString(), extension);
-        QCOMPARE(withoutExtension(name).toString(), base);
+        QCOMPARE(pathExtension(name.toUtf8()), extension.toUtf8());
+        QCOMPARE(withoutExtension(name.toUtf8()), base.toUtf8());
     }
 
     void components_data()
@@ -52,8 +52,8 @@ private Q_SLOTS:
         QFETCH(const QString, path);
         QFETCH(const QString, last);
         QFETCH(const QString, folder);
-        QCOMPARE(lastPathComponent(path), last);
-        QCOMPARE(folderName(path), folder);
+        QCOMPARE(lastPathComponent(path.toUtf8()), last.toUtf8());
+        QCOMPARE(folderName(path.toUtf8()), folder.toUtf8());
     }
 
     void outputNames_data()
@@ -83,7 +83,16 @@ private Q_SLOTS:
         QFETCH(const OutputCodec, codec);
         QFETCH(const int, attempt);
         QFETCH(const QString, output);
-        QCOMPARE(outputFileName(source, codec, attempt), output);
+        QCOMPARE(outputFileName(source.toUtf8(), codec, attempt), output.toUtf8());
+    }
+
+    void bytesThatAreNoTextAreKept()
+    {
+        const QByteArray path = "/caf\xe9 \xff/\xfe.x.\xe9";
+        QCOMPARE(lastPathComponent(path), "\xfe.x.\xe9");
+        QCOMPARE(folderName(path), "caf\xe9 \xff");
+        QCOMPARE(pathExtension(path), "\xe9");
+        QCOMPARE(outputFileName("\xfe.x.\xe9", OutputCodec::h264), "\xfe.x_converted.mp4");
     }
 };
 

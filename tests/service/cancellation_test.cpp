@@ -209,7 +209,7 @@ private Q_SLOTS:
     void beforeTheLaunchIsDeliveredRightAfterIt()
     {
         m_tools->setScript(u"ffmpeg"_s, untilReleased(Script()));
-        ChildProcess process(m_tools->path(u"ffmpeg"_s), {});
+        ChildProcess process(m_tools->path(u"ffmpeg"_s).toUtf8(), {});
         process.interrupt();
         process.interrupt();
         QVERIFY(process.run({}, {}).byUncaughtSignal);
@@ -233,7 +233,7 @@ private Q_SLOTS:
     void afterTheEndNeitherHangsNorThrows()
     {
         m_tools->setScript(u"ffmpeg"_s, Script().exit(7));
-        ChildProcess process(m_tools->path(u"ffmpeg"_s), {});
+        ChildProcess process(m_tools->path(u"ffmpeg"_s).toUtf8(), {});
         const ChildProcess::End end = process.run({}, {});
         process.interrupt();
         QVERIFY(!end.byUncaughtSignal);

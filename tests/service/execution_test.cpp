@@ -12,7 +12,6 @@
 #include <unistd.h>
 
 using namespace quorvale;
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -22,7 +21,7 @@ struct Outcome
     int exitStatus = -1; ///< -1 for a death by a signal
 };
 
-Outcome execute(const QString &executable, const QStringList &arguments)
+Outcome execute(const QByteArray &executable, const QByteArrayList &arguments)
 {
     Execution execution(executable, arguments);
     const pid_t child = ::fork();
@@ -45,24 +44,23 @@ class ExecutionTest : public QObject
 private Q_SLOTS:
     void aProgramGetsItsArgumentsAsTheyAre()
     {
-        const QString script =
-            u"[ $# = 3 ] && [ \"$1\" = 'a b' ] && [ -z \"$2\" ] && [ \"$3\" = '*\"é' ] || exit 9; exit 7"_s;
-        const Outcome outcome =
-            execute(u"/bin/sh"_s, {u"-c"_s, script, u"name"_s, u"a b"_s, u""_s, u"*\"é"_s});
+        const QByteArray script =
+            "[ $# = 3 ] && [ \"$1\" = 'a b' ] && [ -z \"$2\" ] && [ \"$3\" = '*\"\xe9' ] || exit 9; exit 7";
+        const Outcome outcome = execute("/bin/sh", {"-c", script, "name", "a b", "", "*\"\xe9"});
         QCOMPARE(outcome.error, 0);
         QCOMPARE(outcome.exitStatus, 7);
     }
 
-    void whatIsNotThereIsSaidSo() { QCOMPARE(execute(u"/no/such/tool"_s, {}).error, ENOENT); }
+    void whatIsNotThereIsSaidSo() { QCOMPARE(execute("/no/such/tool", {}).error, ENOENT); }
 
-    void whatIsNoProgramIsSaidSo() { QCOMPARE(execute(u"/"_s, {}).error, EACCES); }
+    void whatIsNoProgramIsSaidSo() { QCOMPARE(execute("/", {}).error, EACCES); }
 
-    void theSearchPathIsNotConsulted() { QCOMPARE(execute(u"sh"_s, {}).error, ENOENT); }
+    void theSearchPathIsNotConsulted() { QCOMPARE(execute("sh", {}).error, ENOENT); }
 
     void theProgramTakesInterrupts()
     {
         const auto handler = std::signal(SIGINT, SIG_IGN);
-        const Outcome outcome = execute(u"/bin/sh"_s, {u"-c"_s, u"kill -s INT $$; exit 3"_s});
+        const Outcome outcome = execute("/bin/sh", {"-c", "kill -s INT $$; exit 3"});
         std::signal(SIGINT, handler);
         QCOMPARE(outcome.exitStatus, -1);
     }

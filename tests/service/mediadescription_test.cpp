@@ -22,17 +22,17 @@ private Q_SLOTS:
         const Script script = Script().out("on output").err("on error").exit(3);
         m_tools.setScript(u"ffprobe"_s, script);
         m_tools.setScript(u"ffmpeg"_s, script);
-        QCOMPARE(describeWithFFprobe(m_tools.path(u"ffprobe"_s), u"/in/a.mkv"_s), "on output");
-        QCOMPARE(describeWithFFmpeg(m_tools.path(u"ffmpeg"_s), u"/in/a.mkv"_s), "on error");
+        QCOMPARE(describeWithFFprobe(pathOf(u"ffprobe"_s), "/in/a.mkv"), "on output");
+        QCOMPARE(describeWithFFmpeg(pathOf(u"ffmpeg"_s), "/in/a.mkv"), "on error");
     }
 
     void isEmptyWhenNeitherToolCanBeStartedAndTellsNothing()
     {
-        const QString noTool = m_tools.path(u"none"_s);
-        const QByteArray json = describeWithFFprobe(noTool, u"/in/a.mkv"_s);
+        const QByteArray noTool = pathOf(u"none"_s);
+        const QByteArray json = describeWithFFprobe(noTool, "/in/a.mkv");
         QCOMPARE(json, QByteArray());
         QVERIFY(!mediaInfoFromJson(json));
-        const QByteArray banner = describeWithFFmpeg(noTool, u"/in/a.mkv"_s);
+        const QByteArray banner = describeWithFFmpeg(noTool, "/in/a.mkv");
         QCOMPARE(banner, QByteArray());
         const MediaInfo info = mediaInfoFromBanner(banner);
         QCOMPARE(info.duration, 0.0);
@@ -40,6 +40,8 @@ private Q_SLOTS:
     }
 
 private:
+    QByteArray pathOf(const QString &tool) const { return m_tools.path(tool).toUtf8(); }
+
     StandInTools m_tools;
 };
 

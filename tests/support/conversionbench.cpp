@@ -3,7 +3,6 @@
 
 #include "conversionbench.h"
 
-#include "model/filename.h"
 #include "recordedfilemanager.h"
 #include "recordedpanel.h"
 #include "toolrun.h"
@@ -26,9 +25,15 @@ ConversionBench::ConversionBench()
     if (!QDir().mkpath(sources().path()) || !QDir().mkpath(outputs().path()))
         qFatal("Cannot create folders in %s", qPrintable(m_folder.path()));
     auto panel = std::make_unique<RecordedPanel>();
-    panel->answers << QList<QUrl>{QUrl::fromLocalFile(outputs().path())};
+    m_panel = panel.get();
     m_controller =
         ConverterViewModel::create(std::move(panel), std::make_unique<RecordedFileManager>());
+    choose(QUrl::fromLocalFile(outputs().path()));
+}
+
+void ConversionBench::choose(const QUrl &folder)
+{
+    m_panel->answers = {QList<QUrl>{folder}};
     m_controller->chooseDestination();
 }
 
@@ -62,7 +67,7 @@ bool ConversionBench::awaitEnd()
 JobState ConversionBench::stateOf(const QString &name) const
 {
     for (const ConversionJob &job : m_controller->jobs()) {
-        if (lastPathComponent(job.source().toLocalFile()) == name)
+        if (job.source().fileName() == name)
             return job.state;
     }
     qFatal("No job for %s", qPrintable(name));

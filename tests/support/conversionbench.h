@@ -12,6 +12,8 @@
 
 namespace quorvale::test {
 
+class RecordedPanel;
+
 /// A controller with the machine's own ffmpeg, an empty folder for sources and an empty one that is
 /// chosen as its output folder.
 class ConversionBench
@@ -32,6 +34,9 @@ public:
     /// Drops the file or folder at `path`; whether it has added `count` jobs before long.
     [[nodiscard]] bool drop(const QString &path, qsizetype count);
 
+    /// Chooses another output folder.
+    void choose(const QUrl &folder);
+
     /// Starts a batch; whether it has begun and ended before long.
     [[nodiscard]] bool runBatch();
 
@@ -44,6 +49,7 @@ public:
 
 private:
     QTemporaryDir m_folder;
+    RecordedPanel *m_panel;
     std::shared_ptr<ConverterViewModel> m_controller;
 };
 

@@ -23,6 +23,10 @@ private Q_SLOTS:
         QTest::newRow("file") << QList{file} << true;
         QTest::newRow("folder") << QList{QUrl(u"file:///in/"_s)} << true;
         QTest::newRow("encoded") << QList{QUrl(u"file:///in/50%25%20off.mp4"_s)} << true;
+        QTest::newRow("on this machine by name")
+            << QList{QUrl(u"file://localhost/in/a.mp4"_s)} << true;
+        QTest::newRow("on another machine")
+            << QList{QUrl(u"file://nas.example/in/a.mp4"_s)} << false;
         QTest::newRow("web") << QList{web} << false;
         QTest::newRow("web, then file") << QList{web, file} << true;
         QTest::newRow("file, then web") << QList{file, web} << true;
