@@ -206,13 +206,9 @@ private Q_SLOTS:
         m_bench->controller().setSettings(
             {.codec = OutputCodec::proRes422, .audio = AudioMode::pcm, .useHardware = false});
         addSources({u"1.mp4"_s, u"2.mp4"_s, u"3.mp4"_s});
-        std::optional<FileSizeLimit> limit; // while the second job is converted
-        connect(m_bench->controller().jobModel(), &JobListModel::changed, this, [&] {
-            if (!job(1).state.is(converting))
-                limit.reset();
-            else if (!limit)
-                limit.emplace(4096);
-        });
+        FileSizeLimit limit; // while the second job is converted
+        onceConverting(1, [&] { limit.set(4096); });
+        onceConverting(2, [&] { limit.lift(); });
         QVERIFY(m_bench->runBatch());
         verifyStates({completed, failed, completed});
         const QString message = job(1).state.message();
@@ -348,13 +344,13 @@ private:
 
     void onceTrue(const std::function<bool()> &condition, const std::function<void()> &action)
     {
-        m_hasActed = false;
-        connect(m_bench->controller().jobModel(), &JobListModel::changed, this, [=, this] {
-            if (!m_hasActed && condition()) {
-                m_hasActed = true;
-                action();
-            }
-        });
+        connect(m_bench->controller().jobModel(), &JobListModel::changed, this,
+                [=, hasActed = false]() mutable {
+                    if (!hasActed && condition()) {
+                        hasActed = true;
+                        action();
+                    }
+                });
     }
 
     void verifyStates(const QList<JobState::Case> &expected) const
@@ -383,7 +379,6 @@ private:
     }
 
     QTemporaryDir m_folder;
-    bool m_hasActed = false;
     QByteArray m_clip;
     QByteArray m_longClip;
     std::optional<Leftovers> m_leftovers;

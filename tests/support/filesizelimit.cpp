@@ -3,25 +3,57 @@
 
 #include "filesizelimit.h"
 
-#include <QtGlobal>
+#include "testtooldirectories.h"
+#include "toolrun.h"
 
-#include <csignal>
+#include <QFile>
+
+using namespace Qt::StringLiterals;
 
 namespace quorvale::test {
 
-FileSizeLimit::FileSizeLimit(rlim_t bytes)
+namespace {
+
+// Without the signal that would end the writer.
+constexpr auto limitedFFmpeg = R"sh(#!/bin/sh
+trap '' XFSZ
+exec prlimit --fsize="$(cat "${0%/*}/limit")" /usr/bin/ffmpeg "$@"
+)sh";
+
+void write(const QString &path, const QByteArray &bytes)
 {
-    ::getrlimit(RLIMIT_FSIZE, &m_before);
-    const rlimit limit{bytes, m_before.rlim_max};
-    if (::setrlimit(RLIMIT_FSIZE, &limit) != 0)
-        qFatal("Cannot limit the size of files");
-    m_handler = std::signal(SIGXFSZ, SIG_IGN); // which would end the writer
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qFatal("Cannot write %s", qPrintable(path));
+}
+
+} // namespace
+
+FileSizeLimit::FileSizeLimit()
+{
+    useMachineTools();
+    const QString ffmpeg = m_folder.filePath(u"ffmpeg"_s);
+    write(ffmpeg, limitedFFmpeg);
+    if (!QFile::setPermissions(ffmpeg, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner)
+        || !QFile::link(u"/usr/bin/ffprobe"_s, m_folder.filePath(u"ffprobe"_s)))
+        qFatal("Cannot limit ffmpeg");
+    lift();
+    setToolDirectories({m_folder.path() + u'/'});
 }
 
 FileSizeLimit::~FileSizeLimit()
 {
-    std::signal(SIGXFSZ, m_handler);
-    ::setrlimit(RLIMIT_FSIZE, &m_before);
+    useMachineTools();
+}
+
+void FileSizeLimit::set(qint64 bytes)
+{
+    write(m_folder.filePath(u"limit"_s), QByteArray::number(bytes));
+}
+
+void FileSizeLimit::lift()
+{
+    write(m_folder.filePath(u"limit"_s), "unlimited");
 }
 
 } // namespace quorvale::test

@@ -3,24 +3,27 @@
 
 #pragma once
 
-#include <sys/resource.h>
+#include <QTemporaryDir>
 
 namespace quorvale::test {
 
-/// While it lives, this process and the tools that it starts cannot write further than so many
+/// While it lives, the machine's own tools are used, and ffmpeg cannot write further than so many
 /// bytes into a file: writing fails as it does on a full disk, whoever runs the test.
 class FileSizeLimit
 {
 public:
-    explicit FileSizeLimit(rlim_t bytes);
+    FileSizeLimit();
     ~FileSizeLimit();
 
     FileSizeLimit(const FileSizeLimit &) = delete;
     FileSizeLimit &operator=(const FileSizeLimit &) = delete;
 
+    /// Of the runs that begin from now on. There is none at first.
+    void set(qint64 bytes);
+    void lift();
+
 private:
-    rlimit m_before{};
-    void (*m_handler)(int) = nullptr;
+    QTemporaryDir m_folder;
 };
 
 } // namespace quorvale::test
