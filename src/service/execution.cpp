@@ -4,7 +4,6 @@
 #include "execution.h"
 
 #include <cerrno>
-#include <csignal>
 #include <tuple>
 #include <utility>
 
@@ -29,6 +28,7 @@ Execution::Execution(const QByteArray &executable, const QByteArrayList &argumen
     for (QByteArray &word : m_words)
         m_vector.push_back(word.data());
     m_vector.push_back(nullptr);
+    ::sigemptyset(&m_noSignals);
     // Without a pipe a failure is only seen by the child's exit status.
     std::ignore = ::pipe2(m_errorPipe, O_CLOEXEC);
 }
@@ -43,7 +43,9 @@ void Execution::perform()
 {
     // The child may still share its parent's memory. No variable here has its address taken, so
     // that AddressSanitizer marks nothing of the stack and leaves no mark there.
-    std::signal(SIGINT, SIG_DFL);
+    for (int signal = 1; signal < NSIG; ++signal)
+        std::signal(signal, SIG_DFL);
+    ::pthread_sigmask(SIG_SETMASK, &m_noSignals, nullptr);
     ::execv(m_vector.front(), m_vector.data());
     m_error = errno;
     [[maybe_unused]] const ssize_t count = ::write(m_errorPipe[1], &m_error, sizeof m_error);

@@ -7,6 +7,8 @@
 
 #include <vector>
 
+#include <csignal>
+
 namespace quorvale {
 
 /// Turns a child process that was just forked into a program. QProcess could do it, but up to 6.4
@@ -22,8 +24,8 @@ public:
     Execution &operator=(const Execution &) = delete;
 
     /// For the child, in which it does not return and calls only what is safe there. The program
-    /// takes interrupts even where this one was started so that it ignores them, as a shell does
-    /// with what it runs in the background.
+    /// takes signals as by default, even where this one was started so that it ignores or blocks
+    /// some, as shells and session launchers do with what they start.
     [[noreturn]] void perform();
 
     /// For the parent, once, when the child exists: why the program could not be executed, as an
@@ -33,6 +35,7 @@ public:
 private:
     QByteArrayList m_words;
     std::vector<char *> m_vector; // of the words, ending in a null
+    sigset_t m_noSignals;         // blocked
     int m_errorPipe[2] = {-1, -1};
     int m_error = 0; // of the child
 };

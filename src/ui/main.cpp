@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 
 #include "displayadvice.h"
+#include "processdefaults.h"
 #include "quorvaleapp.h"
-#include "standardinput.h"
 
 #include <QApplication>
 
@@ -12,7 +12,7 @@
 
 int main(int argc, char *argv[])
 {
-    quorvale::detachStandardInput();
+    quorvale::restoreProcessDefaults();
 
     std::optional<quorvale::DisplayAdvice> advice(std::in_place);
     QApplication::setApplicationName(QStringLiteral("Quorvale"));

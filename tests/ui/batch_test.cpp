@@ -156,6 +156,27 @@ private Q_SLOTS:
         QVERIFY(window().waitForDescription(u"a.mp4"_s, u", Ready"_s));
     }
 
+    // As by session launchers and by scripts that run it in the background.
+    void aStarterThatIgnoresAndBlocksSignalsChangesNothing()
+    {
+        m_bench = std::make_unique<ProgramBench>(m_desktop);
+        m_bench->run().process().setPreparation([] {
+            std::signal(SIGCHLD, SIG_IGN);
+            std::signal(SIGINT, SIG_IGN);
+            sigset_t blocked;
+            ::sigfillset(&blocked);
+            ::sigprocmask(SIG_SETMASK, &blocked, nullptr);
+        });
+        QVERIFY(m_bench->start());
+        QVERIFY(window().chooseOutputFolder(m_bench->outputFolder()));
+        queue({u"a.mp4"_s, u"long.mp4"_s});
+        QVERIFY(window().convert(2));
+        QVERIFY(window().waitForDescription(u"a.mp4"_s, u", Complete"_s));
+        QVERIFY(window().waitForProgress(u"long.mp4"_s));
+        QVERIFY(window().click(Role::button, u"Cancel"_s));
+        QVERIFY(window().waitForDescription(u"long.mp4"_s, u"received signal 2"_s));
+    }
+
 private:
     QString clip(const QString &name) const { return m_folder.filePath(name); }
     const WindowDriver &window() const { return m_bench->window(); }

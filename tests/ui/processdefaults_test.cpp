@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
-#include "ui/standardinput.h"
+#include "ui/processdefaults.h"
 
 #include "support/processtable.h"
 #include "support/programrun.h"
@@ -21,13 +21,13 @@ using namespace quorvale;
 using namespace quorvale::test;
 using namespace Qt::StringLiterals;
 
-// What becomes of the standard input that the program is started with.
-class StandardInputTest : public QObject
+// What becomes of what the program is started with.
+class ProcessDefaultsTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void aTerminalIsReplaced()
+    void aTerminalAsStandardInputIsReplaced()
     {
         PseudoTerminal terminal;
         QVERIFY(terminal.isOpen());
@@ -54,19 +54,23 @@ private Q_SLOTS:
         QCOMPARE(terminal.mode(), mode);
     }
 
-    void aClosedOneIsReplaced()
+    void closedStreamsAreReplaced()
     {
         ProgramRun run;
         run.showNowhere();
-        run.process().setPreparation([] { ::close(STDIN_FILENO); });
+        run.process().setPreparation([] {
+            for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+                ::close(stream);
+        });
         QVERIFY(run.start());
         QTRY_COMPARE_WITH_TIMEOUT(openFile(run.id(), STDIN_FILENO), nullDevice, patience);
         QVERIFY(hasStarted(run));
-        QCOMPARE(openFile(run.id(), STDIN_FILENO), nullDevice);
+        for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+            QCOMPARE(openFile(run.id(), stream), nullDevice);
         end(run);
     }
 
-    void aFileIsReplaced()
+    void aFileAsStandardInputIsReplaced()
     {
         QTemporaryFile file;
         QVERIFY(file.open());
@@ -79,7 +83,7 @@ private Q_SLOTS:
         end(run);
     }
 
-    void aPipeIsReplaced()
+    void aPipeAsStandardInputIsReplaced()
     {
         std::array<int, 2> pipe{};
         QCOMPARE(::pipe2(pipe.data(), O_CLOEXEC), 0);
@@ -96,17 +100,20 @@ private Q_SLOTS:
         ::close(pipe[1]);
     }
 
-    void replacesAClosedDescriptor()
+    void theEndsOfChildrenAreHeardOf()
     {
-        const int original = ::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 3);
-        ::close(STDIN_FILENO);
-        detachStandardInput();
-        const QString replaced = openFile(::getpid(), STDIN_FILENO);
-        if (original >= 0) {
-            ::dup2(original, STDIN_FILENO);
-            ::close(original);
-        }
-        QCOMPARE(replaced, nullDevice);
+        sigset_t childSignal;
+        ::sigemptyset(&childSignal);
+        ::sigaddset(&childSignal, SIGCHLD);
+        sigset_t before;
+        ::pthread_sigmask(SIG_BLOCK, &childSignal, &before);
+        const auto handler = std::signal(SIGCHLD, SIG_IGN);
+        restoreProcessDefaults();
+        sigset_t after;
+        ::pthread_sigmask(SIG_SETMASK, &before, &after);
+        const auto restored = std::signal(SIGCHLD, handler);
+        QVERIFY(restored == SIG_DFL);
+        QVERIFY(!::sigismember(&after, SIGCHLD));
     }
 
 private:
@@ -130,5 +137,5 @@ private:
     }
 };
 
-QTEST_GUILESS_MAIN(StandardInputTest)
-#include "standardinput_test.moc"
+QTEST_GUILESS_MAIN(ProcessDefaultsTest)
+#include "processdefaults_test.moc"
