@@ -50,6 +50,10 @@ QFuture<void> FFmpegService::convert(const QUrl &source, const QUrl &destination
     // The promise is handled here rather than by QtConcurrent::run, which would wrap the errors.
     const auto promise = std::make_shared<QPromise<void>>();
     promise->start();
+    {
+        const std::scoped_lock guard(m_lock);
+        m_wasCancelled = false;
+    }
     m_workers.start([=, this] {
         try {
             runConversion(source, destination, settings, onProgress);
@@ -82,11 +86,17 @@ void FFmpegService::runConversion(const QUrl &source, const QUrl &destination,
         guardSource(source, destination);
     const auto target = targetBitrate(settings.goal, info.videoBitrate, settings.codec);
 
+    enum class Attempt { first, withSoftwareEncoder };
     const auto encode = [&](Attempt attempt) {
         const auto process = std::make_shared<ChildProcess>(
             filePath(*ffmpeg), conversionArguments(source, destination, settings, target));
-        const QString encoder = videoEncoder(settings.codec, settings.useHardware);
-        return runEncoder(attempt, process, encoder, info.duration, onProgress);
+        // Before the launch, so that a cancel from here on reaches the process.
+        publish(process);
+        const auto withdraw = qScopeGuard([this] { publish(nullptr); });
+        if (attempt == Attempt::withSoftwareEncoder && wasCancelled())
+            throw FFmpegError::cancelled();
+        return runEncoder(*process, videoEncoder(settings.codec, settings.useHardware),
+                          info.duration, onProgress);
     };
 
     EncoderRun run = encode(Attempt::first);
@@ -100,9 +110,8 @@ void FFmpegService::runConversion(const QUrl &source, const QUrl &destination,
         throw FFmpegError::processFailed(run.errors);
 }
 
-FFmpegService::EncoderRun FFmpegService::runEncoder(Attempt attempt,
-                                                    const std::shared_ptr<ChildProcess> &process,
-                                                    const QString &encoder, double duration,
+FFmpegService::EncoderRun FFmpegService::runEncoder(ChildProcess &process, const QString &encoder,
+                                                    double duration,
                                                     const ProgressHandler &onProgress)
 {
     ErrorTail errors(encoder);
@@ -112,11 +121,8 @@ FFmpegService::EncoderRun FFmpegService::runEncoder(Attempt attempt,
             onProgress(*fraction);
     });
 
-    // Published before the launch, so that a cancel from here on reaches the process.
-    publish(attempt, process);
-    const auto withdrawProcess = qScopeGuard([this] { withdraw(); });
-    const ChildProcess::End end = process->run([&](QByteArrayView bytes) { progress.read(bytes); },
-                                               [&](QByteArrayView bytes) { errors.read(bytes); });
+    const ChildProcess::End end = process.run([&](QByteArrayView bytes) { progress.read(bytes); },
+                                              [&](QByteArrayView bytes) { errors.read(bytes); });
     progress.finish();
     errors.finish();
     return {end, errors.text(), errors.lacksEncoder()};
@@ -133,22 +139,16 @@ MediaInfo FFmpegService::probe(const QUrl &source, const QUrl &ffmpeg)
     return mediaInfoFromBanner(describeWithFFmpeg(filePath(ffmpeg), path));
 }
 
-void FFmpegService::publish(Attempt attempt, const std::shared_ptr<ChildProcess> &process)
+void FFmpegService::publish(const std::shared_ptr<ChildProcess> &process)
 {
     const std::scoped_lock guard(m_lock);
-    // A cancel from before the first process exists is not this conversion's; one that falls
-    // between its two processes is.
-    if (attempt == Attempt::first)
-        m_wasCancelled = false;
-    else if (m_wasCancelled)
-        throw FFmpegError::cancelled();
     m_activeProcess = process;
 }
 
-void FFmpegService::withdraw()
+bool FFmpegService::wasCancelled()
 {
     const std::scoped_lock guard(m_lock);
-    m_activeProcess.reset();
+    return m_wasCancelled;
 }
 
 void FFmpegService::cancel()

@@ -54,32 +54,31 @@ public:
     /// output file is left where it is.
     ///
     /// When ffmpeg was built without the media engine's encoder that the settings ask for, the
-    /// conversion is run once more with the software encoder.
+    /// conversion is run once more with the software encoder; not when cancel() was called since
+    /// this one was: then the future throws FFmpegError::cancelled.
     ///
     /// Any thread; one conversion at a time is expected, as cancel() reaches the latest only.
     QFuture<void> convert(const QUrl &source, const QUrl &destination,
                           const ConversionSettings &settings, const ProgressHandler &onProgress);
 
-    /// Interrupts the ffmpeg that converts now, with one SIGINT per call; does nothing when none
-    /// does. A probe is not interrupted. Any thread, never blocks.
+    /// Interrupts the ffmpeg that converts now, with one SIGINT per call. A probe is not
+    /// interrupted, nor the run behind it prevented. Any thread, never blocks.
     void cancel();
 
 private:
-    enum class Attempt { first, withSoftwareEncoder };
     struct EncoderRun;
 
     void runConversion(const QUrl &source, const QUrl &destination, ConversionSettings settings,
                        const ProgressHandler &onProgress);
-    EncoderRun runEncoder(Attempt attempt, const std::shared_ptr<ChildProcess> &process,
-                          const QString &encoder, double duration,
+    EncoderRun runEncoder(ChildProcess &process, const QString &encoder, double duration,
                           const ProgressHandler &onProgress);
     static MediaInfo probe(const QUrl &source, const QUrl &ffmpeg);
-    void publish(Attempt attempt, const std::shared_ptr<ChildProcess> &process);
-    void withdraw();
+    void publish(const std::shared_ptr<ChildProcess> &process);
+    bool wasCancelled();
 
     std::mutex m_lock; // guards the two fields below, held for no more than that
     std::shared_ptr<ChildProcess> m_activeProcess;
-    bool m_wasCancelled = false; // since the conversion's first process was published
+    bool m_wasCancelled = false; // since the latest conversion was asked for
 
     QThreadPool m_workers;
 };

@@ -119,7 +119,7 @@ private Q_SLOTS:
         QCOMPARE(m_tools->runs(u"ffmpeg"_s).size(), 1);
     }
 
-    void aCancelDuringTheProbeDoesNotPreventTheSoftwareEncoder()
+    void aCancelDuringTheProbeIsRememberedBeforeTheSoftwareEncoder()
     {
         m_tools->setScript(u"ffprobe"_s,
                            untilReleased(Script()).out(R"({"format": {"duration": "10"}})"));
@@ -129,11 +129,20 @@ private Q_SLOTS:
         awaitRunning();
         m_service.cancel();
         release();
-        QVERIFY(endOf(conversion).isSuccess());
+        QVERIFY(endOf(conversion).ffmpegError == FFmpegError::Case::cancelled);
         const QList<QList<QByteArray>> runs = m_tools->runs(u"ffmpeg"_s);
-        QCOMPARE(runs.size(), 2);
+        QCOMPARE(runs.size(), 1);
         QVERIFY(runs[0].contains("h264_videotoolbox"));
-        QVERIFY(runs[1].contains("libx264"));
+    }
+
+    void rightAfterTheCallIsRememberedBeforeTheSoftwareEncoder()
+    {
+        m_tools->setScript(u"ffmpeg"_s, 1, Script().err(missingEncoder).exit(1));
+        m_tools->setScript(u"ffmpeg"_s, 2, Script().exit(0));
+        const auto conversion = convert();
+        m_service.cancel();
+        QVERIFY(endOf(conversion).ffmpegError == FFmpegError::Case::cancelled);
+        QVERIFY(m_tools->runs(u"ffmpeg"_s).size() <= 1);
     }
 
     void beforeTheSoftwareEncoderStartsItEndsTheConversion()
