@@ -9,16 +9,20 @@
 
 namespace quorvale {
 
-qint64 truncatedToInteger(double value)
+bool fitsInteger(double value)
 {
     // Both bounds are exact in double precision, unlike the largest 64-bit integer itself.
     constexpr double lowest = -9223372036854775808.0;
     constexpr double beyondHighest = 9223372036854775808.0;
     const double whole = std::trunc(value);
-    // Written so that a NaN fails it too.
-    if (!(whole >= lowest && whole < beyondHighest))
+    return whole >= lowest && whole < beyondHighest; // not so for a NaN
+}
+
+qint64 truncatedToInteger(double value)
+{
+    if (!fitsInteger(value))
         qFatal("A number does not fit a 64-bit integer: %g", value);
-    return static_cast<qint64>(whole);
+    return static_cast<qint64>(value);
 }
 
 qint64 roundedToInteger(double value)

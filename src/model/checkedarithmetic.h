@@ -10,6 +10,9 @@ namespace quorvale {
 // Arithmetic whose result must fit a 64-bit signed integer. A result that does not is a
 // programming error: it stops the program, in release builds too.
 
+/// Whether `value`, truncated toward zero, does.
+bool fitsInteger(double value);
+
 /// `value` truncated toward zero. Stops the program when it is not finite or does not fit.
 qint64 truncatedToInteger(double value);
 

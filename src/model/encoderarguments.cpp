@@ -6,6 +6,7 @@
 #include "checkedarithmetic.h"
 
 #include <algorithm>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -68,7 +69,23 @@ QStringList proResArguments(OutputCodec codec, bool hardware)
     return arguments;
 }
 
+double balancedBitrate(qint64 source, OutputCodec codec)
+{
+    return static_cast<double>(source) * (codec == OutputCodec::h264 ? 1.6 : 1.2);
+}
+
 } // namespace
+
+bool isEncodable(EncodingGoal goal, std::optional<qint64> source, OutputCodec codec)
+{
+    if (!source || isProRes(codec))
+        return true;
+    if (goal == EncodingGoal::balanced && !fitsInteger(balancedBitrate(*source, codec)))
+        return false;
+    // The rate control's buffer is twice the target, the largest of the numbers.
+    constexpr qint64 highestTarget = std::numeric_limits<qint64>::max() / 2;
+    return targetBitrate(goal, source, codec).value_or(0) <= highestTarget;
+}
 
 std::optional<qint64> targetBitrate(EncodingGoal goal, std::optional<qint64> source,
                                     OutputCodec codec)
@@ -80,10 +97,8 @@ std::optional<qint64> targetBitrate(EncodingGoal goal, std::optional<qint64> sou
         return std::nullopt;
     case EncodingGoal::sameSize:
         return source;
-    case EncodingGoal::balanced: {
-        const double multiplier = codec == OutputCodec::h264 ? 1.6 : 1.2;
-        return truncatedToInteger(static_cast<double>(*source) * multiplier);
-    }
+    case EncodingGoal::balanced:
+        return truncatedToInteger(balancedBitrate(*source, codec));
     }
     Q_UNREACHABLE();
 }

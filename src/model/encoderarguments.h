@@ -15,11 +15,15 @@ namespace quorvale {
 // The rules that turn the user's choices and the source's bitrate into the video half of the
 // ffmpeg command line. Pure functions; they may run on any thread.
 
+/// Whether targetBitrate() and videoArguments() can do with the source's bitrate `source`, in bits
+/// per second: whether every number that they make of it fits a 64-bit integer.
+bool isEncodable(EncodingGoal goal, std::optional<qint64> source, OutputCodec codec);
+
 /// The bitrate, in bits per second, that `goal` asks of an encoder for `codec` when the source's
 /// video has the bitrate `source`. None when quality decides instead: the source's bitrate is
 /// unknown, the codec is ProRes, or the goal is constant quality.
 ///
-/// Stops the program when the result does not fit a 64-bit integer.
+/// Stops the program when the result does not fit a 64-bit integer, as isEncodable() tells.
 std::optional<qint64> targetBitrate(EncodingGoal goal, std::optional<qint64> source,
                                     OutputCodec codec);
 

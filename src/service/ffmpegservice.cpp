@@ -13,6 +13,7 @@
 #include "outputfolder.h"
 #include "progress.h"
 #include "sourceguard.h"
+#include "systemerror.h"
 #include "tooldirectories.h"
 
 #include <QFileInfo>
@@ -22,6 +23,18 @@
 using namespace Qt::StringLiterals;
 
 namespace quorvale {
+
+namespace {
+
+SystemError implausibleBitrate(qint64 bitrate)
+{
+    return SystemError(
+        u"The video states a bitrate of %1 bits per second, which cannot be right. With the goal “%2” it can be converted all the same."_s
+            .arg(bitrate)
+            .arg(rawValue(EncodingGoal::constantQuality)));
+}
+
+} // namespace
 
 FFmpegService::FFmpegService() = default;
 FFmpegService::~FFmpegService() = default;
@@ -84,6 +97,8 @@ void FFmpegService::runConversion(const QUrl &source, const QUrl &destination,
     createFolderFor(destination);
     if (settings.overwrite)
         guardSource(source, destination);
+    if (info.videoBitrate && !isEncodable(settings.goal, info.videoBitrate, settings.codec))
+        throw implausibleBitrate(*info.videoBitrate);
     const auto target = targetBitrate(settings.goal, info.videoBitrate, settings.codec);
 
     enum class Attempt { first, withSoftwareEncoder };

@@ -224,6 +224,51 @@ private Q_SLOTS:
         QVERIFY(test::stopsTheProgram(action));
     }
 
+    void whatDoesNotFitIsToldBefore_data()
+    {
+        QTest::addColumn<EncodingGoal>("goal");
+        QTest::addColumn<OutputCodec>("codec");
+        QTest::addColumn<Bitrate>("source");
+        QTest::addColumn<bool>("isEncodable");
+        using enum EncodingGoal;
+        using enum OutputCodec;
+        constexpr qint64 smallest = std::numeric_limits<qint64>::min();
+        const auto row = [](const char *name, EncodingGoal goal, OutputCodec codec, Bitrate source,
+                            bool isEncodable) {
+            QTest::newRow(name) << goal << codec << source << isEncodable;
+        };
+        row("ordinary", balanced, h264, 2500000, true);
+        row("unknown", balanced, h264, {}, true);
+        row("zero", sameSize, hevc, 0, true);
+        row("a buffer that just fits", sameSize, h264, 4611686018427387903, true);
+        row("a buffer that does not", sameSize, h264, 4611686018427387904, false);
+        row("the smallest as it is", sameSize, hevc, smallest, true);
+        row("the largest as it is", sameSize, hevc, largest, false);
+        row("1.6 times, just", balanced, h264, 2882303761517117120, true);
+        row("1.6 times", balanced, h264, 2882303761517117440, false);
+        row("1.6 times beyond a double's integers", balanced, h264, 5764607523034234880, false);
+        row("1.2 times, just", balanced, hevc, 3843071682022822912, true);
+        row("1.2 times", balanced, hevc, 3843071682022823424, false);
+        row("the largest, more of it", balanced, hevc, largest, false);
+        row("the smallest, more of it", balanced, hevc, smallest, false);
+        row("the largest by quality", constantQuality, h264, largest, true);
+        row("the largest for ProRes", balanced, proRes422, largest, true);
+        row("from altered time tables", balanced, h264, 4899916392297398272, false);
+    }
+    void whatDoesNotFitIsToldBefore()
+    {
+        QFETCH(const EncodingGoal, goal);
+        QFETCH(const OutputCodec, codec);
+        QFETCH(const Bitrate, source);
+        QFETCH(const bool, isEncodable);
+        QCOMPARE(quorvale::isEncodable(goal, source, codec), isEncodable);
+        QCOMPARE(test::stopsTheProgram([&] {
+                     (void)videoArguments(codec, true, 76.0,
+                                          quorvale::targetBitrate(goal, source, codec));
+                 }),
+                 !isEncodable);
+    }
+
     void arithmeticThatJustFitsDoesNot()
     {
         QVERIFY(!test::stopsTheProgram([] {
