@@ -13,6 +13,7 @@
 #include "outputfolder.h"
 #include "progress.h"
 #include "sourceguard.h"
+#include "specialfile.h"
 #include "systemerror.h"
 #include "tooldirectories.h"
 
@@ -93,6 +94,7 @@ void FFmpegService::runConversion(const QUrl &source, const QUrl &destination,
     const auto ffmpeg = locateBinary(u"ffmpeg"_s);
     if (!ffmpeg)
         throw FFmpegError::notFound();
+    refuseSpecialFile(source);
     const MediaInfo info = probe(source, *ffmpeg);
     createFolderFor(destination);
     if (settings.overwrite)
