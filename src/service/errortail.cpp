@@ -13,8 +13,8 @@ constexpr std::size_t keptLines = 8;
 
 } // namespace
 
-ErrorTail::ErrorTail(const QString &encoder)
-    : m_unknownEncoder("Unknown encoder '" + encoder.toUtf8() + '\''),
+ErrorTail::ErrorTail(const QString &encoder, const QByteArray &destination)
+    : m_unknownEncoder("Unknown encoder '" + encoder.toUtf8() + '\''), m_writeErrors(destination),
       m_lines(LineReader::Endings::lineFeed,
               [this](const LineReader::Line &line) { takeLine(line.bytes); })
 {
@@ -22,6 +22,7 @@ ErrorTail::ErrorTail(const QString &encoder)
 
 void ErrorTail::takeLine(QByteArrayView line)
 {
+    m_writeErrors.takeLine(line);
     if (line.isEmpty())
         return;
     // Newer versions of ffmpeg put a tag in square brackets before these words.

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "linereader.h"
+#include "writeerrors.h"
 
 #include <QString>
 
@@ -11,13 +12,14 @@
 
 namespace quorvale {
 
-/// What a failure message can need of a tool's standard error: its last eight non-empty lines, and
-/// whether any line said that an encoder is not there. Memory stays bounded whatever arrives.
+/// What a failure message can need of a tool's standard error: its last eight non-empty lines,
+/// whether any line said that an encoder is not there, and which said that the output is not whole.
+/// Memory stays bounded whatever arrives.
 class ErrorTail
 {
 public:
-    /// `encoder` is the encoder that ffmpeg was asked for.
-    explicit ErrorTail(const QString &encoder);
+    /// `encoder` is the encoder that ffmpeg was asked for, `destination` the path of its output.
+    ErrorTail(const QString &encoder, const QByteArray &destination);
 
     // The reader calls back into this object.
     ErrorTail(const ErrorTail &) = delete;
@@ -36,11 +38,15 @@ public:
     /// Whether a line ended with ffmpeg's words for an encoder that it was built without.
     bool lacksEncoder() const { return m_lacksEncoder; }
 
+    /// What it said about an output that is not whole; empty when it said nothing.
+    QString writeErrors() const { return m_writeErrors.text(); }
+
 private:
     void takeLine(QByteArrayView line);
 
     QByteArray m_unknownEncoder;
     bool m_lacksEncoder = false;
+    WriteErrors m_writeErrors;
     std::deque<QByteArray> m_tail;
     LineReader m_lines;
 };

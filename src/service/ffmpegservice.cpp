@@ -84,6 +84,7 @@ struct FFmpegService::EncoderRun
     ChildProcess::End end;
     QString errors;
     bool lacksEncoder = false;
+    QString writeErrors;
 
     bool hasFailed() const { return !end.byUncaughtSignal && end.exitStatus != 0; }
 };
@@ -112,7 +113,7 @@ void FFmpegService::runConversion(const QUrl &source, const QUrl &destination,
         const auto withdraw = qScopeGuard([this] { publish(nullptr); });
         if (attempt == Attempt::withSoftwareEncoder && wasCancelled())
             throw FFmpegError::cancelled();
-        return runEncoder(*process, videoEncoder(settings.codec, settings.useHardware),
+        return runEncoder(*process, videoEncoder(settings.codec, settings.useHardware), destination,
                           info.duration, onProgress);
     };
 
@@ -125,13 +126,15 @@ void FFmpegService::runConversion(const QUrl &source, const QUrl &destination,
         throw FFmpegError::cancelled();
     if (run.hasFailed())
         throw FFmpegError::processFailed(run.errors);
+    if (!run.writeErrors.isEmpty())
+        throw FFmpegError::processFailed(run.writeErrors);
 }
 
 FFmpegService::EncoderRun FFmpegService::runEncoder(ChildProcess &process, const QString &encoder,
-                                                    double duration,
+                                                    const QUrl &destination, double duration,
                                                     const ProgressHandler &onProgress)
 {
-    ErrorTail errors(encoder);
+    ErrorTail errors(encoder, filePath(destination));
     LineReader progress(LineReader::Endings::lineFeedOrReturn, [&](const LineReader::Line &line) {
         const auto fraction = progressFraction(line.bytes, duration);
         if (line.isComplete && fraction)
@@ -142,7 +145,7 @@ FFmpegService::EncoderRun FFmpegService::runEncoder(ChildProcess &process, const
                                               [&](QByteArrayView bytes) { errors.read(bytes); });
     progress.finish();
     errors.finish();
-    return {end, errors.text(), errors.lacksEncoder()};
+    return {end, errors.text(), errors.lacksEncoder(), errors.writeErrors()};
 }
 
 MediaInfo FFmpegService::probe(const QUrl &source, const QUrl &ffmpeg)

@@ -48,10 +48,12 @@ public:
     /// container, on a worker thread. Missing folders of the destination are created.
     ///
     /// The future throws FFmpegError::notFound when there is no ffmpeg, FFmpegError::cancelled when
-    /// a signal ended it, FFmpegError::processFailed when it ended with another status than 0, and
-    /// SystemError when the folder cannot be created, the output's name is too long for its file
-    /// system, the source itself would be overwritten or ffmpeg cannot be started. A partly written
-    /// output file is left where it is.
+    /// a signal ended it, FFmpegError::processFailed when it ended with another status than 0 or
+    /// has said that the output is not whole (see WriteErrors), and SystemError when the source is
+    /// no file that can be read to its end or states a bitrate that cannot be right, the folder
+    /// cannot be created, the output's name is too long for its file system, the source itself
+    /// would be overwritten or ffmpeg cannot be started. A partly written output file is left where
+    /// it is.
     ///
     /// When ffmpeg was built without the media engine's encoder that the settings ask for, the
     /// conversion is run once more with the software encoder; not when cancel() was called since
@@ -70,8 +72,8 @@ private:
 
     void runConversion(const QUrl &source, const QUrl &destination, ConversionSettings settings,
                        const ProgressHandler &onProgress);
-    EncoderRun runEncoder(ChildProcess &process, const QString &encoder, double duration,
-                          const ProgressHandler &onProgress);
+    EncoderRun runEncoder(ChildProcess &process, const QString &encoder, const QUrl &destination,
+                          double duration, const ProgressHandler &onProgress);
     static MediaInfo probe(const QUrl &source, const QUrl &ffmpeg);
     void publish(const std::shared_ptr<ChildProcess> &process);
     bool wasCancelled();

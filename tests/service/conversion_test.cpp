@@ -178,6 +178,30 @@ private Q_SLOTS:
         QCOMPARE(m_tools->runs(u"ffmpeg"_s).size(), 1);
     }
 
+    void anOutputThatIsNotWholeIsAFailureWhateverTheStatus()
+    {
+        const QByteArray output = QFile::encodeName(destination().toLocalFile());
+        const QByteArray error =
+            "Error writing trailer of " + output + ": No space left on device\n";
+        script(Script()
+                   .err(error)
+                   .errRepeatedly(10, "[libx264 @ 0x55] kb/s:123\n")
+                   .out("progress=end\n")
+                   .exit(0));
+        const ConversionEnd end = convert();
+        QVERIFY(end.ffmpegError == FFmpegError::Case::processFailed);
+        QCOMPARE(end.message, QString::fromUtf8(error.trimmed()));
+    }
+
+    void aFailingStatusIsExplainedByTheLastLinesAsEver()
+    {
+        script(Script()
+                   .err("[out#0/mp4 @ 0x55] Error writing trailer: No space left on device\n"
+                        "Conversion failed!\n")
+                   .exit(228));
+        QVERIFY(convert().message.endsWith(u"\nConversion failed!"_s));
+    }
+
     void aBitrateThatCannotBeRightFailsBeforeTheEncoder()
     {
         m_tools->setScript(u"ffprobe"_s, Script().out(R"({"format": {"duration": "10.0"},

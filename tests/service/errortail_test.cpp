@@ -12,7 +12,7 @@ namespace {
 
 QString tailOf(QByteArrayView stream)
 {
-    ErrorTail tail(u"h264_videotoolbox"_s);
+    ErrorTail tail(u"h264_videotoolbox"_s, "/out/a.mp4");
     tail.read(stream);
     tail.finish();
     return tail.text();
@@ -20,7 +20,7 @@ QString tailOf(QByteArrayView stream)
 
 bool lacksEncoder(QByteArrayView stream)
 {
-    ErrorTail tail(u"h264_videotoolbox"_s);
+    ErrorTail tail(u"h264_videotoolbox"_s, "/out/a.mp4");
     tail.read(stream);
     tail.finish();
     return tail.lacksEncoder();
@@ -82,6 +82,16 @@ private Q_SLOTS:
         QFETCH(const QByteArray, stream);
         QFETCH(const bool, isMissing);
         QCOMPARE(lacksEncoder(stream), isMissing);
+    }
+
+    void noticesWriteErrorsFarAboveTheLastLines()
+    {
+        ErrorTail tail(u"libx264"_s, "/out/a.mp4");
+        tail.read("Error writing trailer of /out/a.mp4: No space left on device\n"
+                  + QByteArray("x\n").repeated(20));
+        tail.finish();
+        QCOMPARE(tail.writeErrors(),
+                 u"Error writing trailer of /out/a.mp4: No space left on device"_s);
     }
 };
 
