@@ -10,6 +10,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+extern char **environ; // which POSIX has the program declare
+
 namespace quorvale {
 
 namespace {
@@ -28,6 +30,11 @@ Execution::Execution(const QByteArray &executable, const QByteArrayList &argumen
     for (QByteArray &word : m_words)
         m_vector.push_back(word.data());
     m_vector.push_back(nullptr);
+    // Where the environment asks for colours, lines would begin with codes for them.
+    static char plainMessages[] = "AV_LOG_FORCE_NOCOLOR=1";
+    for (char **entry = ::environ; *entry; ++entry)
+        m_environment.push_back(*entry);
+    m_environment.insert(m_environment.end(), {plainMessages, nullptr});
     ::sigemptyset(&m_noSignals);
     // Without a pipe a failure is only seen by the child's exit status.
     std::ignore = ::pipe2(m_errorPipe, O_CLOEXEC);
@@ -46,7 +53,7 @@ void Execution::perform()
     for (int signal = 1; signal < NSIG; ++signal)
         std::signal(signal, SIG_DFL);
     ::pthread_sigmask(SIG_SETMASK, &m_noSignals, nullptr);
-    ::execv(m_vector.front(), m_vector.data());
+    ::execve(m_vector.front(), m_vector.data(), m_environment.data());
     m_error = errno;
     [[maybe_unused]] const ssize_t count = ::write(m_errorPipe[1], &m_error, sizeof m_error);
     constexpr int cannotExecute = 126; // as shells say it

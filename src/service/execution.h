@@ -12,7 +12,8 @@
 namespace quorvale {
 
 /// Turns a child process that was just forked into a program. QProcess could do it, but up to 6.4
-/// at least it loses a file descriptor whenever that fails.
+/// at least it loses a file descriptor whenever that fails. Tools of ffmpeg are asked not to colour
+/// what they say.
 class Execution
 {
 public:
@@ -34,8 +35,9 @@ public:
 
 private:
     QByteArrayList m_words;
-    std::vector<char *> m_vector; // of the words, ending in a null
-    sigset_t m_noSignals;         // blocked
+    std::vector<char *> m_vector;      // of the words, ending in a null
+    std::vector<char *> m_environment; // this program's and a little more, ending in a null
+    sigset_t m_noSignals;              // blocked
     int m_errorPipe[2] = {-1, -1};
     int m_error = 0; // of the child
 };

@@ -56,4 +56,16 @@ MediaFacts mediaFacts(const QString &path)
     return facts;
 }
 
+QList<int> packetCounts(const QString &path)
+{
+    const ToolRun run =
+        runTool(u"ffprobe"_s, {u"-v"_s, u"error"_s, u"-count_packets"_s, u"-show_entries"_s,
+                               u"stream=nb_read_packets"_s, u"-of"_s, u"json"_s, path});
+    const QJsonObject description = QJsonDocument::fromJson(run.output).object();
+    QList<int> counts;
+    for (const QJsonValue stream : description["streams"_L1].toArray())
+        counts << stream["nb_read_packets"_L1].toString().toInt();
+    return counts;
+}
+
 } // namespace quorvale::test

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QList>
 #include <QString>
 
 #include <optional>
@@ -28,5 +29,9 @@ struct MediaFacts
 /// Reads the facts of the file at `path`. Ends the test program when there is no ffprobe; all facts
 /// are empty when the file is no media file.
 MediaFacts mediaFacts(const QString &path);
+
+/// How many packets each stream of the file at `path` has, in the streams' order; none when it is
+/// no media file. Reads it to its end.
+QList<int> packetCounts(const QString &path);
 
 } // namespace quorvale::test
