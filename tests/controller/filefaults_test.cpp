@@ -16,6 +16,7 @@
 #include <functional>
 #include <optional>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 using namespace quorvale;
@@ -104,6 +105,10 @@ private Q_SLOTS:
         row("a folder", u"Is a directory"_s, [](const QString &path) {
             QVERIFY(QFile::remove(path));
             QVERIFY(QDir().mkdir(path));
+        });
+        row("a named pipe", u"is a named pipe, not a video file."_s, [](const QString &path) {
+            QVERIFY(QFile::remove(path));
+            QCOMPARE(::mkfifo(qPrintable(path), 0600), 0);
         });
         row("a link to itself", u"Too many levels of symbolic links"_s, [](const QString &path) {
             QVERIFY(QFile::remove(path));

@@ -77,8 +77,9 @@ private:
             return data;
         }
         QList<QUrl> urls;
-        for (const QString &path : m_arguments)
-            urls << QUrl::fromLocalFile(path);
+        for (const QString &file : m_arguments)
+            urls << (file.startsWith(u'/') ? QUrl::fromLocalFile(file)
+                                           : QUrl::fromEncoded(file.toUtf8()));
         data->setUrls(urls);
         return data;
     }

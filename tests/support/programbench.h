@@ -33,7 +33,8 @@ public:
     QString outputFolder() const { return m_outputs.path(); }
     QString output(const QString &name) const { return m_outputs.filePath(name); }
 
-    /// Drops files and folders on the window. False when it does not take them.
+    /// Drops files and folders, by their paths or encoded URLs, on the window. False when it does
+    /// not take them.
     bool drop(const QStringList &paths) const;
 
     /// Drops the files one after the other, so that the rows are in this order.

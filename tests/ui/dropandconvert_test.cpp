@@ -8,6 +8,7 @@
 #include <QTest>
 
 #include <cmath>
+#include <filesystem>
 
 using namespace quorvale;
 using namespace quorvale::test;
@@ -93,6 +94,24 @@ private Q_SLOTS:
         QVERIFY(bench.waitForOutputs({output}));
         verifyOutput(bench.output(output), clip(oddName), u"prores"_s, u"pcm_s24le"_s);
         QCOMPARE(VideoFile::read(bench.output(output)).value_or(VideoFile()).profile, profile);
+    }
+
+    // As file managers give it, and with a host, as some do.
+    void convertsAFileWhoseNameIsNoText()
+    {
+        namespace fs = std::filesystem;
+        const fs::path source = m_folder.filePath(u"caf"_s).toStdString() + "\xe9.mp4";
+        fs::copy_file(clip(u"h264.mp4"_s).toStdString(), source);
+        ProgramBench bench(m_desktop);
+        QVERIFY(bench.start());
+        QVERIFY(bench.window().chooseOutputFolder(bench.outputFolder()));
+        const QByteArray path = QByteArray::fromStdString(source).toPercentEncoding("/");
+        QVERIFY(bench.drop({QString::fromLatin1("file://localhost" + path)}));
+        const QString row = u"caf\uFFFD.mp4"_s;
+        QVERIFY(bench.window().waitForRows({row}));
+        QVERIFY(bench.window().convert(1));
+        QVERIFY(bench.window().waitForDescription(row, u", Complete"_s));
+        QVERIFY(fs::exists(bench.outputFolder().toStdString() + "/caf\xe9_converted.mp4"));
     }
 
     void refusesText()
