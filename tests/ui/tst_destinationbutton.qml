@@ -32,7 +32,7 @@ ViewTest {
     }
 
     function test_showsThePathAsItIs_data() {
-        return ["/out", "/with space/50%20 <b>off</b> & more", "/höhe/日本", "/"]
+        return ["/out", "/with space/50%20 <b>off</b> & more", "/höhe/日本", "/\u05e9\u05dc\u05d5\u05dd", "/"]
             .map(path => ({"tag": path}));
     }
 
@@ -41,6 +41,7 @@ ViewTest {
         Bench.chooseDestination(data.tag);
         compare(texts(view), ["Save to", data.tag]);
         compare(destination().textFormat, Text.PlainText);
+        compare(destination().horizontalAlignment, Text.AlignLeft);
         Bench.chooseDestination("");
         compare(texts(view), ["Save to", "Choose destination\u2026"]);
     }

@@ -49,6 +49,22 @@ ViewTest {
         compareTip(line, 50, 5, longName);
     }
 
+    // Though the text itself begins at its right end.
+    function test_rightToLeftNamesStandOnTheLeft_data() {
+        return [
+            {"tag": "Hebrew", "name": "\u05e9\u05dc\u05d5\u05dd"},
+            {"tag": "Arabic", "name": "\u0645\u0631\u062d\u0628\u0627"},
+            {"tag": "override", "name": "\u202eevil"}
+        ];
+    }
+
+    function test_rightToLeftNamesStandOnTheLeft(data) {
+        Bench.queue(["/in/" + data.name + "/" + data.name + ".mkv"]);
+        show(lists);
+        for (const text of [data.name, data.name + ".mkv"])
+            compare(textOf(row(), text).horizontalAlignment, Text.AlignLeft);
+    }
+
     function test_nameThatFitsHasNoTip() {
         Bench.queue(["clip.mkv"]);
         show(lists);

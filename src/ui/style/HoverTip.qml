@@ -57,6 +57,7 @@ Item {
             contentItem: Text {
                 color: tip.scheme.text
                 font: Theme.subheadline
+                horizontalAlignment: Text.AlignLeft
                 text: popup.text
                 textFormat: Text.PlainText
                 wrapMode: Text.Wrap

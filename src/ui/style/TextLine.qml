@@ -3,8 +3,10 @@
 
 import QtQuick
 
-// A text of the window: plain, whatever it is made of, and read out as it stands.
+// A text of the window: plain, whatever it is made of, on the left, whatever it is written in, and
+// read out as it stands.
 Text {
+    horizontalAlignment: Text.AlignLeft
     textFormat: Text.PlainText
     Accessible.ignored: text === ""
     Accessible.name: text
