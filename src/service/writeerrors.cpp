@@ -49,19 +49,32 @@ void WriteErrors::takeLine(QByteArrayView line)
 {
     if (startsSecondPass(line))
         m_found.clear();
-    if (m_lastLines.size() == m_height)
-        m_lastLines.removeFirst();
-    m_lastLines << line.toByteArray();
+    if (m_height > 1) {
+        if (m_lastLines.size() == m_height)
+            m_lastLines.removeFirst();
+        m_lastLines << line.toByteArray();
+    }
     const QByteArray lines = m_lastLines.join('\n');
-    const bool isAboutDestination =
-        lines == m_refusal || std::ranges::any_of(m_beginnings, [&](const QByteArray &beginning) {
-            return lines.startsWith(beginning);
-        });
-    if (!isAboutDestination && !isOfAMuxer(line))
-        return;
+    const QByteArrayView text = m_height > 1 ? QByteArrayView(lines) : line;
+    if (isAboutDestination(text))
+        add(text);
+    else if (isOfAMuxer(line))
+        add(line);
+}
+
+bool WriteErrors::isAboutDestination(QByteArrayView text) const
+{
+    return text == m_refusal
+           || std::ranges::any_of(m_beginnings, [text](const QByteArray &beginning) {
+                  return text.startsWith(beginning);
+              });
+}
+
+void WriteErrors::add(QByteArrayView error)
+{
     if (m_found.size() == keptErrors)
         m_found.removeFirst();
-    m_found << (isAboutDestination ? lines : line.toByteArray());
+    m_found << error.toByteArray();
 }
 
 } // namespace quorvale

@@ -36,9 +36,12 @@ public:
     QString text() const { return QString::fromUtf8(m_found.join('\n')); }
 
 private:
+    bool isAboutDestination(QByteArrayView text) const;
+    void add(QByteArrayView error);
+
     QByteArrayList m_beginnings;
     QByteArray m_refusal;
-    // A path that holds line feeds is several lines, so that the last few are to be looked at.
+    // Of a path that holds line feeds; then the last few lines are kept to be looked at as one.
     qsizetype m_height;
     QByteArrayList m_lastLines;
     QByteArrayList m_found;
