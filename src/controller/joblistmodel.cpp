@@ -3,6 +3,7 @@
 
 #include "joblistmodel.h"
 
+#include "model/failurereason.h"
 #include "model/filename.h"
 #include "model/filepath.h"
 
@@ -204,8 +205,8 @@ void JobListModel::setState(const QUuid &id, const JobState &state)
         m_completedCount -= countCompleted({&job, 1});
         job.state = state;
         m_completedCount += countCompleted({&job, 1});
-        announce(*row,
-                 {StateWordRole, IsInProgressRole, IsCompletedRole, HasFailedRole, FailureRole});
+        announce(*row, {StateWordRole, IsInProgressRole, IsCompletedRole, HasFailedRole,
+                        FailureRole, FailureReasonRole});
     }
 }
 
@@ -256,6 +257,8 @@ QVariant JobListModel::data(const QModelIndex &index, int role) const
         return job.progress;
     case FailureRole:
         return job.state.message();
+    case FailureReasonRole:
+        return failureReason(job.state.message());
     default:
         return {};
     }
@@ -274,6 +277,7 @@ QHash<int, QByteArray> JobListModel::roleNames() const
         {HasFailedRole, "hasFailed"},
         {ProgressRole, "progress"},
         {FailureRole, "failure"},
+        {FailureReasonRole, "failureReason"},
     };
 }
 

@@ -33,7 +33,8 @@ public:
         IsCompletedRole,       ///< whether the job was converted
         HasFailedRole,         ///< whether the job failed
         ProgressRole,          ///< fraction done, as the encoder reports it
-        FailureRole,           ///< why the job failed; empty in every other state
+        FailureRole,       ///< the whole message of a job that failed; empty in every other state
+        FailureReasonRole, ///< the message from where it says why
     };
 
     using QAbstractListModel::QAbstractListModel;

@@ -21,6 +21,7 @@ Item {
     required property bool isCompleted
     required property bool hasFailed
     required property string failure
+    required property string failureReason
 
     /// Whether the row is the one that the keyboard works on.
     property bool isCurrent: false
@@ -37,7 +38,7 @@ Item {
 
     Accessible.description: folderName + ", " + stateWord
                             + (isInProgress ? " " + percentage + "%" : "")
-                            + (hasFailed ? ", " + failure : "")
+                            + (hasFailed ? ", " + failureReason : "")
     Accessible.name: fileName
     Accessible.role: Accessible.ListItem
     // Until the focus has gone, too: it must not be taken from an item that has it.
@@ -120,6 +121,7 @@ Item {
         JobText {
             Layout.fillWidth: true
             failure: row.failure
+            failureReason: row.failureReason
             fileName: row.fileName
             folderName: row.folderName
             hasFailed: row.hasFailed

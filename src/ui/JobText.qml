@@ -18,6 +18,7 @@ ColumnLayout {
     required property bool isInProgress
     required property bool hasFailed
     required property string failure
+    required property string failureReason
 
     spacing: 6
 
@@ -83,8 +84,9 @@ ColumnLayout {
         elide: Text.ElideRight
         font: Theme.caption2
         maximumLineCount: 2
-        text: column.failure
+        text: column.failureReason
         visible: column.hasFailed
+        whole: column.failure
         wrapMode: Text.Wrap
     }
 }

@@ -57,6 +57,7 @@ Item {
             "isCompleted": item.isCompleted,
             "hasFailed": item.hasFailed,
             "failure": item.failure,
+            "failureReason": item.failureReason,
         });
         glides = true;
         to = row;

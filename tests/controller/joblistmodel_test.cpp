@@ -79,6 +79,15 @@ private Q_SLOTS:
         QCOMPARE(show(0, JobListModel::FailureRole), u"because"_s);
     }
 
+    void beginsWithTheReasonWhereItIsToBeShown()
+    {
+        const QString message = u"Press [q] to stop, [?] for help\nIt failed.\nBye."_s;
+        m_model->setState(m_jobs[0].id(), JobState::failed(message));
+        QCOMPARE(show(0, JobListModel::FailureReasonRole), u"It failed.\nBye."_s);
+        QCOMPARE(show(0, JobListModel::FailureRole), message);
+        QCOMPARE(show(1, JobListModel::FailureReasonRole), QString());
+    }
+
     void saysWhichWayTheJobEnded()
     {
         const QUuid id = m_jobs[0].id();

@@ -132,6 +132,7 @@ private:
             {u"progress"_s, 0.5},
             {u"isInProgress"_s, true},
             {u"failure"_s, u"It failed."_s},
+            {u"failureReason"_s, u"It failed."_s},
             {u"sourcePath"_s, u"/videos/a.mp4"_s},
             {u"stateColor"_s, u"red"_s},
             {u"isCompleted"_s, false},

@@ -102,6 +102,18 @@ private Q_SLOTS:
                     .contains(u"Invalid data found when processing input"_s));
     }
 
+    void aRowReadsWhyItFailedBeforeAllElse()
+    {
+        QVERIFY(m_bench->queue({clip(u"a.mp4"_s)}));
+        QVERIFY(window().chooseOutputFolder(m_bench->outputFolder()));
+        QVERIFY(window().convert(1));
+        QVERIFY(window().waitForProgress(u"a.mp4"_s));
+        QVERIFY(window().click(Role::button, u"Cancel"_s));
+        QVERIFY(window().waitForDescription(u"a.mp4"_s, u"Trip, Failed, "_s));
+        QCOMPARE(window().description(u"a.mp4"_s),
+                 u"Trip, Failed, Exiting normally, received signal 2."_s);
+    }
+
     void theProgressIsRead()
     {
         QVERIFY(m_bench->queue({clip(u"a.mp4"_s)}));

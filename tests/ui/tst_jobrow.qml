@@ -257,6 +257,15 @@ ViewTest {
         compare(area(again).x + again.width, 649 - 26);
     }
 
+    function test_failureIsReadFromWhereItSaysWhy() {
+        Bench.queue(["/videos/Trip/clip.mkv"]);
+        show(lists);
+        Bench.chooseRealDestination();
+        Bench.willFail("Press [q] to stop, [?] for help\nNo space left on device.");
+        verify(Bench.convert());
+        compare(row().Accessible.description, "Trip, Failed, No space left on device.");
+    }
+
     function test_folderOfTheRoot() {
         Bench.queue(["/clip.mkv"]);
         show(lists);

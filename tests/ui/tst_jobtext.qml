@@ -127,6 +127,20 @@ ViewTest {
         compareTip(line, 50, 5, data.message);
     }
 
+    function test_failureBeginsWhereItSaysWhy() {
+        const noise = "Stream mapping:\n  Stream #0:0 -> #0:0 (copy)\n";
+        const message = noise + "No space left on device.\n[aac @ 0x55d0] Qavg: 891.402";
+        Bench.queue(["clip.mkv"]);
+        show(lists);
+        Bench.chooseRealDestination();
+        Bench.willFail(message);
+        verify(Bench.convert());
+        settle();
+        const line = textOf(row(), "No space left on device.\n[aac @ 0x55d0] Qavg: 891.402");
+        verify(!line.truncated);
+        compareTip(line, 50, 5, message);
+    }
+
     function test_failureIsPlainText() {
         const line = failWith("<b>bold</b> &amp; <img src='x'>");
         compare(line.textFormat, Text.PlainText);

@@ -7,9 +7,12 @@ import QtQuick
 TextLine {
     id: line
 
+    /// What the text is a part of, if it is.
+    property string whole: text
+
     elide: Text.ElideRight
 
     HoverTip {
-        text: line.truncated ? line.text : ""
+        text: line.truncated || line.whole !== line.text ? line.whole : ""
     }
 }

@@ -1,0 +1,123 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#include "controller/converterviewmodel.h"
+#include "support/clips.h"
+#include "support/conversionbench.h"
+#include "support/permissions.h"
+#include "support/toolrun.h"
+
+#include <QFile>
+#include <QTest>
+
+using namespace quorvale;
+using namespace quorvale::test;
+using namespace Qt::StringLiterals;
+
+// What a row says first about a failure of the machine's own ffmpeg.
+class RealFailuresTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        useMachineTools();
+        letPermissionsBind();
+        m_clip = makeClip(u"h264.mp4"_s, QDir(m_folder.path()));
+        m_opusClip = makeClip(u"av1.mkv"_s, QDir(m_folder.path()));
+        m_longClip = m_folder.filePath(u"long.mp4"_s);
+        repeatClip(m_clip, 900, m_longClip);
+        m_text = m_folder.filePath(u"text.mp4"_s);
+        QFile text(m_text);
+        QVERIFY(text.open(QIODevice::WriteOnly) && text.write("Not a video.\n") > 0);
+    }
+
+    void aCancelledConversion_data()
+    {
+        QTest::addColumn<OutputCodec>("codec");
+        QTest::newRow("H.264") << OutputCodec::h264;
+        QTest::newRow("HEVC") << OutputCodec::hevc;
+        QTest::newRow("ProRes") << OutputCodec::proRes422;
+    }
+    void aCancelledConversion()
+    {
+        QFETCH(const OutputCodec, codec);
+        ConversionBench bench;
+        ConverterViewModel &controller = bench.controller();
+        controller.setSettings({.codec = codec, .useHardware = false});
+        QVERIFY(bench.drop(m_longClip, 1));
+        controller.start();
+        QTRY_VERIFY_WITH_TIMEOUT(controller.jobs().first().progress > 0, 60'000);
+        controller.cancel();
+        QVERIFY(bench.awaitEnd());
+        QCOMPARE(reason(bench), u"Exiting normally, received signal 2."_s);
+    }
+
+    void aFolderThatMayNotBeWritten()
+    {
+        ConversionBench bench;
+        QVERIFY(bench.drop(m_clip, 1));
+        const QString folder = bench.outputs().path();
+        QVERIFY(QFile::setPermissions(folder, QFile::ReadOwner | QFile::ExeOwner));
+        const bool hasRun = bench.runBatch();
+        QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        QVERIFY(hasRun);
+        const QString first = firstLine(bench);
+        QVERIFY2(first.endsWith(folder + u"/h264_converted.mp4: Permission denied"_s),
+                 qPrintable(first));
+    }
+
+    void audioThatTheContainerDoesNotTake()
+    {
+        ConversionBench bench;
+        bench.controller().setSettings(
+            {.codec = OutputCodec::proRes422, .audio = AudioMode::copy, .useHardware = false});
+        QVERIFY(bench.drop(m_opusClip, 1));
+        QVERIFY(bench.runBatch());
+        const QString first = firstLine(bench);
+        QVERIFY2(first.endsWith(u"opus only supported in MP4."_s), qPrintable(first));
+    }
+
+    void aSourceThatIsNoVideo()
+    {
+        ConversionBench bench;
+        QVERIFY(bench.drop(m_text, 1));
+        QVERIFY(bench.runBatch());
+        const QString first = firstLine(bench);
+        QVERIFY2(first.endsWith(u"moov atom not found"_s), qPrintable(first));
+    }
+
+    void aSourceThatHasGone()
+    {
+        ConversionBench bench;
+        const QString path = bench.sources().filePath(u"gone.mp4"_s);
+        QVERIFY(QFile::copy(m_clip, path));
+        QVERIFY(bench.drop(path, 1));
+        QVERIFY(QFile::remove(path));
+        QVERIFY(bench.runBatch());
+        const QString first = firstLine(bench);
+        QVERIFY2(first.endsWith(u"No such file or directory"_s), qPrintable(first));
+    }
+
+private:
+    static QString reason(const ConversionBench &bench)
+    {
+        const JobListModel &jobs = *bench.controller().jobModel();
+        return jobs.data(jobs.index(0), JobListModel::FailureReasonRole).toString();
+    }
+
+    static QString firstLine(const ConversionBench &bench)
+    {
+        return reason(bench).section(u'\n', 0, 0);
+    }
+
+    QTemporaryDir m_folder;
+    QString m_clip;
+    QString m_opusClip;
+    QString m_longClip;
+    QString m_text;
+};
+
+QTEST_GUILESS_MAIN(RealFailuresTest)
+#include "realfailures_test.moc"
