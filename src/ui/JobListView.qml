@@ -6,7 +6,7 @@ import QtQuick.Templates as T
 import Quorvale
 import Quorvale.Style
 
-// The list of rows itself: scrolls, and takes the arrow keys.
+// The list of rows itself: scrolls, takes the arrow keys, and copies the current row's failure.
 ListView {
     id: view
 
@@ -26,6 +26,12 @@ ListView {
     topMargin: 6
 
     Keys.onPressed: event => {
+        const row = currentItem as JobRow;
+        if (event.matches(StandardKey.Copy) && row && row.hasFailed) {
+            Clipboard.copy(row.failure);
+            event.accepted = true;
+            return;
+        }
         const page = Math.max(1, Math.floor(height / contentHeight * count));
         switch (event.key) {
         case Qt.Key_Home:

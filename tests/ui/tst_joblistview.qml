@@ -22,6 +22,19 @@ ViewTest {
         }
     }
 
+    Component {
+        id: fields
+
+        TextEdit {}
+    }
+
+    /// What is in the clipboard.
+    function pasted() {
+        const field = createTemporaryObject(fields, test);
+        field.paste();
+        return field.text;
+    }
+
     function showRows(count) {
         Bench.queueMany(count);
         show(lists);
@@ -134,6 +147,37 @@ ViewTest {
             for (let item = focusItem(); item; item = item.parent)
                 verify(!(item instanceof JobRow) || item === current, item.fileName);
         }
+    }
+
+    function test_copiesTheWholeFailureOfTheCurrentRow() {
+        const message = Array.from({"length": 8}, (_, i) => "  line " + i).join("\n");
+        Bench.queue(["failed.mkv", "completed.mkv"]);
+        show(lists);
+        Bench.chooseRealDestination();
+        Bench.willFail(message);
+        Bench.willComplete();
+        verify(Bench.convert());
+        list().currentItem.forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_C, Qt.ControlModifier);
+        compare(pasted(), message);
+        // Where there is none, the clipboard keeps what it has.
+        keyClick(Qt.Key_Down);
+        compare(list().currentItem.fileName, "completed.mkv");
+        keyClick(Qt.Key_C, Qt.ControlModifier);
+        compare(pasted(), message);
+    }
+
+    function test_copiesFromAButton() {
+        Bench.queue(["clip.mkv"]);
+        show(lists);
+        Bench.chooseRealDestination();
+        Bench.willFail("No space left on device.");
+        verify(Bench.convert());
+        list().currentItem.forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Tab);
+        compare(focusItem().text, "Move up");
+        keyClick(Qt.Key_C, Qt.ControlModifier);
+        compare(pasted(), "No space left on device.");
     }
 
     function test_arrowsFromAButton() {
