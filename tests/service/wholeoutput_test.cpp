@@ -99,10 +99,8 @@ private Q_SLOTS:
         const auto conversion = start(longClip, output, quick);
         QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(output), 60'000);
         QVERIFY(QDir(folder(u"out"_s)).removeRecursively());
-        const ConversionEnd end = endOf(conversion);
+        QVERIFY(endOf(conversion).ffmpegError == FFmpegError::Case::processFailed);
         QVERIFY(!QFile::exists(output));
-        QVERIFY(end.ffmpegError == FFmpegError::Case::processFailed);
-        QVERIFY2(end.message.contains(u"No such file or directory"_s), qPrintable(end.message));
     }
 
     // Whatever a source says, and wherever ffmpeg repeats it.
