@@ -9,6 +9,7 @@
 #include "videofinder.h"
 
 #include <algorithm>
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -144,36 +145,48 @@ bool ConverterViewModel::handleDrop(const QList<QUrl> &urls)
 
 void ConverterViewModel::chooseFiles()
 {
-    const auto self = shared_from_this(); // much may end while a panel is open
-    const auto chosen = m_panel->run({.title = u"Choose videos to convert"_s,
-                                      .prompt = u"Add Videos"_s,
-                                      .choice = OpenPanelRequest::Choice::videos,
-                                      .allowsMultiple = true});
-    if (chosen)
-        add(*chosen);
+    choose({.title = u"Choose videos to convert"_s,
+            .prompt = u"Add Videos"_s,
+            .choice = OpenPanelRequest::Choice::videos,
+            .allowsMultiple = true},
+           &ConverterViewModel::add);
 }
 
 void ConverterViewModel::chooseFolder()
 {
-    const auto self = shared_from_this(); // much may end while a panel is open
-    const auto chosen = m_panel->run({.title = u"Choose a folder of videos"_s,
-                                      .prompt = u"Add Folder"_s,
-                                      .choice = OpenPanelRequest::Choice::folders,
-                                      .allowsMultiple = true});
-    if (chosen)
-        add(*chosen);
+    choose({.title = u"Choose a folder of videos"_s,
+            .prompt = u"Add Folder"_s,
+            .choice = OpenPanelRequest::Choice::folders,
+            .allowsMultiple = true},
+           &ConverterViewModel::add);
 }
 
 void ConverterViewModel::chooseDestination()
 {
-    const auto self = shared_from_this(); // much may end while a panel is open
-    const auto chosen = m_panel->run({.title = u"Choose output folder"_s,
-                                      .prompt = u"Choose"_s,
-                                      .choice = OpenPanelRequest::Choice::folders,
-                                      .canCreateFolders = true});
-    if (!chosen)
+    choose({.title = u"Choose output folder"_s,
+            .prompt = u"Choose"_s,
+            .choice = OpenPanelRequest::Choice::folders,
+            .canCreateFolders = true},
+           &ConverterViewModel::setDestination);
+}
+
+void ConverterViewModel::choose(const OpenPanelRequest &request,
+                                void (ConverterViewModel::*take)(const QList<QUrl> &))
+{
+    // A panel's answer would have to wait for the end of the one that was opened after it.
+    if (m_isPanelOpen)
         return;
-    m_destination = chosen->isEmpty() ? std::nullopt : localFile(chosen->first());
+    const auto self = shared_from_this(); // much may end while a panel is open
+    m_isPanelOpen = true;
+    const auto chosen = m_panel->run(request);
+    m_isPanelOpen = false;
+    if (chosen)
+        std::invoke(take, *this, *chosen);
+}
+
+void ConverterViewModel::setDestination(const QList<QUrl> &chosen)
+{
+    m_destination = chosen.isEmpty() ? std::nullopt : localFile(chosen.first());
     Q_EMIT destinationChanged();
 }
 

@@ -96,8 +96,8 @@ public:
     // Files in, files out
     //
     // The operations that let the user choose return when the panel is closed and process events
-    // until then. An object of QML must not be destroyed while one of its handlers waits for them:
-    // handlers call them by Qt.callLater().
+    // until then; while one of them waits, all of them do nothing. An object of QML must not be
+    // destroyed while one of its handlers waits for them: handlers call them by Qt.callLater().
 
     /// Lets the user choose videos and queues them.
     Q_INVOKABLE void chooseFiles();
@@ -194,6 +194,10 @@ private:
     void change(Setting &setting, Setting value);
     QString alertText() const { return m_alertMessage.value_or(QString()); }
 
+    // Has the user choose in a panel and hands what was chosen to `take`.
+    void choose(const OpenPanelRequest &request,
+                void (ConverterViewModel::*take)(const QList<QUrl> &));
+    void setDestination(const QList<QUrl> &chosen);
     void setState(const QUuid &id, const JobState &state);
     void setProgress(const QUuid &id, double progress) { m_jobs.setProgress(id, progress); }
     void setConverting(bool isConverting);
@@ -213,6 +217,7 @@ private:
     std::optional<QString> m_alertMessage;
 
     std::unique_ptr<OpenPanel> m_panel;
+    bool m_isPanelOpen = false;
     std::unique_ptr<FileManager> m_fileManager;
     FFmpegService m_service;
     std::shared_ptr<BatchTask> m_conversionTask; // of the last successful start()

@@ -10,7 +10,9 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <array>
 #include <functional>
+#include <utility>
 
 using namespace quorvale;
 using namespace quorvale::test;
@@ -18,16 +20,20 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A panel that runs `during` while it is open.
+// A panel that runs `during` while it is open for the first time. Has `chosen` chosen each time.
 struct OpenedPanel : OpenPanel
 {
     std::optional<QList<QUrl>> run(const OpenPanelRequest &) override
     {
-        during();
-        return QList{QUrl::fromLocalFile(u"/out"_s)};
+        ++runs;
+        if (const auto now = std::exchange(during, nullptr))
+            now();
+        return chosen;
     }
 
     std::function<void()> during;
+    QList<QUrl> chosen{QUrl::fromLocalFile(u"/out"_s)};
+    int runs = 0;
 };
 
 } // namespace
@@ -206,13 +212,8 @@ private Q_SLOTS:
 
     void theControllersEndWhileAPanelIsOpenIsPutOff()
     {
-        for (const Operation choose :
-             {&ConverterViewModel::chooseFiles, &ConverterViewModel::chooseFolder,
-              &ConverterViewModel::chooseDestination}) {
-            auto panel = std::make_unique<OpenedPanel>();
-            OpenedPanel &open = *panel;
-            m_model = ConverterViewModel::create(std::move(panel),
-                                                 std::make_unique<RecordedFileManager>());
+        for (const Operation choose : operations) {
+            OpenedPanel &open = makeModelWithOpenedPanel();
             const std::weak_ptr<ConverterViewModel> weak = m_model;
             bool isAlive = false;
             open.during = [&] {
@@ -225,8 +226,45 @@ private Q_SLOTS:
         }
     }
 
+    void noPanelOpensWhileAnotherIsOpen()
+    {
+        const FileTree tree;
+        const QUrl clip = tree.addFile(u"in/clip.mp4"_s);
+        for (const Operation first : operations) {
+            for (const Operation second : operations) {
+                OpenedPanel &open = makeModelWithOpenedPanel();
+                open.chosen = {tree.url(u"in"_s)};
+                open.during = [&] {
+                    std::invoke(second, *m_model);
+                };
+                std::invoke(first, *m_model);
+                QCOMPARE(open.runs, 1);
+                // The answer is the first one's alone.
+                const bool isForOutput = first == &ConverterViewModel::chooseDestination;
+                QCOMPARE(m_model->destination().has_value(), isForOutput);
+                QCOMPARE(sources(), isForOutput ? QList<QUrl>{} : QList{clip});
+
+                std::invoke(second, *m_model);
+                QCOMPARE(open.runs, 2);
+            }
+        }
+    }
+
 private:
     using Operation = void (ConverterViewModel::*)();
+
+    static constexpr std::array<Operation, 3> operations{&ConverterViewModel::chooseFiles,
+                                                         &ConverterViewModel::chooseFolder,
+                                                         &ConverterViewModel::chooseDestination};
+
+    OpenedPanel &makeModelWithOpenedPanel()
+    {
+        auto panel = std::make_unique<OpenedPanel>();
+        OpenedPanel &opened = *panel;
+        m_model =
+            ConverterViewModel::create(std::move(panel), std::make_unique<RecordedFileManager>());
+        return opened;
+    }
 
     QList<QUrl> sources() const
     {
