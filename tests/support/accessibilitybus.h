@@ -15,7 +15,7 @@
 namespace quorvale::test {
 
 /// What a screen reader uses: the bus on which programs tell about their windows, on a session bus
-/// of the test's own that offers nothing else.
+/// of the test's own that offers nothing else by itself.
 class AccessibilityBus
 {
 public:
@@ -28,8 +28,7 @@ public:
     /// Starts it. False, with a warning, when that fails, such as for a missing tool.
     bool start();
 
-    /// The session bus's address, for the environment variable DBUS_SESSION_BUS_ADDRESS.
-    QString sessionAddress() const { return m_session.address(); }
+    const PrivateBus &session() const { return m_session; }
 
     /// The program of the process, whose children are its windows; none as long as it is not on the
     /// bus.

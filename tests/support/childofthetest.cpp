@@ -3,6 +3,8 @@
 
 #include "childofthetest.h"
 
+#include "patience.h"
+
 #include <csignal>
 
 #include <sys/prctl.h>
@@ -31,6 +33,17 @@ ChildOfTheTest::~ChildOfTheTest()
         kill();
         waitForFinished(-1);
     }
+}
+
+QByteArray ChildOfTheTest::startAndReadLine(const QString &program, const QStringList &arguments)
+{
+    start(program, arguments);
+    while (!canReadLine()) {
+        if (!waitForReadyRead(patience))
+            qFatal("%s does not start: %s", qPrintable(program),
+                   readAllStandardError().constData());
+    }
+    return readLine().trimmed();
 }
 
 void ChildOfTheTest::setPreparation(const std::function<void()> &preparation)

@@ -17,6 +17,10 @@ public:
     ChildOfTheTest();
     ~ChildOfTheTest() override;
 
+    /// Starts the program and waits for the first line that it says, which it returns. Ends the
+    /// test when there is none.
+    QByteArray startAndReadLine(const QString &program, const QStringList &arguments);
+
     /// Has the child do this, too, just before it becomes the program. Only calls that are safe
     /// between fork and exec.
     void setPreparation(const std::function<void()> &preparation);

@@ -13,8 +13,6 @@ namespace quorvale::test {
 
 namespace {
 
-constexpr int patience = 30'000; // milliseconds
-
 // The bus of a session that can start the services of one folder.
 QByteArray configuration(const QString &folder)
 {
@@ -39,13 +37,9 @@ PrivateBus::PrivateBus(const QStringList &services)
     file.close();
     // What it starts gets its environment.
     m_daemon.setProcessEnvironment(environmentWithoutDesktop(m_folder.path()));
-    m_daemon.start(u"dbus-daemon"_s, {u"--config-file="_s + file.fileName(), u"--nofork"_s,
-                                      u"--nopidfile"_s, u"--print-address"_s});
-    while (!m_daemon.canReadLine()) {
-        if (!m_daemon.waitForReadyRead(patience))
-            qFatal("dbus-daemon does not start: %s", m_daemon.readAllStandardError().constData());
-    }
-    m_address = QString::fromUtf8(m_daemon.readLine()).trimmed();
+    m_address = QString::fromUtf8(m_daemon.startAndReadLine(
+        u"dbus-daemon"_s, {u"--config-file="_s + file.fileName(), u"--nofork"_s, u"--nopidfile"_s,
+                           u"--print-address"_s}));
 }
 
 PrivateBus::~PrivateBus()
@@ -74,7 +68,7 @@ void PrivateBus::disconnect(const QString &name)
 void PrivateBus::end()
 {
     m_daemon.kill();
-    m_daemon.waitForFinished(patience);
+    m_daemon.waitForFinished(-1);
 }
 
 } // namespace quorvale::test

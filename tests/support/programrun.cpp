@@ -47,7 +47,7 @@ void ProgramRun::showOn(const VirtualDisplay &display)
 
 void ProgramRun::speakOn(const AccessibilityBus &bus)
 {
-    set(u"DBUS_SESSION_BUS_ADDRESS"_s, bus.sessionAddress());
+    set(u"DBUS_SESSION_BUS_ADDRESS"_s, bus.session().address());
     set(u"QT_LINUX_ACCESSIBILITY_ALWAYS_ON"_s, u"1"_s);
 }
 

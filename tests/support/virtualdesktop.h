@@ -9,7 +9,8 @@
 namespace quorvale::test {
 
 /// What a desktop session offers a program: a display and the bus of the screen readers. There is
-/// nothing else on its session bus, so that the program shows panels of its own.
+/// nothing else on its session bus, so that the program shows panels of its own, unless the test
+/// puts a portal there.
 class VirtualDesktop
 {
 public:

@@ -5,7 +5,9 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDBusMetaType>
 #include <QDBusPendingReply>
+#include <QDBusServiceWatcher>
 #include <QEvent>
 #include <QFontDatabase>
 #include <QGuiApplication>
@@ -28,7 +30,7 @@ constexpr auto colorSchemeKey = "color-scheme"_L1;
 SystemLook::SystemLook(QObject *parent) : QObject(parent)
 {
     QCoreApplication::instance()->installEventFilter(this);
-    askForPreference();
+    followPreference();
 }
 
 QColor SystemLook::window() const
@@ -54,18 +56,30 @@ bool SystemLook::eventFilter(QObject *watched, QEvent *event)
     return QObject::eventFilter(watched, event);
 }
 
-void SystemLook::askForPreference()
+void SystemLook::followPreference()
 {
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
         return;
-    bus.connect(portal, portalPath, settingsInterface, u"SettingChanged"_s, this,
-                SLOT(readSetting(QString, QString, QDBusVariant)));
+    // Qt connects no slot with a type that it has not been told of.
+    qDBusRegisterMetaType<QDBusVariant>();
+    if (!bus.connect(portal, portalPath, settingsInterface, u"SettingChanged"_s, this,
+                     SLOT(readSetting(QString, QString, QDBusVariant))))
+        qWarning("A change of the desktop between light and dark will not be followed.");
+    // What a portal says that comes later or again may be something else.
+    auto *watcher =
+        new QDBusServiceWatcher(portal, bus, QDBusServiceWatcher::WatchForRegistration, this);
+    connect(watcher, &QDBusServiceWatcher::serviceRegistered, this, &SystemLook::askForPreference);
+    askForPreference();
+}
 
+void SystemLook::askForPreference()
+{
     QDBusMessage question =
         QDBusMessage::createMethodCall(portal, portalPath, settingsInterface, u"Read"_s);
     question << QString(appearance) << QString(colorSchemeKey);
-    auto *answer = new QDBusPendingCallWatcher(bus.asyncCall(question), this);
+    auto *answer =
+        new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(question), this);
     connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
         // The answer is wrapped twice.
         const QDBusPendingReply<QDBusVariant> reply = *answer;

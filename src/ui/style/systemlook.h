@@ -45,6 +45,7 @@ private Q_SLOTS:
     void readSetting(const QString &group, const QString &key, const QDBusVariant &value);
 
 private:
+    void followPreference();
     void askForPreference();
     void setPreference(uint colorScheme);
 

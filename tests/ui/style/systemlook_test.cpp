@@ -5,9 +5,8 @@
 
 #include "support/patience.h"
 #include "support/privatebus.h"
+#include "support/standinsettings.h"
 
-#include <QDBusContext>
-#include <QDBusVariant>
 #include <QFontDatabase>
 #include <QGuiApplication>
 #include <QPalette>
@@ -19,54 +18,6 @@ using namespace quorvale::test;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-// The settings of a desktop portal, which know the colour scheme or nothing.
-class FakeSettings : public QObject, protected QDBusContext
-{
-    Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
-
-public:
-    explicit FakeSettings(QDBusConnection connection) : m_connection(std::move(connection))
-    {
-        if (!m_connection.registerObject(u"/org/freedesktop/portal/desktop"_s, this,
-                                         QDBusConnection::ExportAllSlots
-                                             | QDBusConnection::ExportAllSignals)
-            || !m_connection.registerService(u"org.freedesktop.portal.Desktop"_s))
-            qFatal("Cannot be the portal");
-    }
-    ~FakeSettings() override
-    {
-        m_connection.unregisterService(u"org.freedesktop.portal.Desktop"_s);
-    }
-
-    QVariant colorScheme; ///< invalid when there is none
-    int reads = 0;
-
-    void change(const QString &group, const QString &key, const QVariant &value)
-    {
-        Q_EMIT SettingChanged(group, key, QDBusVariant(value));
-    }
-
-public Q_SLOTS:
-    QDBusVariant Read(const QString &group, const QString &key)
-    {
-        ++reads;
-        if (group != u"org.freedesktop.appearance"_s || key != u"color-scheme"_s
-            || !colorScheme.isValid()) {
-            sendErrorReply(u"org.freedesktop.portal.Error.NotFound"_s,
-                           u"Requested setting not found"_s);
-            return {};
-        }
-        return QDBusVariant(QVariant::fromValue(QDBusVariant(colorScheme)));
-    }
-
-Q_SIGNALS:
-    void SettingChanged(const QString &group, const QString &key, const QDBusVariant &value);
-
-private:
-    QDBusConnection m_connection;
-};
 
 void setWindowColor(const QColor &color)
 {
@@ -126,11 +77,11 @@ private Q_SLOTS:
     void theSettingsDecide()
     {
         QFETCH(const QVariant, colorScheme);
-        FakeSettings settings(m_bus.connection(u"portal"_s));
-        settings.colorScheme = colorScheme;
+        const StandInSettings settings(m_bus, colorScheme);
         SystemLook look;
         QSignalSpy changed(&look, &SystemLook::changed);
-        QTRY_COMPARE_WITH_TIMEOUT(settings.reads, 1, patience);
+        QTRY_COMPARE_WITH_TIMEOUT(settings.reads(),
+                                  QList<QVariantList>(1, {appearance, colorSchemeKey}), patience);
         QFETCH(const int, changes);
         QTRY_COMPARE_WITH_TIMEOUT(changed.size(), changes, patience);
         QTest::qWait(50); // for what should not come
@@ -138,39 +89,37 @@ private Q_SLOTS:
         QTEST(look.isDark(), "isDarkOnLight");
         setWindowColor(darkWindow);
         QTEST(look.isDark(), "isDarkOnDark");
-        QCOMPARE(settings.reads, 1);
+        QCOMPARE(settings.reads().size(), 1);
     }
 
     void aChangeOfTheSettingIsFollowed()
     {
-        FakeSettings settings(m_bus.connection(u"portal"_s));
-        settings.colorScheme = 2U;
+        const StandInSettings settings(m_bus, 2U);
         SystemLook look;
         QSignalSpy changes(&look, &SystemLook::changed);
         QTRY_COMPARE_WITH_TIMEOUT(changes.size(), 1, patience);
         QVERIFY(!look.isDark());
-        settings.change(appearance, colorSchemeKey, 1U);
+        settings.changeColorScheme(1U);
         QTRY_VERIFY_WITH_TIMEOUT(look.isDark(), patience);
         QCOMPARE(changes.size(), 2);
-        settings.change(appearance, colorSchemeKey, 2U);
+        settings.changeColorScheme(2U);
         QTRY_VERIFY_WITH_TIMEOUT(!look.isDark(), patience);
         setWindowColor(darkWindow);
         QVERIFY(!look.isDark());
-        settings.change(appearance, colorSchemeKey, 0U);
+        settings.changeColorScheme(0U);
         QTRY_VERIFY_WITH_TIMEOUT(look.isDark(), patience); // as the palette
     }
 
     void otherSettingsAreNothing()
     {
-        FakeSettings settings(m_bus.connection(u"portal"_s));
-        settings.colorScheme = 2U;
+        const StandInSettings settings(m_bus, 2U);
         SystemLook look;
         QSignalSpy changes(&look, &SystemLook::changed);
         QTRY_COMPARE_WITH_TIMEOUT(changes.size(), 1, patience);
         settings.change(appearance, u"contrast"_s, 1U);
         settings.change(u"org.example"_s, colorSchemeKey, 1U);
         settings.change(appearance, colorSchemeKey, u"dark"_s);
-        settings.change(appearance, colorSchemeKey, 2U);
+        settings.changeColorScheme(2U);
         QTRY_COMPARE_WITH_TIMEOUT(changes.size(), 2,
                                   patience); // the last, and it came after the others
         QVERIFY(!look.isDark());
@@ -180,15 +129,15 @@ private Q_SLOTS:
     {
         SystemLook look;
         QTest::qWait(50);
-        FakeSettings settings(m_bus.connection(u"portal"_s));
-        settings.change(appearance, colorSchemeKey, 1U);
+        const StandInSettings settings(m_bus, 1U);
         QTRY_VERIFY_WITH_TIMEOUT(look.isDark(), patience);
+        settings.changeColorScheme(2U);
+        QTRY_VERIFY_WITH_TIMEOUT(!look.isDark(), patience);
     }
 
     void theWindowIsThePalettes()
     {
-        FakeSettings settings(m_bus.connection(u"portal"_s));
-        settings.colorScheme = 1U;
+        const StandInSettings settings(m_bus, 1U);
         SystemLook look;
         QTRY_VERIFY_WITH_TIMEOUT(look.isDark(), patience);
         // The desktop has not said so to the palette.

@@ -1,0 +1,81 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#include "support/patience.h"
+#include "support/programbench.h"
+#include "support/standinsettings.h"
+
+#include <QTest>
+
+using namespace quorvale::test;
+using namespace Qt::StringLiterals;
+
+// The window, while the desktop changes between light and dark.
+class LightAndDarkTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QVERIFY(m_desktop.start()); }
+
+    void init() { m_bench = std::make_unique<ProgramBench>(m_desktop); }
+
+    void cleanup() { m_bench.reset(); }
+
+    void aChangeIsFollowed_data()
+    {
+        QTest::addColumn<uint>("colorScheme");
+        QTest::newRow("from dark") << dark;
+        QTest::newRow("from light") << light;
+    }
+    void aChangeIsFollowed()
+    {
+        QFETCH(const uint, colorScheme);
+        const uint other = colorScheme == dark ? light : dark;
+        const StandInSettings settings(session(), colorScheme);
+        QVERIFY(m_bench->start());
+        QTRY_COMPARE_WITH_TIMEOUT(shown(), colorScheme, patience);
+        settings.changeColorScheme(other);
+        QTRY_COMPARE_WITH_TIMEOUT(shown(), other, patience);
+        settings.changeColorScheme(colorScheme);
+        QTRY_COMPARE_WITH_TIMEOUT(shown(), colorScheme, patience);
+        QCOMPARE(m_bench->run().complaints(), QByteArray());
+    }
+
+    void aPortalMayComeLaterAndRestart()
+    {
+        QVERIFY(m_bench->start());
+        QTRY_COMPARE_WITH_TIMEOUT(shown(), light, patience);
+        auto settings = std::make_unique<StandInSettings>(session(), dark);
+        QTRY_COMPARE_WITH_TIMEOUT(shown(), dark, patience);
+        settings->end();
+        settings = std::make_unique<StandInSettings>(session(), light);
+        QTRY_COMPARE_WITH_TIMEOUT(shown(), light, patience);
+        settings->changeColorScheme(dark);
+        QTRY_COMPARE_WITH_TIMEOUT(shown(), dark, patience);
+        QCOMPARE(m_bench->run().complaints(), QByteArray());
+    }
+
+private:
+    // As the portal numbers them.
+    static constexpr uint dark = 1;
+    static constexpr uint light = 2;
+
+    const PrivateBus &session() const { return m_desktop.accessibility().session(); }
+
+    // What the window's background is; 0 when it cannot be seen.
+    uint shown() const
+    {
+        const QByteArray picture = m_bench->window().restingPicture();
+        if (picture.isEmpty())
+            return 0;
+        const auto cornersBlue = static_cast<uchar>(picture[picture.size() - 4]);
+        return cornersBlue < 0x80 ? dark : light;
+    }
+
+    VirtualDesktop m_desktop;
+    std::unique_ptr<ProgramBench> m_bench;
+};
+
+QTEST_GUILESS_MAIN(LightAndDarkTest)
+#include "lightanddark_test.moc"
