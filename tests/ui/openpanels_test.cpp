@@ -1,11 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
+#include "support/patience.h"
 #include "support/programbench.h"
+#include "support/standinportal.h"
 #include "support/videofile.h"
 
 #include <QDir>
 #include <QTest>
+#include <QUrl>
 
 using namespace quorvale::test;
 using namespace Qt::StringLiterals;
@@ -104,6 +107,36 @@ private Q_SLOTS:
         abandon(u"Choose output folder"_s);
         QVERIFY(window().waitFor(
             AccessibleItem::named(Role::button, u"Save to "_s + m_bench->outputFolder())));
+    }
+
+    void nothingOpensBesideThePortalsChooser()
+    {
+        const StandInPortal portal(m_desktop.accessibility().session());
+        QVERIFY(window().press(u"ctrl+shift+o"_s));
+        QTRY_COMPARE_WITH_TIMEOUT(portal.calls(u"OpenFile"_s).size(), 1, patience);
+        QVERIFY(window().press(u"ctrl+o"_s));
+        QVERIFY(window().press(u"ctrl+shift+o"_s));
+        // The menu, which may open, comes after what those would have opened.
+        QVERIFY(window().press(u"F10"_s));
+        QVERIFY(window().waitFor(AccessibleItem::named(Role::menuItem, u"Quit"_s)));
+        for (const QString &title : {videoPanel, folderPanel})
+            QVERIFY(m_desktop.display().windows(title).isEmpty());
+        QVERIFY(window().press(u"Escape"_s));
+
+        const QString folder = QUrl::fromLocalFile(m_folder.path()).toString(QUrl::FullyEncoded);
+        portal.perform({StandInPortal::respond(StandInPortal::success, {folder})});
+        QVERIFY(window().waitForRows({u"a.mp4"_s, u"b.mkv"_s}));
+        QCOMPARE(portal.calls(u"OpenFile"_s).size(), 1);
+        verifyOpensOnce(u"ctrl+o"_s, videoPanel);
+    }
+
+    void thePanelOfTheProgramStepsInForAPortalThatFails()
+    {
+        const StandInPortal portal(m_desktop.accessibility().session());
+        portal.prepare(u"OpenFile"_s, {StandInService::replyRequest(),
+                                       StandInPortal::respond(StandInPortal::other)});
+        verifyOpensOnce(u"ctrl+shift+o"_s, folderPanel);
+        QTRY_COMPARE_WITH_TIMEOUT(portal.calls(u"OpenFile"_s).size(), 1, patience);
     }
 
     void theShortcutOfANewWindowDoesNothing()

@@ -79,15 +79,14 @@ std::optional<QList<QUrl>> PortalPanel::run(const OpenPanelRequest &request)
         return m_otherwise->run(request);
 
     const QString parent = portalName(activeWindow());
-    auto outcome = PortalRequest::Outcome::unavailable;
     PortalRequest portal(bus);
-    {
+    const auto outcome = [&] {
         const ModalStandIn modal;
-        if (portal.version() >= versionWithFolders)
-            outcome = portal.open(parent, request.title, optionsFor(request, m_lastFolder));
-    }
+        return portal.open(versionWithFolders, parent, request.title,
+                           optionsFor(request, m_lastFolder));
+    }();
     switch (outcome) {
-    case PortalRequest::Outcome::unavailable:
+    case PortalRequest::Outcome::failed:
         return m_otherwise->run(request);
     case PortalRequest::Outcome::cancelled:
         return std::nullopt;

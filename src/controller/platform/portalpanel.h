@@ -14,8 +14,9 @@
 namespace quorvale {
 
 /// Lets the user choose several folders at once in the desktop's own dialog, which only the desktop
-/// portal offers. Any other request, and every request in a session without a portal that can do
-/// it, goes to another panel. Needs a QApplication.
+/// portal offers. Any other request goes to another panel, and so does one that the portal does not
+/// bring to an end of the user's making: there is none, it cannot do it or it breaks off. Needs a
+/// QApplication.
 class PortalPanel : public OpenPanel
 {
 public:

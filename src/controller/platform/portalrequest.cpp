@@ -3,12 +3,13 @@
 
 #include "portalrequest.h"
 
-#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusServiceWatcher>
 #include <QDBusVariant>
 #include <QUuid>
 
+using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
 
 namespace quorvale {
@@ -21,100 +22,94 @@ const auto chooserInterface = u"org.freedesktop.portal.FileChooser"_s;
 const auto requestInterface = u"org.freedesktop.portal.Request"_s;
 
 // Long enough for a portal that is started first, short enough for a user who waits for a panel.
-constexpr int patience = 5'000; // milliseconds
+constexpr auto patience = 5s;
 
-// What the portal's response says when the user has chosen.
+// What the portal's response says; anything else is that the chooser ended in some other way.
 constexpr uint success = 0;
+constexpr uint cancelledByUser = 1;
 
 } // namespace
 
 PortalRequest::PortalRequest(const QDBusConnection &bus) : m_bus(bus) {}
 
-uint PortalRequest::version() const
+PortalRequest::Outcome PortalRequest::open(uint leastVersion, const QString &parentWindow,
+                                           const QString &title, QVariantMap options)
 {
-    auto question = QDBusMessage::createMethodCall(service, objectPath,
-                                                   u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
-    question << chooserInterface << u"version"_s;
-    QDBusPendingCallWatcher call(m_bus.asyncCall(question, patience));
-    QEventLoop loop;
-    connect(&call, &QDBusPendingCallWatcher::finished, &loop, &QEventLoop::quit);
-    if (!call.isFinished())
-        loop.exec();
-    // The program may end before the answer.
-    const QDBusPendingReply<QDBusVariant> reply = call;
-    return call.isFinished() && reply.isValid() ? reply.value().variant().toUInt() : 0;
-}
-
-PortalRequest::Outcome PortalRequest::open(const QString &parentWindow, const QString &title,
-                                           QVariantMap options)
-{
-    // The request's path follows from the token, so that no response comes too early to be heard.
-    const QString token = u"quorvale"_s + QUuid::createUuid().toString(QUuid::Id128);
-    options.insert(u"handle_token"_s, token);
-    const QString sender = m_bus.baseService().mid(1).replace(u'.', u'_');
-    listenAt(objectPath + u"/request/"_s + sender + u'/' + token);
-
     const QDBusServiceWatcher watcher(service, m_bus, QDBusServiceWatcher::WatchForOwnerChange);
     connect(&watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
             [this](const QString &, const QString &oldOwner) {
                 if (!oldOwner.isEmpty()) // rather than a portal that has just been started
                     giveUp();
             });
-    m_bus.connect(QString(), u"/org/freedesktop/DBus/Local"_s, u"org.freedesktop.DBus.Local"_s,
-                  u"Disconnected"_s, this, SLOT(giveUp()));
+    // The request's path follows from the token, so that no response comes too early to be heard.
+    const QString token = u"quorvale"_s + QUuid::createUuid().toString(QUuid::Id128);
+    options.insert(u"handle_token"_s, token);
+    const QString sender = m_bus.baseService().mid(1).replace(u'.', u'_');
+    if (!listenAt(objectPath + u"/request/"_s + sender + u'/' + token)
+        || !m_bus.connect(QString(), u"/org/freedesktop/DBus/Local"_s,
+                          u"org.freedesktop.DBus.Local"_s, u"Disconnected"_s, this, SLOT(giveUp())))
+        return Outcome::failed;
 
-    auto request =
+    auto getVersion = QDBusMessage::createMethodCall(
+        service, objectPath, u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
+    getVersion << chooserInterface << u"version"_s;
+    auto openFile =
         QDBusMessage::createMethodCall(service, objectPath, chooserInterface, u"OpenFile"_s);
-    request << parentWindow << title << options;
-    const QDBusPendingCallWatcher call(m_bus.asyncCall(request));
-    connect(&call, &QDBusPendingCallWatcher::finished, this, &PortalRequest::takeHandle);
-    m_loop.exec();
+    openFile << parentWindow << title << options;
+    ask(getVersion, patience,
+        [this, leastVersion, openFile](const QDBusPendingReply<QDBusVariant> &reply) {
+            if (!reply.isValid() || reply.value().variant().toUInt() < leastVersion)
+                return giveUp();
+            m_mayBeOpen = true;
+            ask(openFile, 25s, [this](const QDBusPendingCall &answer) { takeHandle(answer); });
+        });
+    m_loop.exec(); // which the end of the program ends, too
+    m_isOver = true;
 
-    if (!m_isOver) // the program ends
-        m_bus.send(QDBusMessage::createMethodCall(service, m_handle, requestInterface, u"Close"_s));
+    if (m_mayBeOpen) {
+        auto close =
+            QDBusMessage::createMethodCall(service, m_handle, requestInterface, u"Close"_s);
+        close.setAutoStartService(false);
+        m_bus.send(close);
+    }
     return m_outcome;
 }
 
-void PortalRequest::listenAt(const QString &handle)
+void PortalRequest::ask(const QDBusMessage &question, std::chrono::milliseconds patience,
+                        const std::function<void(const QDBusPendingCall &)> &take)
 {
-    m_handle = handle;
-    m_bus.connect(QString(), handle, requestInterface, u"Response"_s, this,
-                  SLOT(takeResponse(uint, QVariantMap)));
+    const auto call = m_bus.asyncCall(question, static_cast<int>(patience.count()));
+    connect(new QDBusPendingCallWatcher(call, this), &QDBusPendingCallWatcher::finished, this,
+            [this, take](QDBusPendingCallWatcher *answer) {
+                if (!m_isOver)
+                    take(*answer);
+            });
 }
 
-void PortalRequest::takeHandle(QDBusPendingCallWatcher *call)
+bool PortalRequest::listenAt(const QString &handle)
 {
-    const QDBusPendingReply<QDBusObjectPath> reply = *call;
-    if (reply.isValid()) {
-        // Portals from before the token choose a path of their own.
-        if (reply.value().path() != m_handle)
-            listenAt(reply.value().path());
-        return;
-    }
-    switch (reply.error().type()) {
-    case QDBusError::NoReply:
-    case QDBusError::Disconnected:
-    case QDBusError::TimedOut:
-    case QDBusError::Timeout:
-        return giveUp();
-    default:
-        return end(Outcome::unavailable);
-    }
+    m_handle = handle;
+    return m_bus.connect(QString(), handle, requestInterface, u"Response"_s, this,
+                         SLOT(takeResponse(uint, QVariantMap)));
+}
+
+void PortalRequest::takeHandle(const QDBusPendingCall &answer)
+{
+    const QDBusPendingReply<QDBusObjectPath> reply = answer;
+    // Portals from before the token choose a path of their own.
+    if (!reply.isValid() || (reply.value().path() != m_handle && !listenAt(reply.value().path())))
+        giveUp();
 }
 
 void PortalRequest::takeResponse(uint response, const QVariantMap &results)
 {
+    m_mayBeOpen = false;
     if (response != success)
-        return end(Outcome::cancelled);
+        return end(response == cancelledByUser ? Outcome::cancelled : Outcome::failed);
     m_urls.clear();
     for (const QString &uri : results.value(u"uris"_s).toStringList())
         m_urls << QUrl::fromEncoded(uri.toUtf8());
     end(Outcome::chosen);
-}
-
-void PortalRequest::giveUp()
-{
-    end(Outcome::cancelled);
 }
 
 // The first end counts.

@@ -4,12 +4,16 @@
 #pragma once
 
 #include <QDBusConnection>
-#include <QDBusPendingCallWatcher>
+#include <QDBusMessage>
+#include <QDBusPendingCall>
 #include <QEventLoop>
 #include <QList>
 #include <QObject>
 #include <QUrl>
 #include <QVariantMap>
+
+#include <chrono>
+#include <functional>
 
 namespace quorvale {
 
@@ -22,35 +26,36 @@ class PortalRequest : public QObject
 public:
     enum class Outcome {
         chosen,
-        cancelled,  ///< by the user, or by the end of the portal, the bus or the program
-        unavailable ///< the portal showed nothing and will show nothing
+        cancelled, ///< by the user, or by the end of the program
+        failed     ///< there is no such portal, or it ended without an answer of the user's
     };
 
     explicit PortalRequest(const QDBusConnection &bus);
 
-    /// The version of the portal's file chooser; 0 when there is none or when it does not answer
-    /// soon. A portal that does not run yet is started.
-    uint version() const;
-
-    /// Opens the file chooser with the options of OpenFile and waits until it is closed. Once for
-    /// each object.
-    Outcome open(const QString &parentWindow, const QString &title, QVariantMap options);
+    /// Opens the file chooser with the options of OpenFile and waits until it is closed. A portal
+    /// that does not run yet is started; one whose file chooser is older than `leastVersion` is
+    /// none. Once for each object.
+    Outcome open(uint leastVersion, const QString &parentWindow, const QString &title,
+                 QVariantMap options);
 
     /// What was chosen, in the chooser's order.
     const QList<QUrl> &urls() const { return m_urls; }
 
 private Q_SLOTS:
-    void takeHandle(QDBusPendingCallWatcher *call);
     void takeResponse(uint response, const QVariantMap &results);
-    void giveUp();
+    void giveUp() { end(Outcome::failed); }
 
 private:
-    void listenAt(const QString &handle);
+    bool listenAt(const QString &handle);
+    void ask(const QDBusMessage &question, std::chrono::milliseconds patience,
+             const std::function<void(const QDBusPendingCall &)> &take);
+    void takeHandle(const QDBusPendingCall &answer);
     void end(Outcome outcome);
 
     QDBusConnection m_bus;
     QEventLoop m_loop;
     QString m_handle; // the path of the request on the bus
+    bool m_mayBeOpen = false;
     bool m_isOver = false;
     Outcome m_outcome = Outcome::cancelled;
     QList<QUrl> m_urls;

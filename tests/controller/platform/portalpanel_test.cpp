@@ -2,16 +2,20 @@
 // SPDX-License-Identifier: MIT
 
 #include "controller/platform/portalpanel.h"
-#include "support/fakeportal.h"
 #include "support/patience.h"
 #include "support/privatebus.h"
 #include "support/recordedpanel.h"
+#include "support/standinportal.h"
 
 #include <QApplication>
-#include <QSignalSpy>
+#include <QDBusArgument>
+#include <QDBusObjectPath>
 #include <QTest>
 #include <QTimer>
 #include <QWindow>
+
+#include <climits>
+#include <functional>
 
 using namespace quorvale;
 using namespace quorvale::test;
@@ -44,7 +48,7 @@ private Q_SLOTS:
     void init()
     {
         m_bus = std::make_unique<PrivateBus>();
-        m_portal = std::make_unique<FakePortal>(m_bus->connection(u"portal"_s));
+        m_portal = std::make_unique<StandInPortal>(*m_bus);
         auto otherwise = std::make_unique<RecordedPanel>();
         m_otherwise = otherwise.get();
         m_panel = std::make_unique<PortalPanel>(std::move(otherwise),
@@ -60,15 +64,11 @@ private Q_SLOTS:
 
     void asksForSeveralFolders()
     {
-        m_portal->whenOpen = [this] {
-            m_portal->respond(FakePortal::cancelled);
-        };
+        answer(StandInPortal::cancelled);
         m_panel->run(severalFolders);
-        QCOMPARE(m_portal->calls().size(), 1);
-        const FakePortal::Call call = m_portal->calls()[0];
-        QCOMPARE(call.title, u"Choose a folder of videos"_s);
-        QCOMPARE(call.parentWindow, QString());
-        QVariantMap options = call.options;
+        QTRY_COMPARE_WITH_TIMEOUT(opened().size(), 1, patience);
+        QCOMPARE(opened()[0].first(2), (QVariantList{QString(), u"Choose a folder of videos"_s}));
+        QVariantMap options = openedWith(0);
         QVERIFY(!options.take(u"handle_token"_s).toString().isEmpty());
         QCOMPARE(options, (QVariantMap{{u"accept_label"_s, u"Add Folder"_s},
                                        {u"modal"_s, true},
@@ -85,70 +85,76 @@ private Q_SLOTS:
         QStringList uris;
         for (const QUrl &folder : folders)
             uris << folder.toString(QUrl::FullyEncoded);
-        m_portal->whenOpen = [&] {
-            m_portal->respond(FakePortal::success, uris);
-        };
+        answer(StandInPortal::success, uris);
         QVERIFY(m_panel->run(severalFolders) == Answer(folders));
         QCOMPARE(m_otherwise->requests.size(), 0);
     }
 
     void aConfirmationWithoutFoldersIsNoCancellation()
     {
-        m_portal->whenOpen = [this] {
-            m_portal->respond(FakePortal::success);
-        };
+        answer(StandInPortal::success);
         QVERIFY(m_panel->run(severalFolders) == Answer(QList<QUrl>{}));
     }
 
-    void theUserCancels_data()
-    {
-        QTest::addColumn<FakePortal::Response>("response");
-        QTest::newRow("by the button") << FakePortal::cancelled;
-        QTest::newRow("in another way") << FakePortal::other;
-    }
     void theUserCancels()
     {
-        QFETCH(const FakePortal::Response, response);
-        m_portal->whenOpen = [&] {
-            m_portal->respond(response, {u"file:///v"_s});
-        };
+        answer(StandInPortal::cancelled, {u"file:///v"_s});
         QVERIFY(!m_panel->run(severalFolders));
         QCOMPARE(m_otherwise->requests.size(), 0);
-        QCOMPARE(m_portal->closedRequests(), 0);
+    }
+
+    void theOtherPanelStepsInForAnyOtherResponse()
+    {
+        for (const uint response : {2U, 3U, UINT_MAX}) {
+            m_otherwise->requests.clear();
+            answer(response, {u"file:///portal"_s});
+            stepsIn();
+        }
+    }
+
+    void aChooserThatHasRespondedIsNotClosed()
+    {
+        for (const uint response : {0U, 1U, 2U, 1U}) {
+            answer(response);
+            m_panel->run(severalFolders);
+        }
+        // What would have closed one of the first three came before the fourth.
+        QTRY_COMPARE_WITH_TIMEOUT(opened().size(), 4, patience);
+        QCOMPARE(m_portal->calls(u"Close"_s).size(), 0);
     }
 
     void aResponseBeforeTheReplyIsHeard()
     {
-        m_portal->beforeReply = [this] {
-            m_portal->respond(FakePortal::success, {u"file:///v"_s});
-        };
+        m_portal->prepare(u"OpenFile"_s,
+                          {StandInPortal::respond(StandInPortal::success, {u"file:///v"_s}),
+                           StandInService::replyRequest()});
         QVERIFY(m_panel->run(severalFolders) == Answer(QList{QUrl::fromLocalFile(u"/v"_s)}));
     }
 
     void aRequestAtAPathOfThePortalsOwnIsHeard()
     {
-        m_portal->handles = FakePortal::Handles::ownPaths;
+        const QString path = u"/org/freedesktop/portal/desktop/request/own"_s;
+        m_portal->prepare(u"OpenFile"_s,
+                          {StandInService::reply({QVariant::fromValue(QDBusObjectPath(path))})});
         // The user answers once the program has heard of the path, which nobody else can tell.
         QTimer answers;
-        connect(&answers, &QTimer::timeout, this,
-                [this] { m_portal->respond(FakePortal::success, {u"file:///v"_s}); });
-        m_portal->whenOpen = [&] {
-            answers.start(100);
-        };
+        connect(&answers, &QTimer::timeout, this, [&] {
+            m_portal->perform(
+                {StandInPortal::respond(StandInPortal::success, {u"file:///v"_s}, path)});
+        });
+        whenOpen([&] { answers.start(100); });
         QVERIFY(m_panel->run(severalFolders) == Answer(QList{QUrl::fromLocalFile(u"/v"_s)}));
     }
 
     void opensBesideTheFoldersThatWereChosenLast()
     {
-        m_portal->whenOpen = [this] {
-            m_portal->respond(FakePortal::success, {u"file:///v/caf%C3%A9/a"_s, u"file:///w"_s});
-        };
+        answer(StandInPortal::success, {u"file:///v/caf%C3%A9/a"_s, u"file:///w"_s});
         m_panel->run(severalFolders);
         m_panel->run(severalFolders);
-        QCOMPARE(m_portal->calls().size(), 2);
-        QVERIFY(!m_portal->calls()[0].options.contains(u"current_folder"_s));
-        QCOMPARE(m_portal->calls()[1].options.value(u"current_folder"_s).toByteArray(),
-                 QByteArray("/v/caf\xC3\xA9\0", 9));
+        QTRY_COMPARE_WITH_TIMEOUT(opened().size(), 2, patience);
+        QVERIFY(!openedWith(0).contains(u"current_folder"_s));
+        QCOMPARE(openedWith(1).value(u"current_folder"_s),
+                 QVariant(QByteArray("/v/caf\xC3\xA9\0", 9)));
     }
 
     void otherRequestsGoToTheOtherPanel()
@@ -162,7 +168,7 @@ private Q_SLOTS:
                                .choice = OpenPanelRequest::Choice::folders}));
         QCOMPARE(m_otherwise->requests.size(), 2);
         QCOMPARE(m_otherwise->requests[1].title, u"one folder"_s);
-        QCOMPARE(m_portal->calls().size(), 0);
+        QCOMPARE(opened().size(), 0);
     }
 
     void theOtherPanelStepsInWithoutABus()
@@ -176,61 +182,68 @@ private Q_SLOTS:
 
     void theOtherPanelStepsInWithoutAPortal()
     {
-        m_bus->disconnect(u"portal"_s);
+        m_portal->end();
         stepsIn();
     }
 
     void theOtherPanelStepsInForAPortalWithoutFolders()
     {
-        m_portal.reset();
-        m_bus->disconnect(u"portal"_s);
-        m_portal = std::make_unique<FakePortal>(m_bus->connection(u"old portal"_s), 2);
+        m_portal->end();
+        m_portal = std::make_unique<StandInPortal>(*m_bus, 2);
         stepsIn();
-        QCOMPARE(m_portal->calls().size(), 0);
+        QCOMPARE(opened().size(), 0);
     }
 
     void theOtherPanelStepsInForAPortalThatRefuses()
     {
-        m_portal->refuses = true;
+        m_portal->prepare(u"OpenFile"_s, {StandInService::refuse()});
         stepsIn();
-        QCOMPARE(m_portal->calls().size(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(opened().size(), 1, patience);
     }
 
-    void theEndOfThePortalIsACancellation()
+    // The user has asked for a panel and not abandoned it.
+    void theOtherPanelStepsInWhenThePortalEnds()
     {
-        m_portal->whenOpen = [this] {
-            m_bus->disconnect(u"portal"_s);
-        };
-        QVERIFY(!m_panel->run(severalFolders));
-        QCOMPARE(m_otherwise->requests.size(), 0);
+        whenOpen([this] { m_portal->end(); });
+        stepsIn();
+        QCOMPARE(opened().size(), 1);
     }
 
-    void theEndOfThePortalBeforeItsReplyIsACancellation()
+    void theOtherPanelStepsInWhenThePortalEndsBeforeItsReply_data()
     {
-        m_portal->beforeReply = [this] {
-            m_bus->disconnect(u"portal"_s);
-        };
-        QVERIFY(!m_panel->run(severalFolders));
-        QCOMPARE(m_otherwise->requests.size(), 0);
+        QTest::addColumn<QString>("method");
+        QTest::newRow("of its version") << u"Get"_s;
+        QTest::newRow("of the request") << u"OpenFile"_s;
+    }
+    void theOtherPanelStepsInWhenThePortalEndsBeforeItsReply()
+    {
+        QFETCH(const QString, method);
+        m_portal->prepare(method, {StandInService::endItself()});
+        stepsIn();
+        QTRY_VERIFY_WITH_TIMEOUT(!m_portal->isRunning(), patience);
     }
 
-    void theEndOfTheBusIsACancellation()
+    void theOtherPanelStepsInWhenTheBusEnds_data()
     {
-        m_portal->whenOpen = [this] {
-            m_bus->end();
-        };
-        QVERIFY(!m_panel->run(severalFolders));
-        QCOMPARE(m_otherwise->requests.size(), 0);
+        QTest::addColumn<QString>("method");
+        QTest::addColumn<StandInService::Script>("script");
+        QTest::newRow("and the chooser is open")
+            << u"OpenFile"_s << StandInService::Script{StandInService::replyRequest()};
+        QTest::newRow("before the reply of its version") << u"Get"_s << StandInService::Script{};
+        QTest::newRow("before the reply of the request")
+            << u"OpenFile"_s << StandInService::Script{};
     }
-
-    void theEndOfTheBusBeforeTheReplyIsACancellation()
+    void theOtherPanelStepsInWhenTheBusEnds()
     {
-        m_portal->keepsSilent = true;
-        m_portal->whenOpen = [this] {
-            m_bus->end();
-        };
-        QVERIFY(!m_panel->run(severalFolders));
-        QCOMPARE(m_otherwise->requests.size(), 0);
+        QFETCH(const QString, method);
+        QFETCH(const StandInService::Script, script);
+        m_portal->prepare(method, script);
+        connect(m_portal.get(), &StandInService::called, this, [&](const QString &called) {
+            if (called == method)
+                m_bus->end();
+        });
+        stepsIn();
+        QCOMPARE(m_portal->calls(method).size(), 1);
     }
 
     void theProgramsWindowIsShutAndAliveMeanwhile()
@@ -239,14 +252,14 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitForWindowExposed(&window));
         int clicksMeanwhile = -1;
         int turns = 0;
-        m_portal->whenOpen = [&] {
+        whenOpen([&] {
             QTest::mouseClick(&window, Qt::LeftButton);
             clicksMeanwhile = window.clicks;
             QTimer::singleShot(50, this, [&] {
                 ++turns;
-                m_portal->respond(FakePortal::cancelled);
+                m_portal->perform({StandInPortal::respond(StandInPortal::cancelled)});
             });
-        };
+        });
         m_panel->run(severalFolders);
         QCOMPARE(clicksMeanwhile, 0);
         QCOMPARE(turns, 1);
@@ -255,33 +268,69 @@ private Q_SLOTS:
         QCOMPARE(window.clicks, 1);
     }
 
+    void theEndOfTheProgramClosesThePanel_data()
+    {
+        QTest::addColumn<QString>("method");
+        QTest::addColumn<StandInService::Script>("script");
+        QTest::addColumn<int>("closed");
+        QTest::newRow("that is open")
+            << u"OpenFile"_s << StandInService::Script{StandInService::replyRequest()} << 1;
+        QTest::newRow("before the reply of its version")
+            << u"Get"_s << StandInService::Script{} << 0;
+        QTest::newRow("before the reply of the request")
+            << u"OpenFile"_s << StandInService::Script{} << 1;
+    }
     void theEndOfTheProgramClosesThePanel()
     {
-        Answer answer(QList<QUrl>{});
-        m_portal->whenOpen = [] {
-            QCoreApplication::quit();
-        };
-        QTimer::singleShot(0, this, [&] {
-            answer = m_panel->run(severalFolders);
-            QCoreApplication::quit();
+        QFETCH(const QString, method);
+        QFETCH(const StandInService::Script, script);
+        QFETCH(const int, closed);
+        m_portal->prepare(method, script);
+        connect(m_portal.get(), &StandInService::called, this, [&](const QString &called) {
+            if (called == method)
+                QCoreApplication::quit();
         });
+        Answer answer(QList<QUrl>{});
+        QTimer::singleShot(0, this, [&] { answer = m_panel->run(severalFolders); });
         QCoreApplication::exec();
         QVERIFY(!answer);
-        QTRY_COMPARE_WITH_TIMEOUT(m_portal->closedRequests(), 1, patience);
+        QCOMPARE(m_otherwise->requests.size(), 0);
+        QTRY_COMPARE_WITH_TIMEOUT(m_portal->calls(u"Close"_s).size(), closed, patience);
     }
 
     void theEndOfTheWindowMeanwhileDoesNoHarm()
     {
         auto window = std::make_unique<ClickedWindow>();
         QVERIFY(QTest::qWaitForWindowExposed(window.get()));
-        m_portal->whenOpen = [&] {
+        whenOpen([&] {
             window.reset();
-            QTimer::singleShot(0, this, [this] { m_portal->respond(FakePortal::cancelled); });
-        };
+            m_portal->perform({StandInPortal::respond(StandInPortal::cancelled)});
+        });
         QVERIFY(!m_panel->run(severalFolders));
     }
 
 private:
+    // Has the user answer every chooser as soon as it is open.
+    void answer(uint response, const QStringList &uris = {})
+    {
+        m_portal->prepare(u"OpenFile"_s,
+                          {StandInService::replyRequest(), StandInPortal::respond(response, uris)});
+    }
+
+    void whenOpen(const std::function<void()> &happens)
+    {
+        connect(m_portal.get(), &StandInService::called, this, [happens](const QString &method) {
+            if (method == u"OpenFile"_s)
+                happens();
+        });
+    }
+
+    QList<QVariantList> opened() const { return m_portal->calls(u"OpenFile"_s); }
+    QVariantMap openedWith(qsizetype number) const
+    {
+        return qdbus_cast<QVariantMap>(opened()[number][2]);
+    }
+
     void stepsIn()
     {
         const QList folders{QUrl::fromLocalFile(u"/v"_s)};
@@ -297,7 +346,7 @@ private:
                                           .choice = OpenPanelRequest::Choice::folders,
                                           .allowsMultiple = true};
     std::unique_ptr<PrivateBus> m_bus;
-    std::unique_ptr<FakePortal> m_portal;
+    std::unique_ptr<StandInPortal> m_portal;
     RecordedPanel *m_otherwise = nullptr;
     std::unique_ptr<PortalPanel> m_panel;
 };
