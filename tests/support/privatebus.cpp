@@ -59,12 +59,6 @@ QDBusConnection PrivateBus::connection(const QString &name) const
     return connection;
 }
 
-void PrivateBus::disconnect(const QString &name)
-{
-    if (m_names.removeOne(name))
-        QDBusConnection::disconnectFromBus(m_address + name);
-}
-
 void PrivateBus::end()
 {
     m_daemon.kill();

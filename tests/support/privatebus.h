@@ -23,12 +23,8 @@ public:
 
     const QString &address() const { return m_address; }
 
-    /// A connection to the bus. Each `name` is one connection, made at its first use: programs that
-    /// talk to each other are played by connections of different names.
+    /// A connection to the bus. Each `name` is one connection, made at its first use.
     QDBusConnection connection(const QString &name) const;
-
-    /// Closes the connection, as the end of its program does.
-    void disconnect(const QString &name);
 
     /// Ends the bus itself, for everybody on it.
     void end();

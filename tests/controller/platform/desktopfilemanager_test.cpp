@@ -4,9 +4,8 @@
 #include "controller/platform/desktopfilemanager.h"
 #include "support/patience.h"
 #include "support/privatebus.h"
+#include "support/standinservice.h"
 
-#include <QDBusContext>
-#include <QDBusMessage>
 #include <QDesktopServices>
 #include <QTest>
 
@@ -17,37 +16,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A file manager on the bus that remembers its calls.
-class FakeFileManager : public QObject, protected QDBusContext
+// A file manager on the bus.
+class StandInFileManager : public StandInService
 {
-    Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.FileManager1")
-
 public:
-    enum class Manner { obliging, refusing, silent };
-
-    explicit FakeFileManager(QDBusConnection bus)
+    explicit StandInFileManager(const PrivateBus &bus, const Script &manner = {reply()})
+        : StandInService(bus, u"org.freedesktop.FileManager1"_s, {{u"ShowItems"_s, manner}})
     {
-        if (!bus.registerObject(u"/org/freedesktop/FileManager1"_s, this,
-                                QDBusConnection::ExportAllSlots)
-            || !bus.registerService(u"org.freedesktop.FileManager1"_s))
-            qFatal("Cannot play a file manager");
     }
 
-    Manner manner = Manner::obliging;
-    QList<QStringList> shown;
-    QStringList startupIds;
-
-public Q_SLOTS:
-    void ShowItems(const QStringList &uris, const QString &startupId)
-    {
-        shown << uris;
-        startupIds << startupId;
-        if (manner == Manner::refusing)
-            sendErrorReply(QDBusError::Failed, u"I will not."_s);
-        if (manner == Manner::silent)
-            setDelayedReply(true);
-    }
+    QList<QVariantList> shown() const { return calls(u"ShowItems"_s); }
 };
 
 } // namespace
@@ -88,21 +66,12 @@ private Q_SLOTS:
     {
         QFETCH(const QString, path);
         QFETCH(const QString, uri);
-        FakeFileManager service(m_bus->connection(u"service"_s));
+        const StandInFileManager service(*m_bus);
         make().reveal(QUrl::fromLocalFile(path));
-        QTRY_COMPARE_WITH_TIMEOUT(service.shown, QList<QStringList>(1, {uri}), patience);
-        QCOMPARE(service.startupIds, QStringList{QString()});
+        QTRY_COMPARE_WITH_TIMEOUT(service.shown(),
+                                  QList<QVariantList>(1, {QStringList{uri}, QString()}), patience);
         QTest::qWait(100);
         QCOMPARE(m_opened, QList<QUrl>{});
-    }
-
-    void theCallerDoesNotWait()
-    {
-        FakeFileManager service(m_bus->connection(u"service"_s));
-        make().reveal(QUrl::fromLocalFile(u"/out"_s));
-        // The service lives in this very thread: had the caller waited, it would wait for ever.
-        QCOMPARE(service.shown.size(), 0);
-        QTRY_COMPARE_WITH_TIMEOUT(service.shown.size(), 1, patience);
     }
 
     void opensTheParentWhenThereIsNoBus()
@@ -121,29 +90,27 @@ private Q_SLOTS:
 
     void opensTheParentWhenTheFileManagerRefuses()
     {
-        FakeFileManager service(m_bus->connection(u"service"_s));
-        service.manner = FakeFileManager::Manner::refusing;
+        const StandInFileManager service(*m_bus, {StandInService::refuse()});
         make().reveal(QUrl::fromLocalFile(u"/videos/out/"_s));
         QTRY_COMPARE_WITH_TIMEOUT(m_opened, QList{QUrl::fromLocalFile(u"/videos"_s)}, patience);
-        QCOMPARE(service.shown.size(), 1);
+        QCOMPARE(service.shown().size(), 1);
     }
 
     void opensTheParentWhenTheFileManagerKeepsSilent()
     {
-        FakeFileManager service(m_bus->connection(u"service"_s));
-        service.manner = FakeFileManager::Manner::silent;
+        const StandInFileManager service(*m_bus, {});
         make(200ms).reveal(QUrl::fromLocalFile(u"/out"_s));
+        QCOMPARE(m_opened.size(), 0); // the caller does not wait for it
         QTRY_COMPARE_WITH_TIMEOUT(m_opened, QList{QUrl::fromLocalFile(u"/"_s)}, patience);
     }
 
     void opensTheParentWhenTheFileManagerEndsMeanwhile()
     {
-        FakeFileManager service(m_bus->connection(u"service"_s));
-        service.manner = FakeFileManager::Manner::silent;
+        StandInFileManager service(*m_bus, {});
         make().reveal(QUrl::fromLocalFile(u"/videos/out"_s));
-        QTRY_COMPARE_WITH_TIMEOUT(service.shown.size(), 1, patience);
+        QTRY_COMPARE_WITH_TIMEOUT(service.shown().size(), 1, patience);
         QCOMPARE(m_opened.size(), 0);
-        m_bus->disconnect(u"service"_s);
+        service.end();
         QTRY_COMPARE_WITH_TIMEOUT(m_opened, QList{QUrl::fromLocalFile(u"/videos"_s)}, patience);
     }
 
