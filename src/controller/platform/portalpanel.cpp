@@ -4,9 +4,9 @@
 #include "portalpanel.h"
 
 #include "activewindow.h"
+#include "model/filepath.h"
 #include "portalrequest.h"
 
-#include <QFile>
 #include <QGuiApplication>
 #include <QWidget>
 #include <QWindow>
@@ -58,7 +58,7 @@ QVariantMap optionsFor(const OpenPanelRequest &request, const QUrl &folder)
                         {u"multiple"_s, true},
                         {u"directory"_s, true}};
     if (folder.isValid()) // a path in the file system's bytes, with the byte that ends it
-        options.insert(u"current_folder"_s, QFile::encodeName(folder.toLocalFile()).append('\0'));
+        options.insert(u"current_folder"_s, filePath(folder).append('\0'));
     return options;
 }
 
