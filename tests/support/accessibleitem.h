@@ -43,6 +43,7 @@ public:
 
     /// What is true of an item, by the bits of the AT-SPI protocol.
     enum class State : uint {
+        active = 1,
         checked = 4,
         enabled = 8,
         focusable = 11,

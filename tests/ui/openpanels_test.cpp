@@ -139,6 +139,31 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(portal.calls(u"OpenFile"_s).size(), 1, patience);
     }
 
+    void aPortalsChooserThatTheUserClosesIsCancelled()
+    {
+        const StandInPortal portal(m_desktop.accessibility().session());
+        QVERIFY(window().press(u"ctrl+shift+o"_s));
+        QTRY_COMPARE_WITH_TIMEOUT(portal.calls(u"OpenFile"_s).size(), 1, patience);
+        {
+            ChildOfTheTest chooser; // what stands for its window
+            chooser.setProcessEnvironment(m_desktop.display().environment());
+            chooser.start(QStringLiteral(DRAG_SOURCE), {m_folder.path()});
+            const auto chooserWindow = m_desktop.display().waitForWindow(u"Drag source"_s);
+            QVERIFY(chooserWindow);
+            QVERIFY(m_desktop.display().activate(*chooserWindow));
+            const auto own =
+                window().application().find(AccessibleItem::named(Role::frame, u"Quorvale"_s));
+            QVERIFY(own);
+            QTRY_VERIFY_WITH_TIMEOUT(!own->is(AccessibleItem::State::active), patience);
+        }
+        portal.perform({StandInPortal::respond(StandInPortal::other)});
+        // Were there another panel now, this would open none.
+        QVERIFY(window().activate());
+        QVERIFY(window().press(u"ctrl+shift+o"_s));
+        QTRY_COMPARE_WITH_TIMEOUT(portal.calls(u"OpenFile"_s).size(), 2, patience);
+        QVERIFY(m_desktop.display().windows(folderPanel).isEmpty());
+    }
+
     void theShortcutOfANewWindowDoesNothing()
     {
         const QByteArray before = window().restingPicture();

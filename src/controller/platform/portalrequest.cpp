@@ -7,6 +7,7 @@
 #include <QDBusPendingReply>
 #include <QDBusServiceWatcher>
 #include <QDBusVariant>
+#include <QGuiApplication>
 #include <QUuid>
 
 using namespace std::chrono_literals;
@@ -63,6 +64,10 @@ PortalRequest::Outcome PortalRequest::open(uint leastVersion, const QString &par
             m_mayBeOpen = true;
             ask(openFile, 25s, [this](const QDBusPendingCall &answer) { takeHandle(answer); });
         });
+    connect(qGuiApp, &QGuiApplication::applicationStateChanged, this,
+            [this](Qt::ApplicationState state) {
+                m_wasLeft = m_wasLeft || state != Qt::ApplicationActive;
+            });
     m_loop.exec(); // which the end of the program ends, too
     m_isOver = true;
 
@@ -104,8 +109,10 @@ void PortalRequest::takeHandle(const QDBusPendingCall &answer)
 void PortalRequest::takeResponse(uint response, const QVariantMap &results)
 {
     m_mayBeOpen = false;
+    // GTK's portal says 1 for its button only, and "in some other way" for Escape and for a chooser
+    // whose window is closed. But then that window was there, and had the focus.
     if (response != success)
-        return end(response == cancelledByUser ? Outcome::cancelled : Outcome::failed);
+        return end(response == cancelledByUser || m_wasLeft ? Outcome::cancelled : Outcome::failed);
     m_urls.clear();
     for (const QString &uri : results.value(u"uris"_s).toStringList())
         m_urls << QUrl::fromEncoded(uri.toUtf8());

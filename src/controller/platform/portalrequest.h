@@ -26,7 +26,7 @@ class PortalRequest : public QObject
 public:
     enum class Outcome {
         chosen,
-        cancelled, ///< by the user, or by the end of the program
+        cancelled, ///< by the user, who may just close the window, or by the end of the program
         failed     ///< there is no such portal, or it ended without an answer of the user's
     };
 
@@ -56,6 +56,7 @@ private:
     QEventLoop m_loop;
     QString m_handle; // the path of the request on the bus
     bool m_mayBeOpen = false;
+    bool m_wasLeft = false; // the program, for another window
     bool m_isOver = false;
     Outcome m_outcome = Outcome::cancelled;
     QList<QUrl> m_urls;
