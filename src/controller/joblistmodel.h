@@ -44,6 +44,12 @@ public:
     /// The row of the job with the id, if it is in the list.
     std::optional<qsizetype> rowOf(const QUuid &id) const;
 
+    /// The same for views; -1 when it is not in the list.
+    Q_INVOKABLE int indexOf(const QUuid &id) const
+    {
+        return static_cast<int>(rowOf(id).value_or(-1));
+    }
+
     /// The job with the id, or null. Valid until the next change of the list.
     const ConversionJob *find(const QUuid &id) const;
 

@@ -5,8 +5,8 @@ import QtQuick
 import Quorvale
 
 // Moves a row of a list by dragging it: the others part for it, the list scrolls at its edges, and
-// Escape puts it back, as does what takes the pointer away. The list changes only when the row is
-// let go.
+// Escape puts it back, as does what takes the pointer away. The drag changes the list only when the
+// row is let go; what else changes the list meanwhile, or scrolls it, is followed.
 Item {
     id: reorder
 
@@ -16,6 +16,8 @@ Item {
     property int from: -1
     property int to: -1
     readonly property bool isActive: from >= 0
+    /// The job of that row, by which it is known whatever becomes of the rows.
+    property var jobId
     /// Whether the others glide when they give way; not where the list itself moves them.
     property bool glides: false
 
@@ -59,9 +61,27 @@ Item {
             "failure": item.failure,
             "failureReason": item.failureReason,
         });
+        jobId = item.jobId;
         glides = true;
         to = row;
         from = row;
+    }
+
+    // Rows have come, gone or moved.
+    function findRow() {
+        if (!isActive)
+            return;
+        const row = view.model.indexOf(jobId);
+        if (row < 0)
+            return abandon();
+        from = row;
+        Qt.callLater(resume);
+    }
+
+    function resume() {
+        view.forceLayout();
+        follow();
+        glides = isActive;
     }
 
     function follow() {
@@ -86,6 +106,7 @@ Item {
     }
 
     function finish() {
+        resume();
         const first = from;
         const last = to;
         const gap = view.itemAtIndex(last);
@@ -151,12 +172,40 @@ Item {
     Connections {
         target: reorder.view.model
 
-        function onRowsInserted() {
-            reorder.follow();
+        // Nothing glides where the list itself moves it.
+        function onRowsAboutToBeInserted() {
+            reorder.glides = false;
+        }
+        function onRowsAboutToBeMoved() {
+            reorder.glides = false;
         }
         function onRowsAboutToBeRemoved() {
             reorder.glides = false;
+        }
+        function onRowsInserted() {
+            reorder.findRow();
+        }
+        function onRowsMoved() {
+            reorder.findRow();
+        }
+        function onRowsRemoved() {
+            reorder.findRow();
+        }
+        function onModelReset() {
+            reorder.glides = false;
             reorder.abandon();
+        }
+    }
+
+    Connections {
+        target: reorder.view
+
+        // When the list has made the rows that come into sight.
+        function onContentYChanged() {
+            Qt.callLater(reorder.follow);
+        }
+        function onOriginYChanged() {
+            Qt.callLater(reorder.follow);
         }
     }
 
@@ -179,7 +228,6 @@ Item {
         onTriggered: {
             const step = Math.max(-24, Math.min(24, edgeScroll.speed / 2));
             reorder.scrollTo(reorder.view.contentY + step);
-            reorder.follow();
         }
     }
 

@@ -253,6 +253,65 @@ ViewTest {
         compare(names(), [1, 2, 4, 5]);
     }
 
+    function test_endsWhenAllRowsAreShownAnew() {
+        showRows(2100);
+        Bench.completeEverySecond();
+        settle();
+        drag(3, rowHeight);
+        compare(lifted().length, 1);
+        Bench.model.clearCompleted(); // too many at once to be followed
+        compare(Bench.model.jobCount, 1050);
+        tryVerify(() => lifted().length === 0);
+        const order = names();
+        letGo();
+        compare(names(), order);
+    }
+
+    function test_aRowThatGoesDoesNotDisturbIt() {
+        showRows(5);
+        drag(3, rowHeight);
+        Bench.model.remove(row(1).jobId);
+        settle();
+        compare(lifted().length, 1);
+        compare(row(3).opacity, 0);
+        letGo();
+        // To the place that it is over, which is another row's now.
+        compare(names(), [2, 4, 5, 3]);
+        compare([2, 4, 5, 3].map(number => row(number).opacity), [1, 1, 1, 1]);
+    }
+
+    function test_aRowThatIsMovedByAKeyDoesNotDisturbIt_data() {
+        return [
+            {"tag": "from below to above", "moved": 5, "key": "Move up", "times": 4, "order": [5, 1, 3, 2, 4]},
+            {"tag": "from above to below", "moved": 1, "key": "Move down", "times": 4, "order": [3, 4, 5, 2, 1]},
+            {"tag": "itself", "moved": 2, "key": "Move down", "times": 3, "order": [1, 3, 4, 2, 5]},
+        ];
+    }
+
+    function test_aRowThatIsMovedByAKeyDoesNotDisturbIt(data) {
+        showRows(5);
+        const button = one(row(data.moved), SymbolButton, b => b.text === data.key);
+        drag(2, 2 * rowHeight);
+        for (let i = 0; i < data.times; ++i) {
+            button.forceActiveFocus(Qt.TabFocusReason);
+            keyClick(Qt.Key_Space);
+        }
+        settle();
+        compare(lifted().length, 1);
+        letGo();
+        compare(names(), data.order);
+        compare(names().map(number => row(number).opacity), [1, 1, 1, 1, 1]);
+    }
+
+    // Before the window has had the time to show what has changed.
+    function test_isTheSameRowWhenItIsLetGoAtOnce() {
+        showRows(5);
+        drag(2, 2 * rowHeight);
+        Bench.model.moveJob(row(5).jobId, -4);
+        mouseRelease(view, 216, pointerY);
+        compare(names(), [5, 1, 3, 2, 4]);
+    }
+
     function test_newRowsDoNotDisturbIt() {
         showRows(3);
         drag(1, rowHeight);
@@ -286,6 +345,23 @@ ViewTest {
         compare(names().filter(number => number !== 1), Array.from({"length": 59}, (_, i) => i + 2));
         // It lies where it was let go.
         fuzzyCompare(shownTop(1) + rowHeight / 2, 230, rowHeight);
+    }
+
+    function test_goesWithTheWheel() {
+        showRows(60);
+        drag(2, 20);
+        dragTo(pointerY, 230);
+        for (const turn of [-3, 1]) {
+            const former = list().contentY;
+            for (let i = 0; i < Math.abs(turn); ++i)
+                mouseWheel(view, 216, 230, 0, 120 * Math.sign(turn), Qt.LeftButton);
+            tryVerify(() => list().contentY !== former && !list().moving);
+        }
+        verify(list().contentY > rowHeight, list().contentY);
+        compare(lifted().length, 1);
+        letGo();
+        verify(names().indexOf(2) > 4, names().indexOf(2));
+        fuzzyCompare(shownTop(2) + rowHeight / 2, 230, rowHeight / 2 + 1);
     }
 
     function test_scrollsToTheVeryEnd() {

@@ -60,6 +60,9 @@ public:
     /// Queues so many waiting jobs at once.
     Q_INVOKABLE void queueMany(int count);
 
+    /// Of the queued jobs the second, the fourth and so on have been converted.
+    Q_INVOKABLE void completeEverySecond();
+
     // What becomes of the next conversion, the one after it, and so on.
 
     Q_INVOKABLE void willComplete();
