@@ -130,8 +130,10 @@ Item {
     }
 
     onEnabledChanged: {
-        if (!enabled)
-            abandon();
+        if (enabled)
+            return;
+        abandon();
+        view.interactive = true;
     }
 
     DragHandler {
@@ -160,6 +162,8 @@ Item {
         onGrabChanged: transition => {
             if (transition === PointerDevice.GrabPassive)
                 mayBegin = true;
+            // By a quick movement the list would scroll before it is a drag.
+            reorder.view.interactive = transition !== PointerDevice.GrabPassive;
         }
         onCentroidChanged: {
             if (!active)
@@ -202,10 +206,10 @@ Item {
 
         // When the list has made the rows that come into sight.
         function onContentYChanged() {
-            Qt.callLater(reorder.follow);
+            Qt.callLater(reorder.follow); // qmllint disable
         }
         function onOriginYChanged() {
-            Qt.callLater(reorder.follow);
+            Qt.callLater(reorder.follow); // qmllint disable
         }
     }
 

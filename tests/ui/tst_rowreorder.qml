@@ -201,6 +201,7 @@ ViewTest {
         drag(1, 4);
         compare(lifted(), []);
         letGo();
+        verify(list().interactive); // it scrolls on
         compare(jobs.count, 0);
     }
 
@@ -228,6 +229,7 @@ ViewTest {
         verify(Bench.convert());
         compare(lifted(), []);
         letGo();
+        verify(list().interactive); // it scrolls on
         compare(names(), [1, 2, 3, 4, 5]);
         compare(row(3).opacity, 1);
     }
@@ -347,6 +349,23 @@ ViewTest {
         fuzzyCompare(shownTop(1) + rowHeight / 2, 230, rowHeight);
     }
 
+    function test_aQuickDragMovesTheRowAlone() {
+        showRows(40);
+        const still = list().contentY;
+        const start = shownTop(6) + rowHeight / 2;
+        mousePress(view, 216, start);
+        for (let i = 1; i <= 4; ++i)
+            mouseMove(view, 216, start - i * rowHeight / 2, 5, Qt.LeftButton);
+        pointerY = start - 2 * rowHeight;
+        wait(200);
+        compare(list().contentY, still);
+        letGo();
+        wait(200);
+        compare(list().contentY, still);
+        compare(names().slice(0, 7), [1, 2, 3, 6, 4, 5, 7]);
+        verify(list().interactive); // it scrolls on
+    }
+
     function test_goesWithTheWheel() {
         showRows(60);
         drag(2, 20);
@@ -391,6 +410,7 @@ ViewTest {
         const remove = one(row(1), SymbolButton, b => b.text === "Remove from queue");
         mouseClick(remove);
         compare(names(), [2, 3]);
+        verify(list().interactive); // it scrolls on
     }
 
     function test_theFocusStaysWithTheRow() {
