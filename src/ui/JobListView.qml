@@ -13,6 +13,11 @@ ListView {
     required property ConverterViewModel converter
     required property RowReorder reorder
 
+    // For assistive technology, which reads them as they are stacked.
+    function restackRows() {
+        Stacking.sortByIndex(contentItem);
+    }
+
     Accessible.name: "Conversion queue"
     Accessible.role: Accessible.List
     bottomMargin: 6
@@ -63,9 +68,15 @@ ListView {
         shift: view.reorder.shiftOf(index)
         width: view.width - view.leftMargin - view.rightMargin
 
+        Component.onCompleted: Qt.callLater(view.restackRows)
+        onIndexChanged: Qt.callLater(view.restackRows)
+
         // A row that waits to be used again is nothing to read out.
         ListView.onPooled: visible = false
-        ListView.onReused: visible = true
+        ListView.onReused: {
+            visible = true;
+            Qt.callLater(view.restackRows);
+        }
     }
     // qmllint enable unqualified
 
