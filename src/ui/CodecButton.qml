@@ -38,14 +38,24 @@ FocusScope {
 
         readonly property real cornerRadius: 9
 
+        function clickWithinReach() {
+            if (Reach.includes(button))
+                clicked();
+        }
+
+        Accessible.description: enabled ? "" : "unavailable"
         Accessible.name: text
         anchors.fill: parent
         checked: root.selected
         focus: true
-        focusPolicy: Qt.StrongFocus
+        // All codecs are one stop of the Tab key. What has the focus keeps it until it has gone: it
+        // must not be taken from it.
+        focusPolicy: root.selected || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
         leftPadding: 12
         rightPadding: 12
         text: root.label
+        Accessible.onPressAction: clickWithinReach()
+        Accessible.onToggleAction: clickWithinReach()
         onClicked: root.action()
 
         Keys.forwardTo: PressKeys {

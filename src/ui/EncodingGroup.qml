@@ -51,9 +51,9 @@ ColumnLayout {
             Layout.fillWidth: true
             from: 30
             scheme: Theme.dark
+            setting: group.model.quality
             to: 100
-            value: group.model.quality
-            onMoved: group.model.quality = value
+            onChosen: value => group.model.quality = value
         }
 
         TextLine {

@@ -12,9 +12,12 @@ FocusScope {
 
     required property ConverterViewModel model
 
-    function focusOn(item: Item) {
-        if (item)
-            item.forceActiveFocus(Qt.TabFocusReason);
+    // As the arrow keys of a group of radio buttons do.
+    function chooseCodec(button: CodecButton) {
+        if (!button)
+            return;
+        button.action();
+        button.forceActiveFocus(Qt.TabFocusReason);
     }
 
     SmoothRectangle {
@@ -57,8 +60,8 @@ FocusScope {
                     codec: index
                     label: modelData
                     selected: sidebar.model.codecIndex === codec
-                    Keys.onDownPressed: sidebar.focusOn(codecs.itemAt(index + 1))
-                    Keys.onUpPressed: sidebar.focusOn(codecs.itemAt(index - 1))
+                    Keys.onDownPressed: sidebar.chooseCodec(codecs.itemAt(index + 1))
+                    Keys.onUpPressed: sidebar.chooseCodec(codecs.itemAt(index - 1))
                     onAction: sidebar.model.chooseCodec(codec)
                 }
                 // qmllint enable unqualified

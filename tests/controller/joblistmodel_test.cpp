@@ -206,6 +206,8 @@ private Q_SLOTS:
         m_model->remove(m_jobs[1].id());
         QVERIFY(m_model->rowOf(m_jobs[2].id()) == 1);
         QVERIFY(!m_model->rowOf(m_jobs[1].id()));
+        QCOMPARE(m_model->indexOf(m_jobs[2].id()), 1);
+        QCOMPARE(m_model->indexOf(m_jobs[1].id()), -1);
         m_model->move(0, 4);
         QVERIFY(m_model->rowOf(m_jobs[0].id()) == 4);
         QVERIFY(m_model->rowOf(m_jobs[2].id()) == 0);

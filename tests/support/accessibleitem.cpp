@@ -18,9 +18,10 @@ namespace {
 constexpr int patience = 20'000; // milliseconds
 
 constexpr const char *accessible = "org.a11y.atspi.Accessible";
-constexpr const char *action = "org.a11y.atspi.Action";
+constexpr const char *actionInterface = "org.a11y.atspi.Action";
 constexpr const char *component = "org.a11y.atspi.Component";
 constexpr const char *textInterface = "org.a11y.atspi.Text";
+constexpr const char *properties = "org.freedesktop.DBus.Properties";
 constexpr const char *valueInterface = "org.a11y.atspi.Value";
 
 QString line(const AccessibleItem &item)
@@ -58,8 +59,8 @@ QVariantList AccessibleItem::call(const char *interface, const char *method,
 
 QVariant AccessibleItem::property(const char *interface, const char *name) const
 {
-    const QVariantList reply = call("org.freedesktop.DBus.Properties", "Get",
-                                    {QString::fromLatin1(interface), QString::fromLatin1(name)});
+    const QVariantList reply =
+        call(properties, "Get", {QString::fromLatin1(interface), QString::fromLatin1(name)});
     return reply.value(0).value<QDBusVariant>().variant();
 }
 
@@ -122,10 +123,23 @@ QString AccessibleItem::text() const
 QStringList AccessibleItem::actions() const
 {
     QStringList names;
-    const int count = property(action, "NActions").toInt();
+    const int count = property(actionInterface, "NActions").toInt();
     for (int index = 0; index < count; ++index)
-        names << call(action, "GetName", {index}).value(0).toString();
+        names << call(actionInterface, "GetName", {index}).value(0).toString();
     return names;
+}
+
+bool AccessibleItem::act(const QString &action) const
+{
+    const auto index = static_cast<int>(actions().indexOf(action));
+    return index >= 0 && call(actionInterface, "DoAction", {index}).value(0).toBool();
+}
+
+void AccessibleItem::setValue(double value) const
+{
+    call(properties, "Set",
+         {QString::fromLatin1(valueInterface), u"CurrentValue"_s,
+          QVariant::fromValue(QDBusVariant(value))});
 }
 
 QList<AccessibleItem> AccessibleItem::children() const

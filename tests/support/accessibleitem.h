@@ -34,6 +34,7 @@ public:
         progressBar = 42,
         button = 43,
         radioButton = 44,
+        scrollBar = 48,
         slider = 51,
         text = 61,
         unknown = 67,
@@ -87,6 +88,10 @@ public:
 
     /// What can be done with it, by the names that a program uses among programs.
     QStringList actions() const;
+    /// Does what is called so. False when there is no such action or the program does not answer.
+    bool act(const QString &action) const;
+    /// Sets its number, for items that have one.
+    void setValue(double value) const;
 
     QList<AccessibleItem> children() const;
 

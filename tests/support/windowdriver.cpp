@@ -34,6 +34,14 @@ bool canBeWorked(const AccessibleItem &item)
     return !extents.isEmpty() && item.extents() == extents;
 }
 
+QStringList names(const QList<AccessibleItem> &items)
+{
+    QStringList names;
+    for (const AccessibleItem &item : items)
+        names << item.name();
+    return names;
+}
+
 } // namespace
 
 bool WindowDriver::find()
@@ -87,13 +95,16 @@ bool WindowDriver::waitForNo(const AccessibleItem::Condition &condition) const
     return false;
 }
 
+QList<AccessibleItem> WindowDriver::rowsInReadingOrder() const
+{
+    const auto list = application().find(AccessibleItem::named(Role::list, u"Conversion queue"_s));
+    return list ? list->findAll(Role::listItem) : QList<AccessibleItem>();
+}
+
 QList<AccessibleItem> WindowDriver::rows() const
 {
     QList<std::pair<int, AccessibleItem>> rows;
-    const auto list = application().find(AccessibleItem::named(Role::list, u"Conversion queue"_s));
-    if (!list)
-        return {};
-    for (const AccessibleItem &row : list->findAll(Role::listItem))
+    for (const AccessibleItem &row : rowsInReadingOrder())
         rows.emplace_back(row.extents().top(), row);
     std::ranges::stable_sort(rows, {}, [](const auto &row) { return row.first; });
     QList<AccessibleItem> sorted;
@@ -104,10 +115,12 @@ QList<AccessibleItem> WindowDriver::rows() const
 
 QStringList WindowDriver::rowNames() const
 {
-    QStringList names;
-    for (const AccessibleItem &row : rows())
-        names << row.name();
-    return names;
+    return names(rows());
+}
+
+QStringList WindowDriver::rowNamesInReadingOrder() const
+{
+    return names(rowsInReadingOrder());
 }
 
 bool WindowDriver::waitForRows(const QStringList &names) const
@@ -176,6 +189,32 @@ bool WindowDriver::clickInRow(const QString &row, const QString &button) const
                return candidate.role() == Role::button && candidate.name() == button
                       && item->extents().contains(candidate.extents());
            });
+}
+
+bool WindowDriver::act(const QString &action, const AccessibleItem::Condition &condition) const
+{
+    const auto canAct = [&](const AccessibleItem &item) {
+        return condition(item) && item.actions().contains(action);
+    };
+    const auto item = waitFor(canAct);
+    return item && item->act(action);
+}
+
+bool WindowDriver::act(const QString &action, Role role, const QString &name) const
+{
+    return act(action, AccessibleItem::named(role, name));
+}
+
+bool WindowDriver::actInRow(const QString &row, const QString &button) const
+{
+    const auto item = waitFor(AccessibleItem::named(Role::listItem, row));
+    const auto found =
+        item ? item->find(AccessibleItem::named(Role::button, button)) : std::nullopt;
+    if (found && found->act(u"Press"_s))
+        return true;
+    qWarning("The row has no such button, or none that can be pressed:\n%s",
+             item ? qPrintable(describe(*item)) : "");
+    return false;
 }
 
 bool WindowDriver::press(const QString &key) const

@@ -58,6 +58,9 @@ public:
     /// Waits until it says that some of the row's conversion is done and some is not.
     bool waitForProgress(const QString &row) const;
 
+    /// The rows that are shown, in the order in which a screen reader goes through them.
+    QStringList rowNamesInReadingOrder() const;
+
     /// The item that has the keyboard.
     std::optional<AccessibleItem> focused() const;
 
@@ -66,6 +69,13 @@ public:
     bool click(AccessibleItem::Role role, const QString &name) const;
     /// Clicks the button of the row.
     bool clickInRow(const QString &row, const QString &button) const;
+
+    /// Does the action of the item, without the mouse and the keyboard, as soon as the item is
+    /// there and offers it.
+    bool act(const QString &action, const AccessibleItem::Condition &condition) const;
+    bool act(const QString &action, AccessibleItem::Role role, const QString &name) const;
+    /// Does the action "Press" of the button of the row.
+    bool actInRow(const QString &row, const QString &button) const;
 
     /// Presses a key, or several at once as in "ctrl+o", in whatever window has the keyboard.
     bool press(const QString &key) const;
@@ -97,6 +107,7 @@ public:
     bool close() const;
 
 private:
+    QList<AccessibleItem> rowsInReadingOrder() const;
     bool pressUntilClosed(const QString &key, const QString &title) const;
     bool clickAt(const QPoint &place) const;
     // Types into the field that has the keyboard, in place of what is in it.

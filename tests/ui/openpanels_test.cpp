@@ -59,7 +59,7 @@ private Q_SLOTS:
         QFETCH(const QString, title);
         QVERIFY(m_bench->drop({m_folder.path()}));
         QVERIFY(window().waitForRows({u"a.mp4"_s, u"b.mkv"_s}));
-        for (const auto &place : {AccessibleItem::named(Role::radioButton, u"ProRes 422"_s),
+        for (const auto &place : {AccessibleItem::named(Role::radioButton, u"H.264"_s),
                                   AccessibleItem::named(Role::comboBox, u"Audio"_s),
                                   AccessibleItem::named(Role::button, u"Add Videos"_s),
                                   AccessibleItem::named(Role::listItem, u"a.mp4"_s),

@@ -203,23 +203,114 @@ ViewTest {
         compare(goalPicker().displayText, "Constant quality");
     }
 
-    function test_arrowsGoFromCodecToCodec() {
+    function test_arrowsChooseACodec() {
         codecButton("H.264").forceActiveFocus(Qt.TabFocusReason);
-        keyClick(Qt.Key_Up);
-        verify(codecButton("H.264").activeFocus);
-        for (const label of codecs.slice(1)) {
-            keyClick(Qt.Key_Down);
+        const press = (key, label) => {
+            keyClick(key);
             verify(codecButton(label).activeFocus, label);
             compare(all(codecButton(label), FocusRing).length, 1);
+            compare(selectedCodecs(), [label]);
+        };
+        press(Qt.Key_Up, "H.264");
+        for (const label of codecs.slice(1))
+            press(Qt.Key_Down, label);
+        compare(audioPicker().displayText, "PCM (ProRes workflow)");
+        press(Qt.Key_Down, "ProRes 4444");
+        press(Qt.Key_Up, "ProRes 422 HQ");
+        compare(settings.count, 5);
+    }
+
+    function test_tabGoesToTheChosenCodec() {
+        choose("ProRes 422");
+        const name = () => test.Window.window.activeFocusItem.Accessible.name;
+        hardwareSwitch().forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Backtab);
+        compare(name(), "ProRes 422");
+        keyClick(Qt.Key_Tab);
+        compare(name(), "Apple media engine");
+        // Also when another is chosen by something else meanwhile.
+        keyClick(Qt.Key_Backtab);
+        Bench.model.chooseCodec(OutputCodec.H264);
+        hardwareSwitch().forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Backtab);
+        compare(name(), "Encoding goal");
+        keyClick(Qt.Key_Backtab);
+        compare(name(), "H.264");
+    }
+
+    function test_assistiveTechnologyWorksAControlOnce_data() {
+        return [
+            {"tag": "press of a codec", "action": "Press", "item": () => codec("ProRes 422"),
+             "setting": () => Bench.model.codecIndex, "becomes": OutputCodec.ProRes422},
+            {"tag": "toggle of a codec", "action": "Toggle", "item": () => codec("ProRes 422"),
+             "setting": () => Bench.model.codecIndex, "becomes": OutputCodec.ProRes422},
+            {"tag": "press of the switch", "action": "Press", "item": hardwareSwitch,
+             "setting": () => Bench.model.useHardware, "becomes": false},
+            {"tag": "toggle of the switch", "action": "Toggle", "item": hardwareSwitch,
+             "setting": () => Bench.model.useHardware, "becomes": false},
+            {"tag": "increase of the slider", "action": "Increase", "item": slider,
+             "setting": () => Bench.model.quality, "becomes": 77},
+            {"tag": "decrease of the slider", "action": "Decrease", "item": slider,
+             "setting": () => Bench.model.quality, "becomes": 75},
+            {"tag": "value of the slider", "value": 40.5, "item": slider,
+             "setting": () => Bench.model.quality, "becomes": 40.5},
+            {"tag": "value beyond the slider", "value": 1e300, "item": slider,
+             "setting": () => Bench.model.quality, "becomes": 100},
+            {"tag": "value that is no number", "value": NaN, "item": slider,
+             "setting": () => Bench.model.quality, "becomes": 30},
+        ];
+    }
+
+    function codec(label) {
+        return codecButton(label).children[0];
+    }
+
+    function slider() {
+        return one(view, AccentSlider);
+    }
+
+    function test_assistiveTechnologyWorksAControlOnce(data) {
+        Bench.model.goalIndex = EncodingGoal.ConstantQuality;
+        settle();
+        settings.clear();
+        const item = data.item();
+        if (data.action)
+            Assistant.act(item, data.action);
+        else
+            Assistant.setValue(item, data.value);
+        compare(data.setting(), data.becomes);
+        compare(settings.count, 1);
+        // And it still shows what is set by something else.
+        Bench.model.chooseCodec(OutputCodec.H264);
+        Bench.model.quality = 50;
+        Bench.model.useHardware = true;
+        compare(all(view, CodecButton).map(button => button.children[0].checked),
+                [true, false, false, false, false]);
+        settle();
+        compare(slider().value, 50);
+        verify(hardwareSwitch().checked);
+    }
+
+    function test_assistiveTechnologyDoesNotWorkWhatIsDisabled() {
+        Bench.model.goalIndex = EncodingGoal.ConstantQuality;
+        settle();
+        const controls = [codec("ProRes 422"), slider(), hardwareSwitch(), goalPicker()];
+        for (const control of controls)
+            compare(Assistant.description(control), control === goalPicker() ? "Constant quality" : "");
+        view.enabled = false;
+        settings.clear();
+        for (const control of controls) {
+            verify(Assistant.description(control).endsWith("unavailable"));
+            for (const action of ["Press", "Toggle", "Increase", "Decrease"])
+                Assistant.act(control, action);
         }
-        keyClick(Qt.Key_Down);
-        verify(codecButton("ProRes 4444").activeFocus);
-        keyClick(Qt.Key_Up);
-        verify(codecButton("ProRes 422 HQ").activeFocus);
-        // Moving chooses nothing.
+        Assistant.setValue(slider(), 40);
         compare(settings.count, 0);
-        keyClick(Qt.Key_Space);
-        compare(selectedCodecs(), ["ProRes 422 HQ"]);
+        verify(!goalPicker().popup.visible);
+        compare(slider().value, 76);
+        verify(hardwareSwitch().checked);
+        compare(selectedCodecs(), ["H.264"]);
+        verify(codec("H.264").checked && !codec("ProRes 422").checked);
     }
 
     function test_aHeldKeySwitchesOnce_data() {
@@ -299,13 +390,13 @@ ViewTest {
     function test_tabGoesFromTopToBottom() {
         codecButton("H.264").forceActiveFocus(Qt.TabFocusReason);
         const seen = [];
-        for (let i = 0; i < 8; ++i) {
+        for (let i = 0; i < 4; ++i) {
             const item = test.Window.window.activeFocusItem;
             seen.push(item.Accessible.name);
             verify(item.visualFocus);
             keyClick(Qt.Key_Tab);
         }
-        compare(seen, codecs.concat(["Encoding goal", "Apple media engine", "Audio"]));
+        compare(seen, ["H.264", "Encoding goal", "Apple media engine", "Audio"]);
     }
 
     function test_readableInBothSchemes() {

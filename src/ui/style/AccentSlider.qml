@@ -3,12 +3,19 @@
 
 import QtQuick
 import QtQuick.Templates as T
+import Quorvale.Style
 
 // A continuous slider.
 T.Slider {
     id: slider
 
     property ColorScheme scheme: Theme.current
+
+    /// What it shows, brought to the nearer end where it lies outside.
+    required property real setting
+
+    /// The user, by whatever means, wants that to be the setting.
+    signal chosen(value: real)
 
     // What assistive technology reads beside the value.
     readonly property real minimumValue: from
@@ -18,19 +25,30 @@ T.Slider {
     property real keyStep: 1
 
     function moveBy(offset: real) {
-        // An assignment would end what binds the value.
-        stepSize = Math.abs(offset);
-        if (offset > 0)
-            increase();
-        else if (offset < 0)
-            decrease();
-        stepSize = 0;
-        moved();
+        chosen(Math.max(from, Math.min(to, value + offset)));
     }
 
+    function moveWithinReachBy(offset: real) {
+        if (Reach.includes(slider))
+            moveBy(offset);
+    }
+
+    Accessible.description: enabled ? "" : "unavailable"
     focusPolicy: Qt.StrongFocus
     implicitHeight: 20
     implicitWidth: 120
+    value: setting
+    Accessible.onDecreaseAction: moveWithinReachBy(-keyStep)
+    Accessible.onIncreaseAction: moveWithinReachBy(keyStep)
+    // Assistive technology sets the value itself.
+    onValueChanged: {
+        if (value === Math.max(from, Math.min(to, setting)))
+            return;
+        if (Reach.includes(slider))
+            chosen(value);
+        else
+            value = Qt.binding(() => setting);
+    }
 
     Keys.onPressed: event => {
         switch (event.key) {

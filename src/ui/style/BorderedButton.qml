@@ -29,6 +29,8 @@ T.Button {
         lastFocusReason = reason;
     }
 
+    // Qt 6.4 tells assistive technology no state.
+    Accessible.description: enabled ? "" : "unavailable"
     Accessible.name: text
     focusPolicy: Qt.StrongFocus
     font: Theme.body
@@ -37,6 +39,10 @@ T.Button {
     leftPadding: 12
     opacity: enabled ? 1 : 0.45
     rightPadding: 12
+    Accessible.onPressAction: {
+        if (Reach.includes(button))
+            button.clicked();
+    }
     onActiveFocusChanged: {
         if (activeFocus)
             lastFocusReason = focusReason;

@@ -12,7 +12,7 @@ T.ComboBox {
     /// Of the box and of the list.
     property ColorScheme scheme: Theme.current
 
-    Accessible.description: displayText
+    Accessible.description: displayText + (enabled ? "" : ", unavailable")
     Accessible.name: ""
     focusPolicy: Qt.StrongFocus
     font: Theme.body
@@ -21,6 +21,14 @@ T.ComboBox {
     leftPadding: 10
     opacity: enabled ? 1 : 0.45
     rightPadding: 26
+    Accessible.onPressAction: {
+        if (!Reach.includes(box))
+            return;
+        if (box.popup.visible)
+            box.popup.close();
+        else
+            box.popup.open();
+    }
 
     // When the key comes up, as with the space bar: the open list takes that for a choice.
     Keys.onReleased: event => {

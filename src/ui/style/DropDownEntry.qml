@@ -16,6 +16,10 @@ T.ItemDelegate {
     implicitHeight: Theme.controlHeight
     leftPadding: 24
     rightPadding: 8
+    Accessible.onPressAction: {
+        if (Reach.includes(entry))
+            entry.clicked();
+    }
 
     background: Rectangle {
         color: entry.highlighted ? entry.scheme.accentFill : "transparent"

@@ -3,6 +3,7 @@
 
 import QtQuick
 import QtQuick.Templates as T
+import Quorvale.Style
 
 // A command of a menu, with its keyboard shortcut.
 T.MenuItem {
@@ -16,6 +17,10 @@ T.MenuItem {
     implicitWidth: 216
     leftPadding: 10
     rightPadding: 10
+    Accessible.onPressAction: {
+        if (Reach.includes(item))
+            item.action.trigger(item); // which is a click, too
+    }
 
     background: Rectangle {
         color: item.highlighted ? item.scheme.accentFill : "transparent"

@@ -3,6 +3,7 @@
 
 import QtQuick
 import QtQuick.Templates as T
+import Quorvale.Style
 
 // A button without a bezel: whatever it holds is the button.
 T.Button {
@@ -15,11 +16,16 @@ T.Button {
     /// Between the button and the ring.
     property real focusGap: 2
 
+    Accessible.description: enabled ? "" : "unavailable"
     Accessible.name: text
     focusPolicy: Qt.StrongFocus
     font: Theme.body
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    Accessible.onPressAction: {
+        if (Reach.includes(button))
+            button.clicked();
+    }
 
     Keys.forwardTo: PressKeys {
         button: button

@@ -17,12 +17,20 @@ T.Switch {
         toggled();
     }
 
+    function switchOverWithinReach() {
+        if (Reach.includes(control))
+            switchOver();
+    }
+
+    Accessible.description: enabled ? "" : "unavailable"
     Accessible.name: text
     focusPolicy: Qt.StrongFocus
     font: Theme.body
     implicitHeight: Theme.controlHeight
     implicitWidth: implicitContentWidth + 12 + indicator.implicitWidth
     rightPadding: indicator.width + 12
+    Accessible.onPressAction: switchOverWithinReach()
+    Accessible.onToggleAction: switchOverWithinReach()
 
     Keys.forwardTo: PressKeys {
         button: control

@@ -3,6 +3,7 @@
 
 import QtQuick
 import QtQuick.Templates as T
+import Quorvale.Style
 
 // Shows where a view is in its content, as long as there is more of it than fits.
 T.ScrollBar {
@@ -10,12 +11,21 @@ T.ScrollBar {
 
     property ColorScheme scheme: Theme.current
 
+    Accessible.name: "Scroll bar"
     hoverEnabled: true
     implicitWidth: 12
     minimumSize: Math.min(1, 32 / Math.max(1, height))
     padding: 3
     policy: T.ScrollBar.AsNeeded
     visible: size < 1
+    Accessible.onDecreaseAction: {
+        if (Reach.includes(bar))
+            decrease();
+    }
+    Accessible.onIncreaseAction: {
+        if (Reach.includes(bar))
+            increase();
+    }
 
     contentItem: Rectangle {
         color: bar.scheme.tertiary
