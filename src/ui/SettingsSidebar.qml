@@ -61,6 +61,8 @@ FocusScope {
                     label: modelData
                     selected: sidebar.model.codecIndex === codec
                     Keys.onDownPressed: sidebar.chooseCodec(codecs.itemAt(index + 1))
+                    Keys.onLeftPressed: sidebar.chooseCodec(codecs.itemAt(index - 1))
+                    Keys.onRightPressed: sidebar.chooseCodec(codecs.itemAt(index + 1))
                     Keys.onUpPressed: sidebar.chooseCodec(codecs.itemAt(index - 1))
                     onAction: sidebar.model.chooseCodec(codec)
                 }

@@ -203,7 +203,14 @@ ViewTest {
         compare(goalPicker().displayText, "Constant quality");
     }
 
-    function test_arrowsChooseACodec() {
+    function test_arrowsChooseACodec_data() {
+        return [
+            {"tag": "up and down", "next": Qt.Key_Down, "previous": Qt.Key_Up},
+            {"tag": "left and right", "next": Qt.Key_Right, "previous": Qt.Key_Left}
+        ];
+    }
+
+    function test_arrowsChooseACodec(data) {
         codecButton("H.264").forceActiveFocus(Qt.TabFocusReason);
         const press = (key, label) => {
             keyClick(key);
@@ -211,12 +218,12 @@ ViewTest {
             compare(all(codecButton(label), FocusRing).length, 1);
             compare(selectedCodecs(), [label]);
         };
-        press(Qt.Key_Up, "H.264");
+        press(data.previous, "H.264");
         for (const label of codecs.slice(1))
-            press(Qt.Key_Down, label);
+            press(data.next, label);
         compare(audioPicker().displayText, "PCM (ProRes workflow)");
-        press(Qt.Key_Down, "ProRes 4444");
-        press(Qt.Key_Up, "ProRes 422 HQ");
+        press(data.next, "ProRes 4444");
+        press(data.previous, "ProRes 422 HQ");
         compare(settings.count, 5);
     }
 
