@@ -202,22 +202,6 @@ private Q_SLOTS:
         QVERIFY(convert().message.endsWith(u"\nConversion failed!"_s));
     }
 
-    void aBitrateThatCannotBeRightFailsBeforeTheEncoder()
-    {
-        m_tools->setScript(u"ffprobe"_s, Script().out(R"({"format": {"duration": "10.0"},
-            "streams": [{"codec_type": "video", "bit_rate": "4899916392297398272"}]})"));
-        script(Script());
-        const ConversionEnd end = convert();
-        QVERIFY(!end.ffmpegError);
-        QVERIFY2(end.message.contains(u"4899916392297398272"_s), qPrintable(end.message));
-        QVERIFY(m_tools->runs(u"ffmpeg"_s).isEmpty());
-        // Where quality decides, it plays no part.
-        ConversionSettings settings;
-        settings.goal = EncodingGoal::constantQuality;
-        QVERIFY(endOf(m_service.convert(source, destination(), settings, m_progress->handler()))
-                    .isSuccess());
-    }
-
     void withoutFFmpegNothingIsTouched()
     {
         m_tools->removeTool(u"ffmpeg"_s);
