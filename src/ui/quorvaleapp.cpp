@@ -4,9 +4,7 @@
 #include "quorvaleapp.h"
 
 #include "controller/converterviewmodel.h"
-#include "controller/platform/desktopfilemanager.h"
-#include "controller/platform/dialogpanel.h"
-#include "controller/platform/portalpanel.h"
+#include "desktop/desktop.h"
 
 #include <QGuiApplication>
 #include <QIcon>
@@ -16,10 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace quorvale {
 
-QuorvaleApp::QuorvaleApp()
-    : m_model(
-        ConverterViewModel::create(std::make_unique<PortalPanel>(std::make_unique<DialogPanel>()),
-                                   std::make_unique<DesktopFileManager>()))
+QuorvaleApp::QuorvaleApp() : m_model(ConverterViewModel::create(makeOpenPanel(), makeFileManager()))
 {
     // By this name a desktop finds the entry of its menu, and with that the icon, too.
     QGuiApplication::setDesktopFileName(u"quorvale"_s);

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
-#include "controller/platform/portalpanel.h"
+#include "desktop/portalpanel.h"
 #include "support/patience.h"
 #include "support/privatebus.h"
 #include "support/recordedpanel.h"

@@ -1,17 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
-#include "systemlook.h"
+#include "appearanceportal.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusMetaType>
 #include <QDBusPendingReply>
 #include <QDBusServiceWatcher>
-#include <QEvent>
-#include <QFontDatabase>
-#include <QGuiApplication>
-#include <QPalette>
 
 using namespace Qt::StringLiterals;
 
@@ -25,38 +21,21 @@ constexpr auto settingsInterface = "org.freedesktop.portal.Settings"_L1;
 constexpr auto appearance = "org.freedesktop.appearance"_L1;
 constexpr auto colorSchemeKey = "color-scheme"_L1;
 
+// By the setting's values of which it is known what they mean.
+std::optional<bool> preference(uint colorScheme)
+{
+    constexpr uint prefersDark = 1;
+    constexpr uint prefersLight = 2;
+    if (colorScheme == prefersDark)
+        return true;
+    if (colorScheme == prefersLight)
+        return false;
+    return std::nullopt;
+}
+
 } // namespace
 
-SystemLook::SystemLook(QObject *parent) : QObject(parent)
-{
-    QCoreApplication::instance()->installEventFilter(this);
-    followPreference();
-}
-
-QColor SystemLook::window() const
-{
-    return QGuiApplication::palette().color(QPalette::Active, QPalette::Window);
-}
-
-bool SystemLook::isWindowDark() const
-{
-    return window().lightnessF() < 0.5F;
-}
-
-QString SystemLook::fixedFamily() const
-{
-    return QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
-}
-
-bool SystemLook::eventFilter(QObject *watched, QEvent *event)
-{
-    if (event->type() == QEvent::ApplicationPaletteChange
-        && watched == QCoreApplication::instance())
-        Q_EMIT changed();
-    return QObject::eventFilter(watched, event);
-}
-
-void SystemLook::followPreference()
+AppearancePortal::AppearancePortal(QObject *parent) : QObject(parent)
 {
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
@@ -69,11 +48,11 @@ void SystemLook::followPreference()
     // What a portal says that comes later or again may be something else.
     auto *watcher =
         new QDBusServiceWatcher(portal, bus, QDBusServiceWatcher::WatchForRegistration, this);
-    connect(watcher, &QDBusServiceWatcher::serviceRegistered, this, &SystemLook::askForPreference);
-    askForPreference();
+    connect(watcher, &QDBusServiceWatcher::serviceRegistered, this, &AppearancePortal::ask);
+    ask();
 }
 
-void SystemLook::askForPreference()
+void AppearancePortal::ask()
 {
     QDBusMessage question =
         QDBusMessage::createMethodCall(portal, portalPath, settingsInterface, u"Read"_s);
@@ -89,7 +68,8 @@ void SystemLook::askForPreference()
     });
 }
 
-void SystemLook::readSetting(const QString &group, const QString &key, const QDBusVariant &value)
+void AppearancePortal::readSetting(const QString &group, const QString &key,
+                                   const QDBusVariant &value)
 {
     if (group != appearance || key != colorSchemeKey)
         return;
@@ -99,20 +79,7 @@ void SystemLook::readSetting(const QString &group, const QString &key, const QDB
     bool isNumber = false;
     const uint colorScheme = content.toUInt(&isNumber);
     if (isNumber)
-        setPreference(colorScheme);
-}
-
-void SystemLook::setPreference(uint colorScheme)
-{
-    constexpr uint prefersDark = 1;
-    constexpr uint prefersLight = 2;
-    if (colorScheme == prefersDark)
-        m_prefersDark = true;
-    else if (colorScheme == prefersLight)
-        m_prefersDark = false;
-    else
-        m_prefersDark.reset();
-    Q_EMIT changed();
+        Q_EMIT prefersDark(preference(colorScheme));
 }
 
 } // namespace quorvale

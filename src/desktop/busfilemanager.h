@@ -12,17 +12,15 @@
 
 namespace quorvale {
 
-/// The file manager of the desktop that the program runs on: the one that offers
-/// org.freedesktop.FileManager1 on the session bus (the file manager D-Bus interface of
-/// freedesktop.org). Where none answers, the folder's parent is opened with whatever opens folders,
-/// which is the Finder on macOS.
-class DesktopFileManager : public FileManager
+/// The file manager that offers org.freedesktop.FileManager1 on the session bus (the file manager
+/// D-Bus interface of freedesktop.org). Where none answers, a FolderOpener steps in.
+class BusFileManager : public FileManager
 {
 public:
     /// `bus` is asked for the session bus at each use; what does not answer in `patience`, which is
     /// long enough for a file manager that is started first, counts as absent.
-    explicit DesktopFileManager(std::function<QDBusConnection()> bus = QDBusConnection::sessionBus,
-                                std::chrono::milliseconds patience = std::chrono::seconds(15));
+    explicit BusFileManager(std::function<QDBusConnection()> bus = QDBusConnection::sessionBus,
+                            std::chrono::milliseconds patience = std::chrono::seconds(15));
 
     void reveal(const QUrl &folder) override;
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
-#include "controller/platform/dialogpanel.h"
+#include "desktop/dialogpanel.h"
 #include "support/filetree.h"
 
 #include <QAbstractItemView>

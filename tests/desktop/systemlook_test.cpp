@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
-#include "systemlook.h"
+#include "desktop/systemlook.h"
 
 #include "support/patience.h"
 #include "support/privatebus.h"

@@ -1,12 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
-#include "desktopfilemanager.h"
+#include "busfilemanager.h"
+
+#include "folderopener.h"
 
 #include <QCoreApplication>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
-#include <QDesktopServices>
 
 #include <utility>
 
@@ -14,32 +15,18 @@ using namespace Qt::StringLiterals;
 
 namespace quorvale {
 
-namespace {
-
-void openParentOf(const QUrl &folder)
-{
-    const QUrl parent = folder.adjusted(QUrl::RemoveFilename);
-    // The root has no other name than its slash; strip others, for handlers that compare paths.
-    QDesktopServices::openUrl(parent.adjusted(QUrl::StripTrailingSlash));
-}
-
-} // namespace
-
-DesktopFileManager::DesktopFileManager(std::function<QDBusConnection()> bus,
-                                       std::chrono::milliseconds patience)
+BusFileManager::BusFileManager(std::function<QDBusConnection()> bus,
+                               std::chrono::milliseconds patience)
     : m_bus(std::move(bus)), m_patience(patience)
 {
 }
 
-void DesktopFileManager::reveal(const QUrl &folder)
+void BusFileManager::reveal(const QUrl &folder)
 {
     const QUrl item = folder.adjusted(QUrl::StripTrailingSlash);
-#ifdef Q_OS_MACOS
-    openParentOf(item);
-#else
     const QDBusConnection bus = m_bus();
     if (!bus.isConnected())
-        return openParentOf(item);
+        return FolderOpener().reveal(item);
 
     QDBusMessage request = QDBusMessage::createMethodCall(
         u"org.freedesktop.FileManager1"_s, u"/org/freedesktop/FileManager1"_s,
@@ -50,10 +37,9 @@ void DesktopFileManager::reveal(const QUrl &folder)
     auto *answer = new QDBusPendingCallWatcher(call, QCoreApplication::instance());
     QObject::connect(answer, &QDBusPendingCallWatcher::finished, answer, [answer, item] {
         if (answer->isError())
-            openParentOf(item);
+            FolderOpener().reveal(item);
         answer->deleteLater();
     });
-#endif
 }
 
 } // namespace quorvale

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
-#include "controller/platform/desktopfilemanager.h"
+#include "desktop/busfilemanager.h"
 #include "support/patience.h"
 #include "support/privatebus.h"
 #include "support/standinservice.h"
@@ -30,7 +30,7 @@ public:
 
 } // namespace
 
-class DesktopFileManagerTest : public QObject
+class BusFileManagerTest : public QObject
 {
     Q_OBJECT
 
@@ -76,7 +76,7 @@ private Q_SLOTS:
 
     void opensTheParentWhenThereIsNoBus()
     {
-        DesktopFileManager files([] { return QDBusConnection(u"no such bus"_s); });
+        BusFileManager files([] { return QDBusConnection(u"no such bus"_s); });
         files.reveal(QUrl::fromLocalFile(u"/videos/50% out"_s));
         QCOMPARE(m_opened, QList{QUrl::fromLocalFile(u"/videos"_s)});
     }
@@ -125,14 +125,14 @@ public Q_SLOTS:
     void open(const QUrl &url) { m_opened << url; }
 
 private:
-    DesktopFileManager make(std::chrono::milliseconds patience = 15s) const
+    BusFileManager make(std::chrono::milliseconds patience = 15s) const
     {
-        return DesktopFileManager([this] { return m_bus->connection(u"program"_s); }, patience);
+        return BusFileManager([this] { return m_bus->connection(u"program"_s); }, patience);
     }
 
     std::unique_ptr<PrivateBus> m_bus;
     QList<QUrl> m_opened;
 };
 
-QTEST_MAIN(DesktopFileManagerTest)
-#include "desktopfilemanager_test.moc"
+QTEST_MAIN(BusFileManagerTest)
+#include "busfilemanager_test.moc"

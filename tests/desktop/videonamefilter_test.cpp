@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
-#include "controller/platform/videonamefilter.h"
+#include "desktop/videonamefilter.h"
 #include "service/ffmpegservice.h"
 
 #include <QRegularExpression>

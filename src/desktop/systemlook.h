@@ -4,9 +4,7 @@
 #pragma once
 
 #include <QColor>
-#include <QDBusVariant>
 #include <QObject>
-#include <QtQmlIntegration>
 
 #include <optional>
 
@@ -16,11 +14,8 @@ namespace quorvale {
 class SystemLook : public QObject
 {
     Q_OBJECT
-    QML_ELEMENT
-    QML_SINGLETON
-    /// Whether the user wants dark windows: what the desktop's settings say (the "color-scheme" of
-    /// "org.freedesktop.appearance" in the settings portal of the XDG desktop portals) and, where
-    /// they say nothing, whether the palette is dark.
+    /// Whether the user wants dark windows: what the desktop's settings say and, where they say
+    /// nothing, whether the palette is dark.
     Q_PROPERTY(bool isDark READ isDark NOTIFY changed)
     /// The palette's colour of windows. Light although isDark says true, or the other way round,
     /// when the desktop has given the palette no colours to go with its settings.
@@ -41,14 +36,7 @@ public:
 Q_SIGNALS:
     void changed();
 
-private Q_SLOTS:
-    void readSetting(const QString &group, const QString &key, const QDBusVariant &value);
-
 private:
-    void followPreference();
-    void askForPreference();
-    void setPreference(uint colorScheme);
-
     std::optional<bool> m_prefersDark;
 };
 
