@@ -3,36 +3,15 @@
 
 #include "joblistmodel.h"
 
-#include "model/failurereason.h"
-#include "model/filename.h"
-#include "model/filepath.h"
+#include "shownjob.h"
 
 #include <algorithm>
 #include <span>
 #include <utility>
 
-using namespace Qt::StringLiterals;
-
 namespace quorvale {
 
 namespace {
-
-QString stateWord(const JobState &state)
-{
-    switch (state.kind()) {
-    case JobState::Case::waiting:
-        return u"Ready"_s;
-    case JobState::Case::converting:
-        return u"Converting"_s;
-    case JobState::Case::completed:
-        return u"Complete"_s;
-    case JobState::Case::failed:
-        return u"Failed"_s;
-    case JobState::Case::cancelled:
-        return u"Cancelled"_s;
-    }
-    Q_UNREACHABLE();
-}
 
 int countCompleted(std::span<const ConversionJob> jobs)
 {
@@ -205,8 +184,7 @@ void JobListModel::setState(const QUuid &id, const JobState &state)
         m_completedCount -= countCompleted({&job, 1});
         job.state = state;
         m_completedCount += countCompleted({&job, 1});
-        announce(*row, {StateWordRole, IsInProgressRole, IsCompletedRole, HasFailedRole,
-                        FailureRole, FailureReasonRole});
+        announce(*row, JobRole);
     }
 }
 
@@ -214,14 +192,14 @@ void JobListModel::setProgress(const QUuid &id, double progress)
 {
     if (const auto row = rowOf(id)) {
         m_jobs[*row].progress = progress;
-        announce(*row, {ProgressRole});
+        announce(*row, ProgressRole);
     }
 }
 
-void JobListModel::announce(qsizetype row, const QList<int> &roles)
+void JobListModel::announce(qsizetype row, Role role)
 {
     const QModelIndex changedRow = index(static_cast<int>(row));
-    Q_EMIT dataChanged(changedRow, changedRow, roles);
+    Q_EMIT dataChanged(changedRow, changedRow, {role});
     Q_EMIT changed();
 }
 
@@ -236,29 +214,10 @@ QVariant JobListModel::data(const QModelIndex &index, int role) const
         return {};
     const ConversionJob &job = m_jobs[index.row()];
     switch (role) {
-    case Qt::DisplayRole:
-    case FileNameRole:
-        return shownPath(lastPathComponent(filePath(job.source())));
-    case IdRole:
-        return QVariant::fromValue(job.id());
-    case SourcePathRole:
-        return shownPath(filePath(job.source()));
-    case FolderNameRole:
-        return shownPath(folderName(filePath(job.source())));
-    case StateWordRole:
-        return stateWord(job.state);
-    case IsInProgressRole:
-        return job.state.is(JobState::Case::converting);
-    case IsCompletedRole:
-        return job.state.is(JobState::Case::completed);
-    case HasFailedRole:
-        return job.state.is(JobState::Case::failed);
+    case JobRole:
+        return QVariant::fromValue(ShownJob(job));
     case ProgressRole:
         return job.progress;
-    case FailureRole:
-        return job.state.message();
-    case FailureReasonRole:
-        return failureReason(job.state.message());
     default:
         return {};
     }
@@ -266,19 +225,7 @@ QVariant JobListModel::data(const QModelIndex &index, int role) const
 
 QHash<int, QByteArray> JobListModel::roleNames() const
 {
-    return {
-        {IdRole, "jobId"},
-        {FileNameRole, "fileName"},
-        {SourcePathRole, "sourcePath"},
-        {FolderNameRole, "folderName"},
-        {StateWordRole, "stateWord"},
-        {IsInProgressRole, "isInProgress"},
-        {IsCompletedRole, "isCompleted"},
-        {HasFailedRole, "hasFailed"},
-        {ProgressRole, "progress"},
-        {FailureRole, "failure"},
-        {FailureReasonRole, "failureReason"},
-    };
+    return {{JobRole, "job"}, {ProgressRole, "progress"}};
 }
 
 } // namespace quorvale

@@ -24,17 +24,8 @@ class JobListModel : public QAbstractListModel
 
 public:
     enum Role {
-        IdRole = Qt::UserRole, ///< QUuid
-        FileNameRole,          ///< the source's name with its extension
-        SourcePathRole,        ///< the source's full local path
-        FolderNameRole,        ///< the name of the folder that holds the source, "/" for the root
-        StateWordRole,         ///< the state in a word for the user
-        IsInProgressRole,      ///< whether the job is being converted
-        IsCompletedRole,       ///< whether the job was converted
-        HasFailedRole,         ///< whether the job failed
-        ProgressRole,          ///< fraction done, as the encoder reports it
-        FailureRole,       ///< the whole message of a job that failed; empty in every other state
-        FailureReasonRole, ///< the message from where it says why
+        JobRole = Qt::UserRole, ///< ShownJob
+        ProgressRole,           ///< fraction done, as the encoder reports it
     };
 
     using QAbstractListModel::QAbstractListModel;
@@ -93,7 +84,7 @@ private:
     void removeRun(qsizetype first, qsizetype count);
     bool moveRun(qsizetype first, qsizetype count, qsizetype destination);
     void forgetRows() { m_knowsRows = false; }
-    void announce(qsizetype row, const QList<int> &roles);
+    void announce(qsizetype row, Role role);
 
     QList<ConversionJob> m_jobs;
     int m_completedCount = 0;

@@ -11,8 +11,7 @@ RowLayout {
     id: controls
 
     required property ConverterViewModel model
-    required property var jobId
-    required property bool isCompleted
+    required property shownJob job
     /// Whether the row is the one that the keyboard works on.
     required property bool isCurrent
 
@@ -32,11 +31,11 @@ RowLayout {
         symbolColor: Theme.current.green
         symbolSize: 18
         text: "Queue this video again"
-        visible: controls.isCompleted
+        visible: controls.job.isCompleted
         onClicked: {
             const hadFocus = activeFocus;
             const reason = focusReason;
-            controls.model.requeue(controls.jobId);
+            controls.model.requeue(controls.job.id);
             // It has gone, and the keyboard stays with the row.
             if (hadFocus)
                 up.forceActiveFocus(reason);
@@ -45,7 +44,7 @@ RowLayout {
 
     RowLayout {
         spacing: 2
-        visible: !controls.isCompleted
+        visible: !controls.job.isCompleted
 
         SymbolButton {
             id: up
@@ -55,7 +54,7 @@ RowLayout {
             symbol: Symbol.ChevronUp
             symbolColor: Theme.current.secondary
             text: "Move up"
-            onClicked: controls.model.moveJob(controls.jobId, -1)
+            onClicked: controls.model.moveJob(controls.job.id, -1)
         }
 
         SymbolButton {
@@ -66,7 +65,7 @@ RowLayout {
             symbol: Symbol.ChevronDown
             symbolColor: Theme.current.secondary
             text: "Move down"
-            onClicked: controls.model.moveJob(controls.jobId, 1)
+            onClicked: controls.model.moveJob(controls.job.id, 1)
         }
     }
 
@@ -79,7 +78,7 @@ RowLayout {
         symbolColor: Theme.current.secondarySymbol
         symbolOpacity: 0.7
         text: "Remove from queue"
-        visible: !controls.isCompleted
-        onClicked: controls.model.remove(controls.jobId)
+        visible: !controls.job.isCompleted
+        onClicked: controls.model.remove(controls.job.id)
     }
 }

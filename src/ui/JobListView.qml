@@ -32,8 +32,8 @@ ListView {
 
     Keys.onPressed: event => {
         const row = currentItem as JobRow;
-        if (event.matches(StandardKey.Copy) && row && row.hasFailed) {
-            Clipboard.copy(row.failure);
+        if (event.matches(StandardKey.Copy) && row && row.job.hasFailed) {
+            Clipboard.copy(row.job.failure);
             event.accepted = true;
             return;
         }

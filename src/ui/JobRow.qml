@@ -11,17 +11,8 @@ Item {
     id: row
 
     required property ConverterViewModel model
-    required property var jobId
-    required property string fileName
-    required property string folderName
-    required property string sourcePath
-    required property string stateWord
+    required property shownJob job
     required property double progress
-    required property bool isInProgress
-    required property bool isCompleted
-    required property bool hasFailed
-    required property string failure
-    required property string failureReason
 
     /// Whether the row is the one that the keyboard works on.
     property bool isCurrent: false
@@ -32,14 +23,10 @@ Item {
     property bool glides: false
 
     readonly property int percentage: Math.trunc(progress * 100)
-    readonly property color stateColor: isInProgress ? Theme.current.accent
-                                      : isCompleted ? Theme.current.green
-                                      : hasFailed ? Theme.current.red : Theme.current.secondary
-
-    Accessible.description: folderName + ", " + stateWord
-                            + (isInProgress ? " " + percentage + "%" : "")
-                            + (hasFailed ? ", " + failureReason : "")
-    Accessible.name: fileName
+    Accessible.description: job.folderName + ", " + job.stateWord
+                            + (job.isInProgress ? " " + percentage + "%" : "")
+                            + (job.hasFailed ? ", " + job.failureReason : "")
+    Accessible.name: job.fileName
     Accessible.role: Accessible.ListItem
     // Until the focus has gone, too: it must not be taken from an item that has it.
     activeFocusOnTab: isCurrent || activeFocus
@@ -120,24 +107,15 @@ Item {
 
         JobText {
             Layout.fillWidth: true
-            failure: row.failure
-            failureReason: row.failureReason
-            fileName: row.fileName
-            folderName: row.folderName
-            hasFailed: row.hasFailed
-            isInProgress: row.isInProgress
+            job: row.job
             progress: row.progress
-            sourcePath: row.sourcePath
-            stateColor: row.stateColor
-            stateWord: row.stateWord
         }
 
         JobControls {
-            isCompleted: row.isCompleted
             isCurrent: row.isCurrent
-            jobId: row.jobId
+            job: row.job
             model: row.model
-            visible: !row.isInProgress
+            visible: !row.job.isInProgress
         }
     }
 }

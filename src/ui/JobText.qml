@@ -3,22 +3,15 @@
 
 import QtQuick
 import QtQuick.Layouts
+import Quorvale
 import Quorvale.Style
 
 // What a row says about its job.
 ColumnLayout {
     id: column
 
-    required property string fileName
-    required property string folderName
-    required property string sourcePath
-    required property string stateWord
-    required property color stateColor
+    required property shownJob job
     required property double progress
-    required property bool isInProgress
-    required property bool hasFailed
-    required property string failure
-    required property string failureReason
 
     spacing: 6
 
@@ -29,7 +22,7 @@ ColumnLayout {
         elide: Text.ElideMiddle
         font: Theme.bodyMedium
         maximumLineCount: 1
-        text: column.fileName
+        text: column.job.fileName
     }
 
     RowLayout {
@@ -44,10 +37,10 @@ ColumnLayout {
             elide: Text.ElideMiddle
             font: Theme.caption
             maximumLineCount: 1
-            text: column.folderName
+            text: column.job.folderName
 
             HoverTip {
-                text: column.sourcePath
+                text: column.job.sourcePath
             }
         }
 
@@ -60,9 +53,11 @@ ColumnLayout {
 
         TextLine {
             Accessible.ignored: true
-            color: column.stateColor
+            color: column.job.isInProgress ? Theme.current.accent
+                 : column.job.isCompleted ? Theme.current.green
+                 : column.job.hasFailed ? Theme.current.red : Theme.current.secondary
             font: Theme.caption
-            text: column.stateWord
+            text: column.job.stateWord
         }
 
         Item {
@@ -71,10 +66,10 @@ ColumnLayout {
     }
 
     ProgressLine {
-        Accessible.name: "Progress of " + column.fileName
+        Accessible.name: "Progress of " + column.job.fileName
         Layout.fillWidth: true
         value: column.progress
-        visible: column.isInProgress
+        visible: column.job.isInProgress
     }
 
     ElidedLine {
@@ -84,9 +79,9 @@ ColumnLayout {
         elide: Text.ElideRight
         font: Theme.caption2
         maximumLineCount: 2
-        text: column.failureReason
-        visible: column.hasFailed
-        whole: column.failure
+        text: column.job.failureReason
+        visible: column.job.hasFailed
+        whole: column.job.failure
         wrapMode: Text.Wrap
     }
 }

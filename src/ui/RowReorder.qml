@@ -49,19 +49,10 @@ Item {
         pointerY = position.y;
         picture = pictureOf.createObject(reorder, {
             "model": item.model,
-            "jobId": item.jobId,
-            "fileName": item.fileName,
-            "folderName": item.folderName,
-            "sourcePath": item.sourcePath,
-            "stateWord": item.stateWord,
+            "job": item.job,
             "progress": item.progress,
-            "isInProgress": item.isInProgress,
-            "isCompleted": item.isCompleted,
-            "hasFailed": item.hasFailed,
-            "failure": item.failure,
-            "failureReason": item.failureReason,
         });
-        jobId = item.jobId;
+        jobId = item.job.id;
         glides = true;
         to = row;
         from = row;

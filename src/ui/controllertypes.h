@@ -5,8 +5,9 @@
 
 #include "controller/converterviewmodel.h"
 #include "controller/joblistmodel.h"
+#include "controller/shownjob.h"
 
-#include <QtQml>
+#include <QtQml/qqml.h>
 
 // The controller's types as QML sees them. Declared here so that the controller knows no QML.
 
@@ -26,6 +27,21 @@ struct JobListModelType
     QML_FOREIGN(quorvale::JobListModel)
     QML_NAMED_ELEMENT(JobListModel)
     QML_UNCREATABLE("It belongs to the controller.")
+};
+
+// The identity of a job, which QML only passes on.
+struct JobIdType
+{
+    Q_GADGET
+    QML_FOREIGN(QUuid)
+    QML_ANONYMOUS
+};
+
+struct ShownJobType
+{
+    Q_GADGET
+    QML_FOREIGN(quorvale::ShownJob)
+    QML_VALUE_TYPE(shownJob)
 };
 
 } // namespace quorvale

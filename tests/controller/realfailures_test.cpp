@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "controller/converterviewmodel.h"
+#include "controller/shownjob.h"
 #include "support/clips.h"
 #include "support/conversionbench.h"
 #include "support/permissions.h"
@@ -103,8 +104,7 @@ private Q_SLOTS:
 private:
     static QString reason(const ConversionBench &bench)
     {
-        const JobListModel &jobs = *bench.controller().jobModel();
-        return jobs.data(jobs.index(0), JobListModel::FailureReasonRole).toString();
+        return ShownJob(bench.controller().jobs().first()).failureReason();
     }
 
     static QString firstLine(const ConversionBench &bench)

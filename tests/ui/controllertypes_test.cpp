@@ -65,10 +65,7 @@ private Q_SLOTS:
                           "    readonly property Instantiator rows: Instantiator {\n"
                           "        model: root.model.jobs\n"
                           "        delegate: QtObject {\n"
-                          "            required property var jobId\n"
-                          "            required property string sourcePath\n"
-                          "            required property bool isCompleted\n"
-                          "            required property bool hasFailed\n"
+                          "            required property shownJob job\n"
                           "        }\n"
                           "    }\n"
                           "    id: root\n"
@@ -89,12 +86,12 @@ private Q_SLOTS:
     void takesTheIdThatARowShows()
     {
         addClips(3);
-        run(u"model.moveJob(rows.objectAt(0).jobId, 2)"_s);
+        run(u"model.moveJob(rows.objectAt(0).job.id, 2)"_s);
         QCOMPARE(order(), u"1 2 0"_s);
-        run(u"model.moveJob(rows.objectAt(2).jobId, -1)"_s);
+        run(u"model.moveJob(rows.objectAt(2).job.id, -1)"_s);
         QCOMPARE(order(), u"1 0 2"_s);
-        run(u"model.requeue(rows.objectAt(2).jobId)"_s);
-        run(u"model.remove(rows.objectAt(1).jobId)"_s);
+        run(u"model.requeue(rows.objectAt(2).job.id)"_s);
+        run(u"model.remove(rows.objectAt(1).job.id)"_s);
         QCOMPARE(order(), u"1 2"_s);
         run(u"model.clearCompleted()"_s);
         QCOMPARE(order(), u"1 2"_s);
@@ -112,9 +109,9 @@ private Q_SLOTS:
     void showsWhatARowNeeds()
     {
         addClips(1);
-        QCOMPARE(run(u"rows.objectAt(0).sourcePath"_s), u"/videos/0.mp4"_s);
-        QCOMPARE(run(u"rows.objectAt(0).isCompleted"_s), false);
-        QCOMPARE(run(u"rows.objectAt(0).hasFailed"_s), false);
+        QCOMPARE(run(u"rows.objectAt(0).job.sourcePath"_s), u"/videos/0.mp4"_s);
+        QCOMPARE(run(u"rows.objectAt(0).job.isCompleted"_s), false);
+        QCOMPARE(run(u"rows.objectAt(0).job.hasFailed"_s), false);
     }
 
     void writesTheSettings()

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "controller/converterviewmodel.h"
+#include "controller/shownjob.h"
 #include "support/recordedfilemanager.h"
 #include "support/standintools.h"
 
@@ -119,6 +120,13 @@ private Q_SLOTS:
 private:
     const QString folder = u":/qt/qml/Quorvale/"_s;
 
+    static ConversionJob failedJob()
+    {
+        ConversionJob job(QUrl::fromLocalFile(u"/videos/a.mp4"_s));
+        job.state = JobState::failed(u"It failed."_s);
+        return job;
+    }
+
     // Gives the component those of the values that it has properties for.
     static std::unique_ptr<QObject> create(QQmlComponent &component, ConverterViewModel &model,
                                            QQuickWindow &stage)
@@ -126,18 +134,8 @@ private:
         QVariantMap taken{
             {u"model"_s, QVariant::fromValue(&model)},
             {u"parent"_s, QVariant::fromValue(stage.contentItem())},
-            {u"fileName"_s, u"a.mp4"_s},
-            {u"folderName"_s, u"videos"_s},
-            {u"stateWord"_s, u"Failed"_s},
+            {u"job"_s, QVariant::fromValue(ShownJob(failedJob()))},
             {u"progress"_s, 0.5},
-            {u"isInProgress"_s, true},
-            {u"failure"_s, u"It failed."_s},
-            {u"failureReason"_s, u"It failed."_s},
-            {u"sourcePath"_s, u"/videos/a.mp4"_s},
-            {u"stateColor"_s, u"red"_s},
-            {u"isCompleted"_s, false},
-            {u"hasFailed"_s, true},
-            {u"jobId"_s, QVariant::fromValue(QUuid::createUuid())},
             {u"isCurrent"_s, false},
             {u"codec"_s, 0},
             {u"label"_s, u"H.264"_s},

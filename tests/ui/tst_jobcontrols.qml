@@ -42,7 +42,7 @@ ViewTest {
     }
 
     function row(fileName) {
-        return one(view, JobRow, row => row.fileName === fileName);
+        return one(view, JobRow, row => row.job.fileName === fileName);
     }
 
     function button(fileName, text) {

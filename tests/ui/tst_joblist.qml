@@ -31,7 +31,7 @@ ViewTest {
     }
 
     function row(fileName) {
-        const found = rows().filter(row => row.fileName === fileName);
+        const found = rows().filter(row => row.job.fileName === fileName);
         compare(found.length, 1);
         return found[0];
     }
@@ -69,7 +69,7 @@ ViewTest {
     function test_rowsInTheOrderOfTheQueue() {
         Bench.queue(["c.mp4", "a.mp4", "b.mp4"]);
         show(lists);
-        compare(rows().map(row => row.fileName), ["c.mp4", "a.mp4", "b.mp4"]);
+        compare(rows().map(row => row.job.fileName), ["c.mp4", "a.mp4", "b.mp4"]);
         compare(all(view, JobRow).length, 3);
         compare(gapBelow(rows()[0], rows()[1]), 0);
         compare(list().orientation, ListView.Vertical);
@@ -127,11 +127,11 @@ ViewTest {
         Bench.willBeCancelled();
         verify(Bench.goOn());
         compare(rows(), [a, b, c, d]);
-        compare(rows().map(row => row.stateWord), ["Complete", "Failed", "Cancelled", "Ready"]);
-        Bench.model.remove(b.jobId);
+        compare(rows().map(row => row.job.stateWord), ["Complete", "Failed", "Cancelled", "Ready"]);
+        Bench.model.remove(b.job.id);
         settle();
         compare(rows(), [a, c, d]);
-        Bench.model.moveJob(d.jobId, -2);
+        Bench.model.moveJob(d.job.id, -2);
         settle();
         compare(rows(), [d, a, c]);
         Bench.queue(["e.mp4"]);
@@ -153,7 +153,7 @@ ViewTest {
         verify(Bench.goOn());
         settle();
         compare(list().contentY, 2000);
-        Bench.model.remove(row("clip41.mov").jobId);
+        Bench.model.remove(row("clip41.mov").job.id);
         settle();
         compare(area(seen).y, y);
         Bench.queue(["last.mp4"]);
@@ -165,7 +165,7 @@ ViewTest {
     function test_whatIsSeenStaysWhenRowsAboveItGo() {
         Bench.queueMany(200);
         show(lists);
-        const first = row("clip1.mov").jobId;
+        const first = row("clip1.mov").job.id;
         list().contentY = 2000;
         settle();
         const seen = row("clip40.mov");
@@ -193,7 +193,7 @@ ViewTest {
         verify(remove.activeFocus);
         // At least to its row when rows above it go.
         const focused = row("clip5.mov");
-        Bench.model.remove(row("clip3.mov").jobId);
+        Bench.model.remove(row("clip3.mov").job.id);
         settle();
         compare(row("clip5.mov"), focused);
         compare(list().currentItem, focused);
@@ -208,7 +208,7 @@ ViewTest {
         verify(builtRows().length <= 30, builtRows().length);
         list().positionViewAtEnd();
         settle();
-        compare(list().itemAtIndex(9999).fileName, "clip10000.mov");
+        compare(list().itemAtIndex(9999).job.fileName, "clip10000.mov");
         verify(builtRows().length <= 40, builtRows().length);
         const end = list().contentY;
         for (let offset = 300; offset < 5000; offset += 300) {
@@ -263,7 +263,7 @@ ViewTest {
     function test_aTooltipGoesWhenItsRowMoves() {
         Bench.queueMany(10);
         show(lists);
-        const first = row("clip1.mov").jobId;
+        const first = row("clip1.mov").job.id;
         mouseMove(textOf(row("clip4.mov"), "in"), 3, 3);
         tryVerify(() => tip() !== null, 3000);
         Bench.model.remove(first);

@@ -60,7 +60,7 @@ ViewTest {
         tryVerify(() => list().currentItem && isInSight(list().currentItem), 1000,
                   "at " + index + ": " + area(list().currentItem, list()));
         verify(list().currentItem.activeFocus);
-        compare(list().currentItem.fileName, "clip" + (index + 1) + ".mov");
+        compare(list().currentItem.job.fileName, "clip" + (index + 1) + ".mov");
     }
 
     function test_theFirstIsCurrent() {
@@ -120,7 +120,7 @@ ViewTest {
             let owner = focusItem();
             while (!(owner instanceof JobRow))
                 owner = owner.parent;
-            compare(owner.fileName, "clip2.mov");
+            compare(owner.job.fileName, "clip2.mov");
         }
         compare(seen, ["Move up", "Move down", "Remove from queue"]);
         keyClick(Qt.Key_Tab);
@@ -130,10 +130,10 @@ ViewTest {
     function test_tabPassesByWhatWasRemoved() {
         showRows(4);
         keyClick(Qt.Key_Down);
-        Bench.model.remove(list().currentItem.jobId);
+        Bench.model.remove(list().currentItem.job.id);
         settle();
         const current = list().currentItem;
-        compare(current.fileName, "clip3.mov");
+        compare(current.job.fileName, "clip3.mov");
         current.forceActiveFocus(Qt.TabFocusReason);
         for (let i = 0; i < 3; ++i) {
             keyClick(Qt.Key_Tab);
@@ -145,7 +145,7 @@ ViewTest {
         for (let i = 0; i < 5; ++i) {
             keyClick(Qt.Key_Backtab, Qt.ShiftModifier);
             for (let item = focusItem(); item; item = item.parent)
-                verify(!(item instanceof JobRow) || item === current, item.fileName);
+                verify(!(item instanceof JobRow) || item === current, `${item}`);
         }
     }
 
@@ -162,7 +162,7 @@ ViewTest {
         compare(pasted(), message);
         // Where there is none, the clipboard keeps what it has.
         keyClick(Qt.Key_Down);
-        compare(list().currentItem.fileName, "completed.mkv");
+        compare(list().currentItem.job.fileName, "completed.mkv");
         keyClick(Qt.Key_C, Qt.ControlModifier);
         compare(pasted(), message);
     }

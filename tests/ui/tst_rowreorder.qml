@@ -43,7 +43,7 @@ ViewTest {
     }
 
     function row(number) {
-        return one(list(), JobRow, row => row.fileName === nameOf(number));
+        return one(list(), JobRow, row => row.job.fileName === nameOf(number));
     }
 
     function nameOf(number) {
@@ -131,7 +131,7 @@ ViewTest {
         drag(2, 2 * rowHeight);
         compare(row(2).opacity, 0);
         compare(lifted().length, 1);
-        compare(lifted()[0].fileName, nameOf(2));
+        compare(lifted()[0].job.fileName, nameOf(2));
         tryTops([1, 3, 4, 5], [tops[0], tops[1], tops[2], tops[4]]);
         dragOn(-3 * rowHeight);
         tryTops([1, 3, 4, 5], [tops[1], tops[2], tops[3], tops[4]]);
@@ -249,7 +249,7 @@ ViewTest {
     function test_endsWhenItsRowGoes() {
         showRows(5);
         drag(3, rowHeight);
-        Bench.model.remove(row(3).jobId);
+        Bench.model.remove(row(3).job.id);
         tryVerify(() => lifted().length === 0);
         letGo();
         compare(names(), [1, 2, 4, 5]);
@@ -272,7 +272,7 @@ ViewTest {
     function test_aRowThatGoesDoesNotDisturbIt() {
         showRows(5);
         drag(3, rowHeight);
-        Bench.model.remove(row(1).jobId);
+        Bench.model.remove(row(1).job.id);
         settle();
         compare(lifted().length, 1);
         compare(row(3).opacity, 0);
@@ -309,7 +309,7 @@ ViewTest {
     function test_isTheSameRowWhenItIsLetGoAtOnce() {
         showRows(5);
         drag(2, 2 * rowHeight);
-        Bench.model.moveJob(row(5).jobId, -4);
+        Bench.model.moveJob(row(5).job.id, -4);
         mouseRelease(view, 216, pointerY);
         compare(names(), [5, 1, 3, 2, 4]);
     }

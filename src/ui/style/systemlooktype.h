@@ -5,7 +5,7 @@
 
 #include "desktop/systemlook.h"
 
-#include <QtQmlIntegration>
+#include <QtQml/qqml.h>
 
 // The desktop's look as QML sees it. Declared here so that the desktop knows no QML.
 
