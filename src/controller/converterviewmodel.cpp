@@ -6,6 +6,7 @@
 #include "localfile.h"
 #include "model/checkedarithmetic.h"
 #include "nameorder.h"
+#include "service/ffmpegerror.h"
 #include "videofinder.h"
 
 #include <algorithm>
@@ -61,32 +62,25 @@ ConverterViewModel::ConverterViewModel(std::unique_ptr<OpenPanel> panel,
 void ConverterViewModel::add(const QList<QUrl> &urls)
 {
     QList<QUrl> fresh = findVideos(urls);
-    fresh.removeIf([this](const QUrl &file) { return m_queuedFiles.contains(file); });
+    fresh.removeIf([this](const QUrl &file) { return m_jobs.isQueued(file); });
     sortByName(fresh);
 
     QList<ConversionJob> newJobs;
     newJobs.reserve(fresh.size());
-    m_queuedFiles.reserve(fresh.size());
-    for (const QUrl &file : std::as_const(fresh)) {
+    for (const QUrl &file : std::as_const(fresh))
         newJobs.emplaceBack(file);
-        m_queuedFiles.insert(file);
-    }
     m_jobs.append(newJobs);
 }
 
 void ConverterViewModel::remove(const QUuid &id)
 {
-    if (const ConversionJob *job = m_jobs.find(id)) {
-        if (!isCompleted(*job))
-            m_queuedFiles.remove(job->source());
-        m_jobs.remove(id);
-    }
+    m_jobs.remove(id);
 }
 
 void ConverterViewModel::requeue(const QUuid &id)
 {
-    setState(id, JobState::waiting());
-    setProgress(id, 0.0);
+    m_jobs.setState(id, JobState::waiting());
+    m_jobs.setProgress(id, 0.0);
 }
 
 void ConverterViewModel::moveJob(const QUuid &id, qint64 offset)
@@ -116,11 +110,6 @@ void ConverterViewModel::moveJobs(const QList<int> &rows, int destination)
 void ConverterViewModel::clearCompleted()
 {
     m_jobs.removeIf(isCompleted);
-}
-
-int ConverterViewModel::completedCount() const
-{
-    return m_jobs.completedCount();
 }
 
 double ConverterViewModel::overallProgress() const
@@ -273,18 +262,37 @@ void ConverterViewModel::setAlertMessage(const std::optional<QString> &message)
     Q_EMIT alertMessageChanged();
 }
 
-void ConverterViewModel::setState(const QUuid &id, const JobState &state)
+void ConverterViewModel::start()
 {
-    const ConversionJob *job = m_jobs.find(id);
-    if (!job)
+    if (m_isConverting)
         return;
-    const bool wasCompleted = isCompleted(*job);
-    const bool willBeCompleted = state.is(JobState::Case::completed);
-    if (wasCompleted && !willBeCompleted)
-        m_queuedFiles.insert(job->source());
-    else if (!wasCompleted && willBeCompleted)
-        m_queuedFiles.remove(job->source());
-    m_jobs.setState(id, state);
+    if (completedCount() == jobCount())
+        return setAlertMessage(u"Add or re-queue at least one video first."_s);
+    if (!m_destination)
+        return setAlertMessage(u"Choose an output folder first."_s);
+    if (!FFmpegService::locateBinary(u"ffmpeg"_s))
+        return setAlertMessage(FFmpegError::notFound().errorDescription());
+
+    setConverting(true);
+    m_batch = std::make_shared<Batch>(m_jobs, m_service, m_settings, *m_destination);
+    // The batch begins on its own, when the caller is done.
+    const auto begin = [self = shared_from_this(), batch = m_batch] {
+        self->run(batch);
+    };
+    QMetaObject::invokeMethod(this, begin, Qt::QueuedConnection);
+}
+
+QCoro::Task<> ConverterViewModel::run(std::shared_ptr<Batch> batch)
+{
+    const auto self = shared_from_this(); // until the batch has ended
+    co_await batch->run();
+    setConverting(false);
+}
+
+void ConverterViewModel::cancel()
+{
+    if (m_batch)
+        m_batch->cancel();
 }
 
 void ConverterViewModel::setConverting(bool isConverting)

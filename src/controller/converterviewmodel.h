@@ -3,13 +3,12 @@
 
 #pragma once
 
+#include "batch.h"
 #include "filemanager.h"
 #include "joblistmodel.h"
 #include "model/conversionsettings.h"
 #include "model/filepath.h"
 #include "openpanel.h"
-#include "queuedfiles.h"
-#include "service/ffmpegservice.h"
 
 #include <QCoroTask>
 #include <QObject>
@@ -26,7 +25,6 @@ class ConverterViewModel : public QObject, public std::enable_shared_from_this<C
 {
     Q_OBJECT
     Q_PROPERTY(quorvale::JobListModel *jobs READ jobModel CONSTANT)
-    Q_PROPERTY(QUrl destination READ destinationUrl NOTIFY destinationChanged)
     Q_PROPERTY(QString destinationPath READ destinationPath NOTIFY destinationChanged)
     Q_PROPERTY(bool hasDestination READ hasDestination NOTIFY destinationChanged)
     Q_PROPERTY(QStringList codecLabels READ codecLabels CONSTANT)
@@ -57,8 +55,7 @@ public:
     /// In the order in which they are converted and shown.
     const QList<ConversionJob> &jobs() const { return m_jobs.jobs(); }
 
-    /// The same list for views. It is changed by the operations below only, which keep account of
-    /// what is queued.
+    /// The same list for views.
     JobListModel *jobModel() { return &m_jobs; }
 
     /// How many jobs there are, whatever their states.
@@ -88,7 +85,7 @@ public:
     Q_INVOKABLE void clearCompleted();
 
     /// How many jobs are completed.
-    int completedCount() const;
+    int completedCount() const { return m_jobs.completedCount(); }
 
     /// The fraction of the whole queue that is done: completed jobs count 1, others their progress.
     double overallProgress() const;
@@ -163,16 +160,9 @@ Q_SIGNALS:
     void alertMessageChanged();
 
 private:
-    // The handle of a batch: whoever holds it can ask the batch to end.
-    struct BatchTask
-    {
-        bool isCancelled = false;
-    };
-
     ConverterViewModel(std::unique_ptr<OpenPanel> panel, std::unique_ptr<FileManager> fileManager);
 
-    QUrl destinationUrl() const { return m_destination.value_or(QUrl()); }
-    QString destinationPath() const { return shownPath(filePath(destinationUrl())); }
+    QString destinationPath() const { return shownPath(filePath(m_destination.value_or(QUrl()))); }
     bool hasDestination() const { return m_destination.has_value(); }
 
     // The settings as QML binds to them: an option is its index among the labels. An index without
@@ -198,18 +188,12 @@ private:
     void choose(const OpenPanelRequest &request,
                 void (ConverterViewModel::*take)(const QList<QUrl> &));
     void setDestination(const QList<QUrl> &chosen);
-    void setState(const QUuid &id, const JobState &state);
-    void setProgress(const QUuid &id, double progress) { m_jobs.setProgress(id, progress); }
     void setConverting(bool isConverting);
     void setAlertMessage(const std::optional<QString> &message);
 
-    QList<QUuid> unfinishedJobs() const;
-    FFmpegService::ProgressHandler progressHandler(const QUuid &id);
-    QCoro::Task<> runBatch(std::shared_ptr<BatchTask> task, ConversionSettings settings,
-                           QUrl destination);
+    QCoro::Task<> run(std::shared_ptr<Batch> batch);
 
     JobListModel m_jobs;
-    QueuedFiles m_queuedFiles; // those of the jobs that are not completed
     std::optional<QUrl> m_destination;
     ConversionSettings m_settings;
     bool m_isConverting = false;
@@ -220,7 +204,7 @@ private:
     bool m_isPanelOpen = false;
     std::unique_ptr<FileManager> m_fileManager;
     FFmpegService m_service;
-    std::shared_ptr<BatchTask> m_conversionTask; // of the last successful start()
+    std::shared_ptr<Batch> m_batch; // of the last successful start()
 };
 
 } // namespace quorvale

@@ -6,17 +6,15 @@
 #include "shownjob.h"
 
 #include <algorithm>
-#include <span>
 #include <utility>
 
 namespace quorvale {
 
 namespace {
 
-int countCompleted(std::span<const ConversionJob> jobs)
+bool isCompleted(const ConversionJob &job)
 {
-    return static_cast<int>(std::ranges::count_if(
-        jobs, [](const ConversionJob &job) { return job.state.is(JobState::Case::completed); }));
+    return job.state.is(JobState::Case::completed);
 }
 
 // How many runs of neighbours there are for which `isUnwanted` is true.
@@ -52,6 +50,39 @@ const ConversionJob *JobListModel::find(const QUuid &id) const
     return row ? &m_jobs[*row] : nullptr;
 }
 
+QList<QUuid> JobListModel::unfinished() const
+{
+    QList<QUuid> ids;
+    for (const ConversionJob &job : m_jobs) {
+        if (!isCompleted(job))
+            ids << job.id();
+    }
+    return ids;
+}
+
+// Jobs that have come, or are in another state now, ...
+void JobListModel::count(std::span<const ConversionJob> jobs)
+{
+    m_queuedFiles.reserve(static_cast<qsizetype>(jobs.size()));
+    for (const ConversionJob &job : jobs) {
+        if (isCompleted(job))
+            ++m_completedCount;
+        else
+            m_queuedFiles.insert(job.source());
+    }
+}
+
+// ... and jobs that will go, or be in another one.
+void JobListModel::discount(std::span<const ConversionJob> jobs)
+{
+    for (const ConversionJob &job : jobs) {
+        if (isCompleted(job))
+            --m_completedCount;
+        else
+            m_queuedFiles.remove(job.source());
+    }
+}
+
 void JobListModel::append(const QList<ConversionJob> &jobs)
 {
     if (jobs.isEmpty()) {
@@ -61,7 +92,7 @@ void JobListModel::append(const QList<ConversionJob> &jobs)
     const qsizetype first = m_jobs.size();
     beginInsertRows({}, static_cast<int>(first), static_cast<int>(first + jobs.size() - 1));
     m_jobs += jobs;
-    m_completedCount += countCompleted(jobs);
+    count(jobs);
     if (m_knowsRows) {
         for (qsizetype row = first; row < m_jobs.size(); ++row)
             m_rows.insert(m_jobs[row].id(), row);
@@ -77,8 +108,12 @@ void JobListModel::removeIf(const std::function<bool(const ConversionJob &)> &is
     constexpr qsizetype mostRuns = 1000;
     if (countRuns(m_jobs, isUnwanted) > mostRuns) {
         beginResetModel();
-        m_jobs.removeIf(isUnwanted);
-        m_completedCount = countCompleted(m_jobs);
+        m_jobs.removeIf([&](const ConversionJob &job) {
+            const bool goes = isUnwanted(job);
+            if (goes)
+                discount({&job, 1});
+            return goes;
+        });
         forgetRows();
         endResetModel();
     } else {
@@ -112,8 +147,8 @@ void JobListModel::remove(const QUuid &id)
 void JobListModel::removeRun(qsizetype first, qsizetype count)
 {
     beginRemoveRows({}, static_cast<int>(first), static_cast<int>(first + count - 1));
-    m_completedCount -= countCompleted(std::span(m_jobs).subspan(static_cast<std::size_t>(first),
-                                                                 static_cast<std::size_t>(count)));
+    discount(std::span(m_jobs).subspan(static_cast<std::size_t>(first),
+                                       static_cast<std::size_t>(count)));
     m_jobs.remove(first, count);
     forgetRows();
     endRemoveRows();
@@ -181,9 +216,9 @@ void JobListModel::setState(const QUuid &id, const JobState &state)
 {
     if (const auto row = rowOf(id)) {
         ConversionJob &job = m_jobs[*row];
-        m_completedCount -= countCompleted({&job, 1});
+        discount({&job, 1});
         job.state = state;
-        m_completedCount += countCompleted({&job, 1});
+        count({&job, 1});
         announce(*row, JobRole);
     }
 }

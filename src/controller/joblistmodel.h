@@ -4,6 +4,7 @@
 #pragma once
 
 #include "model/conversionjob.h"
+#include "queuedfiles.h"
 
 #include <QAbstractListModel>
 #include <QHash>
@@ -11,6 +12,7 @@
 
 #include <functional>
 #include <optional>
+#include <span>
 
 namespace quorvale {
 
@@ -47,6 +49,12 @@ public:
     /// How many jobs are completed. Costs nothing.
     int completedCount() const { return m_completedCount; }
 
+    /// The jobs that are not completed, in the list's order.
+    QList<QUuid> unfinished() const;
+
+    /// Whether one of them is for `file`. Costs one look-up.
+    bool isQueued(const QUrl &file) const { return m_queuedFiles.contains(file); }
+
     /// Adds the jobs, whose ids are new to the list, behind the others.
     void append(const QList<ConversionJob> &jobs);
 
@@ -80,6 +88,8 @@ Q_SIGNALS:
     void changed();
 
 private:
+    void count(std::span<const ConversionJob> jobs);
+    void discount(std::span<const ConversionJob> jobs);
     void removeRunsIf(const std::function<bool(const ConversionJob &)> &isUnwanted);
     void removeRun(qsizetype first, qsizetype count);
     bool moveRun(qsizetype first, qsizetype count, qsizetype destination);
@@ -88,6 +98,7 @@ private:
 
     QList<ConversionJob> m_jobs;
     int m_completedCount = 0;
+    QueuedFiles m_queuedFiles; // of the jobs that are not completed
 
     // Where each job stands; made anew at the first look-up after rows have shifted.
     mutable QHash<QUuid, qsizetype> m_rows;

@@ -9,7 +9,7 @@
 #include <QObject>
 #include <QtQmlIntegration>
 
-// The settings' options as QML sees them: their indexes among all cases, by name.
+// Those of the settings' options that QML tells apart: their indexes among all cases, by name.
 
 namespace quorvale {
 
@@ -20,9 +20,6 @@ QML_NAMED_ELEMENT(OutputCodec)
 enum Index {
     H264 = static_cast<int>(OutputCodec::h264),
     Hevc = static_cast<int>(OutputCodec::hevc),
-    ProRes422 = static_cast<int>(OutputCodec::proRes422),
-    ProRes422HQ = static_cast<int>(OutputCodec::proRes422HQ),
-    ProRes4444 = static_cast<int>(OutputCodec::proRes4444),
 };
 Q_ENUM_NS(Index)
 } // namespace outputcodecs

@@ -74,21 +74,31 @@ private Q_SLOTS:
         QCOMPARE(changes[0][2].value<QList<int>>(), QList<int>{JobListModel::JobRole});
     }
 
-    void countsTheCompletedJobsThroughEveryKindOfChange()
+    void keepsAccountThroughEveryKindOfChange()
     {
+        const auto isCompleted = [](const ConversionJob &job) {
+            return job.state.is(JobState::Case::completed);
+        };
         const auto isExact = [&] {
-            const auto isCompleted = [](const ConversionJob &job) {
-                return job.state.is(JobState::Case::completed);
+            const auto isQueuedRightly = [&](const ConversionJob &file) {
+                return m_model->isQueued(file.source())
+                       == std::ranges::any_of(m_model->jobs(), [&](const ConversionJob &job) {
+                              return !isCompleted(job) && job.source() == file.source();
+                          });
             };
-            return m_model->completedCount() == std::ranges::count_if(m_model->jobs(), isCompleted);
+            return m_model->completedCount() == std::ranges::count_if(m_model->jobs(), isCompleted)
+                   && std::ranges::all_of(m_jobs, isQueuedRightly);
         };
         for (const int row : {0, 1, 3, 5})
             m_model->setState(m_jobs[row].id(), JobState::completed());
         QCOMPARE(m_model->completedCount(), 4);
+        QVERIFY(isExact());
         m_model->setState(m_jobs[5].id(), JobState::completed());
         QCOMPARE(m_model->completedCount(), 4);
+        QVERIFY(isExact());
         m_model->setState(m_jobs[1].id(), JobState::waiting());
         QCOMPARE(m_model->completedCount(), 3);
+        QVERIFY(isExact());
         m_model->setState(QUuid::createUuid(), JobState::completed());
         m_model->setProgress(m_jobs[1].id(), 1.0);
         QVERIFY(isExact());
@@ -96,15 +106,19 @@ private Q_SLOTS:
         more[1].state = JobState::completed();
         m_model->append(more);
         QCOMPARE(m_model->completedCount(), 4);
+        QVERIFY(isExact());
         m_model->move({0, 3}, 8);
         QVERIFY(isExact());
         m_model->remove(m_jobs[0].id());
         m_model->remove(m_jobs[2].id());
         QCOMPARE(m_model->completedCount(), 3);
+        QVERIFY(isExact());
         m_model->removeIf([&](const ConversionJob &job) { return job.id() == m_jobs[3].id(); });
         QCOMPARE(m_model->completedCount(), 2);
+        QVERIFY(isExact());
         m_model->removeIf([](const ConversionJob &) { return true; });
         QCOMPARE(m_model->completedCount(), 0);
+        QVERIFY(isExact());
     }
 
     void aProgressValueTouchesOneRowAndOneRole()

@@ -45,9 +45,9 @@ ViewTest {
         return [
             {"tag": "H.264", "codec": OutputCodec.H264, "symbol": Symbol.PlayRectangle},
             {"tag": "HEVC", "codec": OutputCodec.Hevc, "symbol": Symbol.HSquare},
-            {"tag": "422", "codec": OutputCodec.ProRes422, "symbol": Symbol.FilmStack},
-            {"tag": "422 HQ", "codec": OutputCodec.ProRes422HQ, "symbol": Symbol.FilmStack},
-            {"tag": "4444", "codec": OutputCodec.ProRes4444, "symbol": Symbol.FilmStack},
+            {"tag": "422", "codec": 2, "symbol": Symbol.FilmStack},
+            {"tag": "422 HQ", "codec": 3, "symbol": Symbol.FilmStack},
+            {"tag": "4444", "codec": 4, "symbol": Symbol.FilmStack},
         ];
     }
 
