@@ -61,6 +61,7 @@ ChildProcess::End ChildProcess::run(const Reader &readOutput, const Reader &read
     // The execution knows program and arguments itself, and as bytes.
     process.setChildProcessModifier([&execution] { execution.perform(); });
     process.start(shownPath(m_executable), {}, QIODevice::ReadOnly);
+    // Which also tells that the execution has succeeded or ended its child.
     if (!process.waitForStarted(-1))
         throw cannotStart(process.errorString());
     if (const int error = execution.error()) {
@@ -87,7 +88,7 @@ ChildProcess::End ChildProcess::run(const Reader &readOutput, const Reader &read
 void ChildProcess::interrupt()
 {
     const std::scoped_lock guard(m_mutex);
-    if (auto *process = static_cast<QProcess *>(m_running))
+    if (QProcess *process = m_running)
         QMetaObject::invokeMethod(
             process, [process] { sendInterrupt(*process); }, Qt::QueuedConnection);
     else

@@ -9,7 +9,7 @@
 #include <functional>
 #include <mutex>
 
-class QObject;
+class QProcess;
 
 namespace quorvale {
 
@@ -47,7 +47,7 @@ private:
     const QByteArrayList m_arguments;
 
     std::mutex m_mutex;
-    QObject *m_running = nullptr; // the process object while the tool runs
+    QProcess *m_running = nullptr; // while the tool runs
     bool m_isInterruptPending = false;
 };
 

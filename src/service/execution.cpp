@@ -4,25 +4,14 @@
 #include "execution.h"
 
 #include <cerrno>
-#include <tuple>
-#include <utility>
+#include <new>
 
-#include <fcntl.h>
+#include <sys/mman.h>
 #include <unistd.h>
 
 extern char **environ; // which POSIX has the program declare
 
 namespace quorvale {
-
-namespace {
-
-void close(int &descriptor)
-{
-    if (descriptor >= 0)
-        ::close(std::exchange(descriptor, -1));
-}
-
-} // namespace
 
 Execution::Execution(const QByteArray &executable, const QByteArrayList &arguments)
     : m_words(QByteArrayList{executable} + arguments)
@@ -36,14 +25,15 @@ Execution::Execution(const QByteArray &executable, const QByteArrayList &argumen
         m_environment.push_back(*entry);
     m_environment.insert(m_environment.end(), {plainMessages, nullptr});
     ::sigemptyset(&m_noSignals);
-    // Without a pipe a failure is only seen by the child's exit status.
-    std::ignore = ::pipe2(m_errorPipe, O_CLOEXEC);
+    void *const shared =
+        ::mmap(nullptr, sizeof(int), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+    m_error = shared == MAP_FAILED ? nullptr : new (shared) int(0);
 }
 
 Execution::~Execution()
 {
-    close(m_errorPipe[0]);
-    close(m_errorPipe[1]);
+    if (m_error)
+        ::munmap(m_error, sizeof(int));
 }
 
 void Execution::perform()
@@ -54,22 +44,10 @@ void Execution::perform()
         std::signal(signal, SIG_DFL);
     ::pthread_sigmask(SIG_SETMASK, &m_noSignals, nullptr);
     ::execve(m_vector.front(), m_vector.data(), m_environment.data());
-    m_error = errno;
-    [[maybe_unused]] const ssize_t count = ::write(m_errorPipe[1], &m_error, sizeof m_error);
+    if (m_error)
+        *m_error = errno;
     constexpr int cannotExecute = 126; // as shells say it
     ::_exit(cannotExecute);
-}
-
-int Execution::error()
-{
-    // The child's end is closed by the program's start or by the child's end.
-    close(m_errorPipe[1]);
-    int error = 0;
-    ssize_t count = 0;
-    do
-        count = ::read(m_errorPipe[0], &error, sizeof error);
-    while (count < 0 && errno == EINTR);
-    return count == sizeof error ? error : 0;
 }
 
 } // namespace quorvale

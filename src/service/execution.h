@@ -29,17 +29,16 @@ public:
     /// some, as shells and session launchers do with what they start.
     [[noreturn]] void perform();
 
-    /// For the parent, once, when the child exists: why the program could not be executed, as an
-    /// errno value; 0 when it runs. Blocks until that is known.
-    int error();
+    /// For the parent, when the child runs the program or has ended: why the program could not be
+    /// executed, as an errno value; 0 when it was.
+    int error() const { return m_error ? *m_error : 0; }
 
 private:
     QByteArrayList m_words;
     std::vector<char *> m_vector;      // of the words, ending in a null
     std::vector<char *> m_environment; // this program's and a little more, ending in a null
     sigset_t m_noSignals;              // blocked
-    int m_errorPipe[2] = {-1, -1};
-    int m_error = 0; // of the child
+    int *m_error; // in memory that parent and child share; without it the exit status has to do
 };
 
 } // namespace quorvale

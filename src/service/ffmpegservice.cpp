@@ -3,15 +3,12 @@
 
 #include "ffmpegservice.h"
 
-#include "childprocess.h"
-#include "conversionarguments.h"
-#include "errortail.h"
+#include "encoderrun.h"
 #include "ffmpegerror.h"
 #include "mediadescription.h"
 #include "model/encoderarguments.h"
 #include "model/filepath.h"
 #include "outputfolder.h"
-#include "progress.h"
 #include "sourceguard.h"
 #include "specialfile.h"
 #include "systemerror.h"
@@ -19,7 +16,6 @@
 
 #include <QFileInfo>
 #include <QPromise>
-#include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
 
@@ -64,10 +60,7 @@ QFuture<void> FFmpegService::convert(const QUrl &source, const QUrl &destination
     // The promise is handled here rather than by QtConcurrent::run, which would wrap the errors.
     const auto promise = std::make_shared<QPromise<void>>();
     promise->start();
-    {
-        const std::scoped_lock guard(m_lock);
-        m_wasCancelled = false;
-    }
+    m_activeProcess.forgetCancel();
     m_workers.start([=, this] {
         try {
             runConversion(source, destination, settings, onProgress);
@@ -78,16 +71,6 @@ QFuture<void> FFmpegService::convert(const QUrl &source, const QUrl &destination
     });
     return promise->future();
 }
-
-struct FFmpegService::EncoderRun
-{
-    ChildProcess::End end;
-    QString errors;
-    bool lacksEncoder = false;
-    QString writeErrors;
-
-    bool hasFailed() const { return !end.byUncaughtSignal && end.exitStatus != 0; }
-};
 
 void FFmpegService::runConversion(const QUrl &source, const QUrl &destination,
                                   ConversionSettings settings, const ProgressHandler &onProgress)
@@ -104,48 +87,22 @@ void FFmpegService::runConversion(const QUrl &source, const QUrl &destination,
         throw implausibleBitrate(*info.videoBitrate);
     const auto target = targetBitrate(settings.goal, info.videoBitrate, settings.codec);
 
-    enum class Attempt { first, withSoftwareEncoder };
-    const auto encode = [&](Attempt attempt) {
-        const auto process = std::make_shared<ChildProcess>(
-            filePath(*ffmpeg), conversionArguments(source, destination, settings, target));
-        // Before the launch, so that a cancel from here on reaches the process.
-        publish(process);
-        const auto withdraw = qScopeGuard([this] { publish(nullptr); });
-        if (attempt == Attempt::withSoftwareEncoder && wasCancelled())
-            throw FFmpegError::cancelled();
-        return runEncoder(*process, videoEncoder(settings.codec, settings.useHardware), destination,
-                          info.duration, onProgress);
-    };
-
-    EncoderRun run = encode(Attempt::first);
-    if (settings.useHardware && run.hasFailed() && run.lacksEncoder) {
-        settings.useHardware = false;
-        run = encode(Attempt::withSoftwareEncoder);
+    {
+        EncoderRun run(*ffmpeg, source, destination, settings, target);
+        const auto published = m_activeProcess.publish(run.process());
+        run.run(info.duration, onProgress);
+        if (!settings.useHardware || !run.lacksEncoder())
+            return run.verify();
     }
-    if (run.end.byUncaughtSignal)
+
+    // Once more without the media engine; a cancel between the two runs counts as well.
+    settings.useHardware = false;
+    EncoderRun run(*ffmpeg, source, destination, settings, target);
+    const auto published = m_activeProcess.publish(run.process());
+    if (m_activeProcess.wasCancelled())
         throw FFmpegError::cancelled();
-    if (run.hasFailed())
-        throw FFmpegError::processFailed(run.errors);
-    if (!run.writeErrors.isEmpty())
-        throw FFmpegError::processFailed(run.writeErrors);
-}
-
-FFmpegService::EncoderRun FFmpegService::runEncoder(ChildProcess &process, const QString &encoder,
-                                                    const QUrl &destination, double duration,
-                                                    const ProgressHandler &onProgress)
-{
-    ErrorTail errors(encoder, filePath(destination));
-    LineReader progress(LineReader::Endings::lineFeedOrReturn, [&](const LineReader::Line &line) {
-        const auto fraction = progressFraction(line.bytes, duration);
-        if (line.isComplete && fraction)
-            onProgress(*fraction);
-    });
-
-    const ChildProcess::End end = process.run([&](QByteArrayView bytes) { progress.read(bytes); },
-                                              [&](QByteArrayView bytes) { errors.read(bytes); });
-    progress.finish();
-    errors.finish();
-    return {end, errors.text(), errors.lacksEncoder(), errors.writeErrors()};
+    run.run(info.duration, onProgress);
+    run.verify();
 }
 
 MediaInfo FFmpegService::probe(const QUrl &source, const QUrl &ffmpeg)
@@ -157,30 +114,6 @@ MediaInfo FFmpegService::probe(const QUrl &source, const QUrl &ffmpeg)
             return *info;
     }
     return mediaInfoFromBanner(describeWithFFmpeg(filePath(ffmpeg), path));
-}
-
-void FFmpegService::publish(const std::shared_ptr<ChildProcess> &process)
-{
-    const std::scoped_lock guard(m_lock);
-    m_activeProcess = process;
-}
-
-bool FFmpegService::wasCancelled()
-{
-    const std::scoped_lock guard(m_lock);
-    return m_wasCancelled;
-}
-
-void FFmpegService::cancel()
-{
-    std::shared_ptr<ChildProcess> process;
-    {
-        const std::scoped_lock guard(m_lock);
-        m_wasCancelled = true;
-        process = m_activeProcess;
-    }
-    if (process)
-        process->interrupt();
 }
 
 } // namespace quorvale

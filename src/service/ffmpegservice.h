@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "activeprocess.h"
 #include "mediainfo.h"
 #include "model/conversionsettings.h"
 
@@ -13,13 +14,9 @@
 #include <QUrl>
 
 #include <functional>
-#include <memory>
-#include <mutex>
 #include <optional>
 
 namespace quorvale {
-
-class ChildProcess;
 
 /// Drives the user's own ffmpeg and ffprobe: finds them, probes a source and converts it.
 class FFmpegService
@@ -65,23 +62,14 @@ public:
 
     /// Interrupts the ffmpeg that converts now, with one SIGINT per call. A probe is not
     /// interrupted, nor the run behind it prevented. Any thread, never blocks.
-    void cancel();
+    void cancel() { m_activeProcess.cancel(); }
 
 private:
-    struct EncoderRun;
-
     void runConversion(const QUrl &source, const QUrl &destination, ConversionSettings settings,
                        const ProgressHandler &onProgress);
-    EncoderRun runEncoder(ChildProcess &process, const QString &encoder, const QUrl &destination,
-                          double duration, const ProgressHandler &onProgress);
     static MediaInfo probe(const QUrl &source, const QUrl &ffmpeg);
-    void publish(const std::shared_ptr<ChildProcess> &process);
-    bool wasCancelled();
 
-    std::mutex m_lock; // guards the two fields below, held for no more than that
-    std::shared_ptr<ChildProcess> m_activeProcess;
-    bool m_wasCancelled = false; // since the latest conversion was asked for
-
+    ActiveProcess m_activeProcess;
     QThreadPool m_workers;
 };
 

@@ -28,10 +28,10 @@ Outcome execute(const QByteArray &executable, const QByteArrayList &arguments)
     const pid_t child = ::fork();
     if (child == 0)
         execution.perform();
-    Outcome outcome;
-    outcome.error = execution.error();
     int status = 0;
     ::waitpid(child, &status, 0);
+    Outcome outcome;
+    outcome.error = execution.error();
     outcome.exitStatus = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     return outcome;
 }

@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#include "encoderrun.h"
+
+#include "conversionarguments.h"
+#include "ffmpegerror.h"
+#include "linereader.h"
+#include "model/encoderarguments.h"
+#include "model/filepath.h"
+#include "progress.h"
+
+namespace quorvale {
+
+EncoderRun::EncoderRun(const QUrl &ffmpeg, const QUrl &source, const QUrl &destination,
+                       const ConversionSettings &settings, std::optional<qint64> targetBitrate)
+    : m_process(std::make_shared<ChildProcess>(
+        filePath(ffmpeg), conversionArguments(source, destination, settings, targetBitrate))),
+      m_errors(videoEncoder(settings.codec, settings.useHardware), filePath(destination))
+{
+}
+
+void EncoderRun::run(double duration, const std::function<void(double)> &onProgress)
+{
+    LineReader progress(LineReader::Endings::lineFeedOrReturn, [&](const LineReader::Line &line) {
+        const auto fraction = progressFraction(line.bytes, duration);
+        if (line.isComplete && fraction)
+            onProgress(*fraction);
+    });
+
+    m_end = m_process->run([&](QByteArrayView bytes) { progress.read(bytes); },
+                           [this](QByteArrayView bytes) { m_errors.read(bytes); });
+    progress.finish();
+    m_errors.finish();
+}
+
+void EncoderRun::verify() const
+{
+    if (m_end.byUncaughtSignal)
+        throw FFmpegError::cancelled();
+    if (hasFailed())
+        throw FFmpegError::processFailed(m_errors.text());
+    if (const QString writeErrors = m_errors.writeErrors(); !writeErrors.isEmpty())
+        throw FFmpegError::processFailed(writeErrors);
+}
+
+} // namespace quorvale
