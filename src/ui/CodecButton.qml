@@ -71,7 +71,6 @@ FocusScope {
             FocusRing {
                 cornerRadius: button.cornerRadius
                 gap: -2
-                scheme: Theme.dark
                 visible: button.visualFocus
             }
         }

@@ -11,6 +11,8 @@ Item {
 
     required property ConverterViewModel model
 
+    Scheme.colors: Theme.current
+
     // First for the Tab key, though above the sidebar.
     Loader {
         width: sidebar.width

@@ -37,7 +37,6 @@ ColumnLayout {
         currentIndex: group.model.goalIndex
         enabled: !group.model.isProRes
         model: group.model.goalLabels
-        scheme: Theme.dark
         onActivated: index => group.model.goalIndex = index
     }
 
@@ -50,7 +49,6 @@ ColumnLayout {
             Accessible.name: "Quality"
             Layout.fillWidth: true
             from: 30
-            scheme: Theme.dark
             setting: group.model.quality
             to: 100
             onChosen: value => group.model.quality = value

@@ -14,6 +14,7 @@ Item {
 
     Accessible.name: "Menu bar"
     Accessible.role: Accessible.MenuBar
+    Scheme.colors: Theme.dark
     implicitHeight: 28
 
     Shortcut {
@@ -34,7 +35,6 @@ Item {
         implicitHeight: 22
         leftPadding: 8
         rightPadding: 8
-        scheme: Theme.dark
         text: "File"
         onClicked: fileMenu.visible ? fileMenu.close() : fileMenu.open()
 
@@ -45,7 +45,6 @@ Item {
             FocusRing {
                 cornerRadius: parent.radius
                 gap: -2
-                scheme: Theme.dark
                 visible: fileButton.visualFocus
             }
         }

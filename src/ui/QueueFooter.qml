@@ -67,7 +67,7 @@ Item {
                 id: cancelButton
 
                 text: "Cancel"
-                textColor: scheme.red
+                textColor: Scheme.colors.red
                 visible: footer.model.isConverting
                 onClicked: footer.model.cancel()
             }

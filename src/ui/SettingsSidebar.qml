@@ -20,6 +20,8 @@ FocusScope {
         button.forceActiveFocus(Qt.TabFocusReason);
     }
 
+    Scheme.colors: Theme.dark
+
     SmoothRectangle {
         anchors.fill: parent
         color: Theme.sidebarStart
@@ -86,7 +88,6 @@ FocusScope {
             ToggleSwitch {
                 Layout.fillWidth: true
                 checked: sidebar.model.useHardware
-                scheme: Theme.dark
                 symbol: Symbol.Cpu
                 text: "Apple media engine"
                 onToggled: sidebar.model.useHardware = checked
@@ -108,7 +109,6 @@ FocusScope {
                     Layout.fillWidth: true
                     currentIndex: sidebar.model.audioIndex
                     model: sidebar.model.audioLabels
-                    scheme: Theme.dark
                     onActivated: index => sidebar.model.audioIndex = index
                 }
             }

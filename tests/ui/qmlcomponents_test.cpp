@@ -81,9 +81,18 @@ private Q_SLOTS:
 
         QQuickWindow stage;
         stage.resize(960, 640);
+        QQmlComponent ground(&m_engine);
+        ground.setData("import QtQuick\n"
+                       "import Quorvale.Style\n"
+                       "Item { Scheme.colors: Theme.current; width: 960; height: 640 }\n",
+                       QUrl());
+        const std::unique_ptr<QObject> groundObject(ground.create());
+        auto *groundItem = qobject_cast<QQuickItem *>(groundObject.get());
+        QVERIFY2(groundItem, qPrintable(ground.errorString()));
+        groundItem->setParentItem(stage.contentItem());
         QQmlComponent component(&m_engine, QUrl(u"qrc"_s + folder + name));
         QVERIFY2(component.isReady(), qPrintable(component.errorString()));
-        const std::unique_ptr<QObject> object = create(component, *model, stage);
+        const std::unique_ptr<QObject> object = create(component, *model, *groundItem);
         QVERIFY2(object && !component.isError(), qPrintable(component.errorString()));
         auto *ownWindow = qobject_cast<QQuickWindow *>(object.get());
         QQuickWindow &window = ownWindow ? *ownWindow : stage;
@@ -129,11 +138,11 @@ private:
 
     // Gives the component those of the values that it has properties for.
     static std::unique_ptr<QObject> create(QQmlComponent &component, ConverterViewModel &model,
-                                           QQuickWindow &stage)
+                                           QQuickItem &ground)
     {
         QVariantMap taken{
             {u"model"_s, QVariant::fromValue(&model)},
-            {u"parent"_s, QVariant::fromValue(stage.contentItem())},
+            {u"parent"_s, QVariant::fromValue(&ground)},
             {u"job"_s, QVariant::fromValue(ShownJob(failedJob()))},
             {u"progress"_s, 0.5},
             {u"isCurrent"_s, false},
@@ -150,7 +159,7 @@ private:
         component.setInitialProperties(object.get(), taken);
         component.completeCreate();
         if (auto *item = qobject_cast<QQuickItem *>(object.get()))
-            item->setSize(stage.size());
+            item->setSize(ground.size());
         return object;
     }
 

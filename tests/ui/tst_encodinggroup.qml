@@ -18,6 +18,7 @@ ViewTest {
         id: groups
 
         Rectangle {
+            Scheme.colors: Theme.dark
             color: Theme.sidebarEnd
             height: 300
             width: 262

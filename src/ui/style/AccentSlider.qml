@@ -9,8 +9,6 @@ import Quorvale.Style
 T.Slider {
     id: slider
 
-    property ColorScheme scheme: Theme.current
-
     /// What it shows, brought to the nearer end where it lies outside.
     required property real setting
 
@@ -79,7 +77,7 @@ T.Slider {
     }
 
     background: Rectangle {
-        color: slider.scheme.track
+        color: slider.Scheme.colors.track
         height: 4
         radius: 2
         width: slider.availableWidth
@@ -87,7 +85,7 @@ T.Slider {
         y: slider.topPadding + (slider.availableHeight - height) / 2
 
         Rectangle {
-            color: slider.scheme.accentFill
+            color: slider.Scheme.colors.accentFill
             height: parent.height
             radius: parent.radius
             width: slider.handle.x - slider.leftPadding + slider.handle.width / 2
@@ -106,7 +104,6 @@ T.Slider {
 
         FocusRing {
             cornerRadius: parent.radius
-            scheme: slider.scheme
             visible: slider.visualFocus
         }
     }

@@ -9,11 +9,10 @@ import Quorvale.Style
 T.Button {
     id: button
 
-    property ColorScheme scheme: Theme.current
     /// Before the text.
     property int symbol: Symbol.None
     /// Of the symbol, too.
-    property color textColor: scheme.text
+    property color textColor: Scheme.colors.text
 
     /// How the keyboard came here the last time; focusReason does not say so any more when the
     /// button has been hidden.
@@ -54,14 +53,14 @@ T.Button {
     }
 
     background: Rectangle {
-        border.color: button.scheme.controlBorder
+        border.color: button.Scheme.colors.controlBorder
         border.width: 1
-        color: button.down ? button.scheme.controlPressed
-             : button.hovered ? button.scheme.controlHovered : button.scheme.control
+        color: button.down ? button.Scheme.colors.controlPressed
+             : button.hovered ? button.Scheme.colors.controlHovered
+             : button.Scheme.colors.control
         radius: Theme.controlRadius
 
         FocusRing {
-            scheme: button.scheme
             visible: button.visualFocus
         }
     }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 import QtQuick
+import Quorvale.Style
 
 // A button that is only its text until the pointer is on it.
 BorderedButton {
@@ -9,15 +10,14 @@ BorderedButton {
 
     leftPadding: 8
     rightPadding: 8
-    textColor: scheme.accent
+    textColor: Scheme.colors.accent
 
     background: Rectangle {
-        color: button.down ? button.scheme.controlPressed
-             : button.hovered ? button.scheme.rowHovered : "transparent"
+        color: button.down ? button.Scheme.colors.controlPressed
+             : button.hovered ? button.Scheme.colors.rowHovered : "transparent"
         radius: Theme.controlRadius
 
         FocusRing {
-            scheme: button.scheme
             visible: button.visualFocus
         }
     }

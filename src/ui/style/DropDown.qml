@@ -9,9 +9,6 @@ import Quorvale.Style
 T.ComboBox {
     id: box
 
-    /// Of the box and of the list.
-    property ColorScheme scheme: Theme.current
-
     Accessible.description: displayText + (enabled ? "" : ", unavailable")
     Accessible.name: ""
     focusPolicy: Qt.StrongFocus
@@ -39,20 +36,19 @@ T.ComboBox {
     }
 
     background: Rectangle {
-        border.color: box.scheme.controlBorder
+        border.color: box.Scheme.colors.controlBorder
         border.width: 1
-        color: box.down ? box.scheme.controlPressed
-             : box.hovered ? box.scheme.controlHovered : box.scheme.control
+        color: box.down ? box.Scheme.colors.controlPressed
+             : box.hovered ? box.Scheme.colors.controlHovered : box.Scheme.colors.control
         radius: Theme.controlRadius
 
         FocusRing {
-            scheme: box.scheme
             visible: box.visualFocus
         }
     }
 
     contentItem: Text {
-        color: box.scheme.text
+        color: box.Scheme.colors.text
         elide: Text.ElideRight
         font: box.font
         text: box.displayText
@@ -64,7 +60,7 @@ T.ComboBox {
         anchors.right: parent.right
         anchors.rightMargin: 8
         anchors.verticalCenter: parent.verticalCenter
-        color: box.scheme.text
+        color: box.Scheme.colors.text
         name: Symbol.ChevronUpDown
         size: 12
     }
@@ -77,7 +73,6 @@ T.ComboBox {
         font: box.font
         highlighted: box.highlightedIndex === index
         isChosen: box.currentIndex === index
-        scheme: box.scheme
         text: modelData
         width: ListView.view.width
     }
@@ -92,9 +87,7 @@ T.ComboBox {
         width: box.width
         y: box.height + 4
 
-        background: PopupGround {
-            scheme: box.scheme
-        }
+        background: PopupGround {}
 
         contentItem: ListView {
             clip: true

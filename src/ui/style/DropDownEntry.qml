@@ -10,7 +10,6 @@ T.ItemDelegate {
     id: entry
 
     property bool isChosen: false
-    property ColorScheme scheme: Theme.current
 
     Accessible.name: text
     implicitHeight: Theme.controlHeight
@@ -22,12 +21,12 @@ T.ItemDelegate {
     }
 
     background: Rectangle {
-        color: entry.highlighted ? entry.scheme.accentFill : "transparent"
+        color: entry.highlighted ? entry.Scheme.colors.accentFill : "transparent"
         radius: Theme.controlRadius - 2
     }
 
     contentItem: Text {
-        color: entry.highlighted ? Theme.white : entry.scheme.text
+        color: entry.highlighted ? Theme.white : entry.Scheme.colors.text
         elide: Text.ElideRight
         font: entry.font
         text: entry.text
@@ -37,7 +36,7 @@ T.ItemDelegate {
 
     Symbol {
         anchors.verticalCenter: parent.verticalCenter
-        color: entry.highlighted ? Theme.white : entry.scheme.text
+        color: entry.highlighted ? Theme.white : entry.Scheme.colors.text
         name: Symbol.Checkmark
         size: 12
         visible: entry.isChosen

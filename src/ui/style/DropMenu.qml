@@ -8,8 +8,6 @@ import QtQuick.Templates as T
 T.Menu {
     id: dropMenu
 
-    property ColorScheme scheme: Theme.dark
-
     bottomPadding: 4
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutsideParent
     implicitHeight: contentItem.implicitHeight + topPadding + bottomPadding
@@ -18,9 +16,7 @@ T.Menu {
     rightPadding: 4
     topPadding: 4
 
-    background: PopupGround {
-        scheme: dropMenu.scheme
-    }
+    background: PopupGround {}
 
     contentItem: ListView {
         currentIndex: dropMenu.currentIndex
@@ -29,9 +25,5 @@ T.Menu {
         model: dropMenu.contentModel
     }
 
-    // qmllint disable unqualified
-    delegate: DropMenuItem {
-        scheme: dropMenu.scheme
-    }
-    // qmllint enable unqualified
+    delegate: DropMenuItem {}
 }

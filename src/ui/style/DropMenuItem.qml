@@ -9,8 +9,6 @@ import Quorvale.Style
 T.MenuItem {
     id: item
 
-    property ColorScheme scheme: Theme.current
-
     Accessible.name: text
     font: Theme.body
     implicitHeight: Theme.controlHeight
@@ -23,7 +21,7 @@ T.MenuItem {
     }
 
     background: Rectangle {
-        color: item.highlighted ? item.scheme.accentFill : "transparent"
+        color: item.highlighted ? item.Scheme.colors.accentFill : "transparent"
         radius: Theme.controlRadius - 2
     }
 
@@ -31,7 +29,7 @@ T.MenuItem {
         Text {
             anchors.left: parent.left
             anchors.verticalCenter: parent.verticalCenter
-            color: item.highlighted ? Theme.white : item.scheme.text
+            color: item.highlighted ? Theme.white : item.Scheme.colors.text
             font: item.font
             text: item.text
             textFormat: Text.PlainText
@@ -40,7 +38,7 @@ T.MenuItem {
         Text {
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
-            color: item.highlighted ? Theme.white : item.scheme.secondary
+            color: item.highlighted ? Theme.white : item.Scheme.colors.secondary
             font: item.font
             text: shortcut.nativeText
             textFormat: Text.PlainText

@@ -3,12 +3,11 @@
 
 import QtQuick
 import QtQuick.Templates as T
+import Quorvale.Style
 
 // Parts the commands of a menu.
 T.MenuSeparator {
     id: separator
-
-    property ColorScheme scheme: Theme.dark
 
     implicitHeight: 9
     implicitWidth: 216
@@ -16,7 +15,7 @@ T.MenuSeparator {
     contentItem: Item {
         Rectangle {
             anchors.verticalCenter: parent.verticalCenter
-            color: separator.scheme.separator
+            color: separator.Scheme.colors.separator
             height: 1
             width: parent.width
         }

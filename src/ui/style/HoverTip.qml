@@ -3,6 +3,7 @@
 
 import QtQuick
 import QtQuick.Templates as T
+import Quorvale.Style
 
 // Shows a text while the pointer rests on the parent and that stays where it is. Made only then, so
 // that it costs a list of thousands of rows nothing.
@@ -10,7 +11,6 @@ Item {
     id: tip
 
     required property string text
-    property ColorScheme scheme: Theme.current
 
     // The signals of everything that takes the parent along when it moves.
     function movements(): var {
@@ -51,11 +51,10 @@ Item {
 
             background: PopupGround {
                 radius: 5
-                scheme: tip.scheme
             }
 
             contentItem: Text {
-                color: tip.scheme.text
+                color: tip.Scheme.colors.text
                 font: Theme.subheadline
                 horizontalAlignment: Text.AlignLeft
                 text: popup.text

@@ -9,8 +9,6 @@ import Quorvale.Style
 T.Button {
     id: button
 
-    /// What the focus ring is drawn in.
-    property ColorScheme scheme: Theme.current
     /// Of what the ring goes round.
     property real cornerRadius: Theme.controlRadius
     /// Between the button and the ring.
@@ -36,7 +34,6 @@ T.Button {
         FocusRing {
             cornerRadius: button.cornerRadius
             gap: button.focusGap
-            scheme: button.scheme
             visible: button.visualFocus
         }
     }

@@ -8,11 +8,9 @@ import Quorvale.Style
 Rectangle {
     id: ground
 
-    property ColorScheme scheme: Theme.current
-
-    border.color: scheme.popupBorder
+    border.color: Scheme.colors.popupBorder
     border.width: 1
-    color: scheme.popup
+    color: Scheme.colors.popup
     radius: Theme.controlRadius + 2
 
     Glow {

@@ -3,12 +3,11 @@
 
 import QtQuick
 import QtQuick.Templates as T
+import Quorvale.Style
 
 // How much of something is done, from 0 to 1.
 T.ProgressBar {
     id: bar
-
-    property ColorScheme scheme: Theme.current
 
     // What assistive technology reads beside the value.
     readonly property real minimumValue: from
@@ -20,13 +19,13 @@ T.ProgressBar {
     implicitWidth: 120
 
     background: Rectangle {
-        color: bar.scheme.track
+        color: bar.Scheme.colors.track
         radius: height / 2
     }
 
     contentItem: Item {
         Rectangle {
-            color: bar.scheme.accent
+            color: bar.Scheme.colors.accent
             height: parent.height
             radius: height / 2
             // Never narrower than its round ends.

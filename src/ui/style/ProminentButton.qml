@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 import QtQuick
+import Quorvale.Style
 
 // The button for what the user most likely wants.
 BorderedButton {
@@ -16,13 +17,13 @@ BorderedButton {
     textColor: Theme.white
 
     background: Rectangle {
-        color: button.down ? button.scheme.accentFillPressed
-             : button.hovered ? button.scheme.accentFillHovered : button.scheme.accentFill
+        color: button.down ? button.Scheme.colors.accentFillPressed
+             : button.hovered ? button.Scheme.colors.accentFillHovered
+             : button.Scheme.colors.accentFill
         radius: button.isLarge ? Theme.controlRadius + 2 : Theme.controlRadius
 
         FocusRing {
             cornerRadius: parent.radius
-            scheme: button.scheme
             visible: button.visualFocus
         }
     }

@@ -13,7 +13,7 @@ PlainButton {
     required property int symbol
     /// The side of its square.
     property real symbolSize: 16
-    property color symbolColor: scheme.text
+    property color symbolColor: Scheme.colors.text
     /// While the pointer is elsewhere.
     property real symbolOpacity: 1
     /// The tooltip; empty for none.

@@ -9,7 +9,6 @@ import Quorvale.Style
 T.Switch {
     id: control
 
-    property ColorScheme scheme: Theme.current
     property int symbol: Symbol.None
 
     function switchOver() {
@@ -39,7 +38,7 @@ T.Switch {
 
     indicator: Rectangle {
         anchors.verticalCenter: parent.verticalCenter
-        color: control.checked ? control.scheme.accentFill : control.scheme.track
+        color: control.checked ? control.Scheme.colors.accentFill : control.Scheme.colors.track
         implicitHeight: 20
         implicitWidth: 34
         radius: height / 2
@@ -64,13 +63,12 @@ T.Switch {
 
         FocusRing {
             cornerRadius: parent.radius
-            scheme: control.scheme
             visible: control.visualFocus
         }
     }
 
     contentItem: ButtonContent {
-        color: control.scheme.text
+        color: control.Scheme.colors.text
         font: control.font
         isCentered: false
         symbol: control.symbol

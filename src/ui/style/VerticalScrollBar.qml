@@ -9,8 +9,6 @@ import Quorvale.Style
 T.ScrollBar {
     id: bar
 
-    property ColorScheme scheme: Theme.current
-
     Accessible.name: "Scroll bar"
     hoverEnabled: true
     implicitWidth: 12
@@ -28,7 +26,7 @@ T.ScrollBar {
     }
 
     contentItem: Rectangle {
-        color: bar.scheme.tertiary
+        color: bar.Scheme.colors.tertiary
         implicitWidth: 6
         opacity: bar.pressed ? 1 : bar.hovered ? 0.8 : 0.5
         radius: width / 2

@@ -40,6 +40,7 @@ TestCase {
         id: ground
 
         Rectangle {
+            Scheme.colors: Theme.current
             anchors.fill: parent
             color: Theme.current.window
         }
