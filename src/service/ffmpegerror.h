@@ -15,12 +15,12 @@ class FFmpegError : public std::exception
 {
 public:
     enum class Case {
-        processFailed, ///< ffmpeg ended with a non-zero exit status
+        processFailed, ///< ffmpeg ended with a non-zero exit status or its output is not whole
         notFound,      ///< there is no ffmpeg where one is looked for
-        cancelled,     ///< a signal ended ffmpeg
+        cancelled,     ///< a signal ended ffmpeg, or a cancel came before its second run
     };
 
-    /// `text` is the tail of ffmpeg's error output; it may be empty.
+    /// `text` is what ffmpeg said about it last; it may be empty.
     static FFmpegError processFailed(const QString &text);
     static FFmpegError notFound();
     static FFmpegError cancelled();

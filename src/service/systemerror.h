@@ -10,9 +10,9 @@
 
 namespace quorvale {
 
-/// A failure before ffmpeg runs: a folder that cannot be created, a name that is too long, a source
-/// that its own output would replace, a tool that cannot be started. The description names the
-/// object and says why, for the user to read.
+/// A failure before ffmpeg runs: a source that is no file, that states an impossible bitrate or
+/// that its own output would replace, a folder that cannot be created, a name that is too long, a
+/// tool that cannot be started. The description says what is wrong with what, for the user to read.
 class SystemError : public std::exception
 {
 public:
