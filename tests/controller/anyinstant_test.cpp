@@ -6,6 +6,7 @@
 #include "support/leftovers.h"
 #include "support/patience.h"
 #include "support/queue.h"
+#include "support/testclass.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -259,5 +260,5 @@ private:
     std::unique_ptr<Queue> m_queue;
 };
 
-QTEST_GUILESS_MAIN(AnyInstantTest)
+QUORVALE_TEST(AnyInstantTest)
 #include "anyinstant_test.moc"

@@ -3,6 +3,7 @@
 
 #include "support/patience.h"
 #include "support/queue.h"
+#include "support/testclass.h"
 
 #include <QTest>
 
@@ -261,5 +262,5 @@ private:
     std::unique_ptr<Queue> m_queue;
 };
 
-QTEST_GUILESS_MAIN(BatchEditingTest)
+QUORVALE_TEST(BatchEditingTest)
 #include "batchediting_test.moc"

@@ -3,6 +3,7 @@
 
 #include "support/patience.h"
 #include "support/queue.h"
+#include "support/testclass.h"
 
 #include <QFile>
 #include <QSignalSpy>
@@ -253,5 +254,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(BatchRunnerTest)
+QUORVALE_TEST(BatchRunnerTest)
 #include "batchrunner_test.moc"

@@ -3,6 +3,7 @@
 
 #include "support/patience.h"
 #include "support/queue.h"
+#include "support/testclass.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -121,5 +122,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(BatchStartTest)
+QUORVALE_TEST(BatchStartTest)
 #include "batchstart_test.moc"

@@ -8,6 +8,7 @@
 #include "support/leftovers.h"
 #include "support/mediafacts.h"
 #include "support/permissions.h"
+#include "support/testclass.h"
 #include "support/toolrun.h"
 
 #include <QFile>
@@ -390,5 +391,5 @@ private:
     std::optional<ConversionBench> m_bench;
 };
 
-QTEST_GUILESS_MAIN(FileFaultsTest)
+QUORVALE_TEST(FileFaultsTest)
 #include "filefaults_test.moc"

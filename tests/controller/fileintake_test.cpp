@@ -6,6 +6,7 @@
 #include "support/patience.h"
 #include "support/recordedfilemanager.h"
 #include "support/recordedpanel.h"
+#include "support/testclass.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -210,5 +211,5 @@ private:
     std::shared_ptr<ConverterViewModel> m_model;
 };
 
-QTEST_GUILESS_MAIN(FileIntakeTest)
+QUORVALE_TEST(FileIntakeTest)
 #include "fileintake_test.moc"

@@ -3,6 +3,7 @@
 
 #include "controller/joblistmodel.h"
 #include "controller/shownjob.h"
+#include "support/testclass.h"
 
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
@@ -280,5 +281,5 @@ private:
     QList<ConversionJob> m_jobs;
 };
 
-QTEST_APPLESS_MAIN(JobListModelTest)
+QUORVALE_TEST(JobListModelTest)
 #include "joblistmodel_test.moc"

@@ -6,6 +6,7 @@
 #include "support/filetree.h"
 #include "support/recordedfilemanager.h"
 #include "support/recordedpanel.h"
+#include "support/testclass.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -279,5 +280,5 @@ private:
     std::shared_ptr<ConverterViewModel> m_model;
 };
 
-QTEST_GUILESS_MAIN(JobQueueTest)
+QUORVALE_TEST(JobQueueTest)
 #include "jobqueue_test.moc"

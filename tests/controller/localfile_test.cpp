@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "controller/localfile.h"
+#include "support/testclass.h"
 
 #include <QSysInfo>
 #include <QTest>
@@ -46,5 +47,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(LocalFileTest)
+QUORVALE_TEST(LocalFileTest)
 #include "localfile_test.moc"

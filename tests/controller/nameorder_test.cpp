@@ -3,6 +3,7 @@
 
 #include "controller/nameorder.h"
 #include "support/filetree.h"
+#include "support/testclass.h"
 
 #include <QDir>
 #include <QTest>
@@ -103,5 +104,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(NameOrderTest)
+QUORVALE_TEST(NameOrderTest)
 #include "nameorder_test.moc"

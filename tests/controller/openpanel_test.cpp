@@ -5,6 +5,7 @@
 #include "support/filetree.h"
 #include "support/recordedfilemanager.h"
 #include "support/recordedpanel.h"
+#include "support/testclass.h"
 
 #include <QFileInfo>
 #include <QSignalSpy>
@@ -279,5 +280,5 @@ private:
     std::shared_ptr<ConverterViewModel> m_model;
 };
 
-QTEST_GUILESS_MAIN(OpenPanelTest)
+QUORVALE_TEST(OpenPanelTest)
 #include "openpanel_test.moc"

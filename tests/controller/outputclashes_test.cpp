@@ -5,6 +5,7 @@
 #include "support/clips.h"
 #include "support/conversionbench.h"
 #include "support/mediafacts.h"
+#include "support/testclass.h"
 #include "support/toolrun.h"
 
 #include <QFile>
@@ -172,5 +173,5 @@ private:
     QTemporaryDir m_folder;
 };
 
-QTEST_GUILESS_MAIN(OutputClashesTest)
+QUORVALE_TEST(OutputClashesTest)
 #include "outputclashes_test.moc"

@@ -3,6 +3,7 @@
 
 #include "controller/outputurl.h"
 #include "support/filetree.h"
+#include "support/testclass.h"
 
 #include <QFile>
 #include <QTest>
@@ -112,5 +113,5 @@ private:
     }
 };
 
-QTEST_APPLESS_MAIN(OutputUrlTest)
+QUORVALE_TEST(OutputUrlTest)
 #include "outputurl_test.moc"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "controller/queuedfiles.h"
+#include "support/testclass.h"
 
 #include <QTest>
 
@@ -58,5 +59,5 @@ private:
     static QUrl file(const QString &path) { return QUrl::fromLocalFile(path); }
 };
 
-QTEST_GUILESS_MAIN(QueuedFilesTest)
+QUORVALE_TEST(QueuedFilesTest)
 #include "queuedfiles_test.moc"

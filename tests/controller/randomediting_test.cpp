@@ -4,6 +4,7 @@
 #include "support/leftovers.h"
 #include "support/queue.h"
 #include "support/referencequeue.h"
+#include "support/testclass.h"
 
 #include <QAbstractItemModelTester>
 #include <QDeadlineTimer>
@@ -338,5 +339,5 @@ private:
     int m_seed = 0;
 };
 
-QTEST_GUILESS_MAIN(RandomEditingTest)
+QUORVALE_TEST(RandomEditingTest)
 #include "randomediting_test.moc"

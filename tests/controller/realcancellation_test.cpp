@@ -5,6 +5,7 @@
 #include "support/clips.h"
 #include "support/conversionbench.h"
 #include "support/mediafacts.h"
+#include "support/testclass.h"
 #include "support/toolrun.h"
 
 #include <QTest>
@@ -113,5 +114,5 @@ private:
     QString m_longClip;
 };
 
-QTEST_GUILESS_MAIN(RealCancellationTest)
+QUORVALE_TEST(RealCancellationTest)
 #include "realcancellation_test.moc"

@@ -7,6 +7,7 @@
 #include "support/clips.h"
 #include "support/conversionbench.h"
 #include "support/mediafacts.h"
+#include "support/testclass.h"
 #include "support/toolrun.h"
 
 #include <QMap>
@@ -166,5 +167,5 @@ private:
     QMap<QString, MediaFacts> m_clips; // by file name
 };
 
-QTEST_GUILESS_MAIN(RealConversionsTest)
+QUORVALE_TEST(RealConversionsTest)
 #include "realconversions_test.moc"

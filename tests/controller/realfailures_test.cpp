@@ -6,6 +6,7 @@
 #include "support/clips.h"
 #include "support/conversionbench.h"
 #include "support/permissions.h"
+#include "support/testclass.h"
 #include "support/toolrun.h"
 
 #include <QFile>
@@ -119,5 +120,5 @@ private:
     QString m_text;
 };
 
-QTEST_GUILESS_MAIN(RealFailuresTest)
+QUORVALE_TEST(RealFailuresTest)
 #include "realfailures_test.moc"

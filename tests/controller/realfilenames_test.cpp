@@ -6,6 +6,7 @@
 #include "model/filepath.h"
 #include "support/clips.h"
 #include "support/conversionbench.h"
+#include "support/testclass.h"
 #include "support/toolrun.h"
 
 #include <QTest>
@@ -204,5 +205,5 @@ private:
     QString m_clip;
 };
 
-QTEST_GUILESS_MAIN(RealFileNamesTest)
+QUORVALE_TEST(RealFileNamesTest)
 #include "realfilenames_test.moc"

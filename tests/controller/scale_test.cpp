@@ -4,6 +4,7 @@
 #include "support/leftovers.h"
 #include "support/patience.h"
 #include "support/queue.h"
+#include "support/testclass.h"
 
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
@@ -261,5 +262,5 @@ private:
     std::unique_ptr<Queue> m_queue;
 };
 
-QTEST_GUILESS_MAIN(ScaleTest)
+QUORVALE_TEST(ScaleTest)
 #include "scale_test.moc"

@@ -4,6 +4,7 @@
 #include "controller/converterviewmodel.h"
 #include "support/recordedfilemanager.h"
 #include "support/recordedpanel.h"
+#include "support/testclass.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -161,5 +162,5 @@ private:
     std::unique_ptr<QSignalSpy> m_changes;
 };
 
-QTEST_GUILESS_MAIN(SettingChoicesTest)
+QUORVALE_TEST(SettingChoicesTest)
 #include "settingchoices_test.moc"

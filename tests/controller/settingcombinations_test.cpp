@@ -5,6 +5,7 @@
 #include "support/clips.h"
 #include "support/conversionbench.h"
 #include "support/mediafacts.h"
+#include "support/testclass.h"
 #include "support/toolrun.h"
 
 #include <QHash>
@@ -182,5 +183,5 @@ private:
     QHash<QString, Verdict> m_verdicts;
 };
 
-QTEST_GUILESS_MAIN(SettingCombinationsTest)
+QUORVALE_TEST(SettingCombinationsTest)
 #include "settingcombinations_test.moc"

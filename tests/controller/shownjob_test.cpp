@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "controller/shownjob.h"
+#include "support/testclass.h"
 
 #include <QTest>
 
@@ -78,5 +79,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(ShownJobTest)
+QUORVALE_TEST(ShownJobTest)
 #include "shownjob_test.moc"

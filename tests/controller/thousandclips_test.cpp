@@ -4,6 +4,7 @@
 #include "controller/converterviewmodel.h"
 #include "support/conversionbench.h"
 #include "support/leftovers.h"
+#include "support/testclass.h"
 #include "support/toolrun.h"
 
 #include <QTest>
@@ -61,5 +62,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(ThousandClipsTest)
+QUORVALE_TEST(ThousandClipsTest)
 #include "thousandclips_test.moc"

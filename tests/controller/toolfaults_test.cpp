@@ -4,6 +4,7 @@
 #include "support/leftovers.h"
 #include "support/patience.h"
 #include "support/queue.h"
+#include "support/testclass.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -333,5 +334,5 @@ private:
     std::unique_ptr<Queue> m_queue;
 };
 
-QTEST_GUILESS_MAIN(ToolFaultsTest)
+QUORVALE_TEST(ToolFaultsTest)
 #include "toolfaults_test.moc"

@@ -3,6 +3,7 @@
 
 #include "controller/videofinder.h"
 #include "support/filetree.h"
+#include "support/testclass.h"
 
 #include <QDir>
 #include <QFile>
@@ -222,5 +223,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(VideoFinderTest)
+QUORVALE_TEST(VideoFinderTest)
 #include "videofinder_test.moc"

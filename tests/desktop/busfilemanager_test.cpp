@@ -5,6 +5,7 @@
 #include "support/patience.h"
 #include "support/privatebus.h"
 #include "support/standinservice.h"
+#include "support/testclass.h"
 
 #include <QDesktopServices>
 #include <QTest>
@@ -134,5 +135,5 @@ private:
     QList<QUrl> m_opened;
 };
 
-QTEST_MAIN(BusFileManagerTest)
+QUORVALE_TEST(BusFileManagerTest)
 #include "busfilemanager_test.moc"

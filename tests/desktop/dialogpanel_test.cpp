@@ -3,6 +3,7 @@
 
 #include "desktop/dialogpanel.h"
 #include "support/filetree.h"
+#include "support/testclass.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -371,5 +372,5 @@ private:
     std::unique_ptr<DialogPanel> m_panel;
 };
 
-QTEST_MAIN(DialogPanelTest)
+QUORVALE_TEST(DialogPanelTest)
 #include "dialogpanel_test.moc"

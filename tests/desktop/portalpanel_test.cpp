@@ -6,6 +6,7 @@
 #include "support/privatebus.h"
 #include "support/recordedpanel.h"
 #include "support/standinportal.h"
+#include "support/testclass.h"
 
 #include <QApplication>
 #include <QDBusArgument>
@@ -350,5 +351,5 @@ private:
     std::unique_ptr<PortalPanel> m_panel;
 };
 
-QTEST_MAIN(PortalPanelTest)
+QUORVALE_TEST(PortalPanelTest)
 #include "portalpanel_test.moc"

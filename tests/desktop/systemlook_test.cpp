@@ -6,6 +6,7 @@
 #include "support/patience.h"
 #include "support/privatebus.h"
 #include "support/standinsettings.h"
+#include "support/testclass.h"
 
 #include <QFontDatabase>
 #include <QGuiApplication>
@@ -159,5 +160,5 @@ private:
     PrivateBus m_bus;
 };
 
-QTEST_MAIN(SystemLookTest)
+QUORVALE_TEST(SystemLookTest)
 #include "systemlook_test.moc"

@@ -3,6 +3,7 @@
 
 #include "desktop/videonamefilter.h"
 #include "service/ffmpegservice.h"
+#include "support/testclass.h"
 
 #include <QRegularExpression>
 #include <QTest>
@@ -60,5 +61,5 @@ private:
     QStringList m_patterns;
 };
 
-QTEST_APPLESS_MAIN(VideoNameFilterTest)
+QUORVALE_TEST(VideoNameFilterTest)
 #include "videonamefilter_test.moc"

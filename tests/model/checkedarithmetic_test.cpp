@@ -4,6 +4,7 @@
 #include "model/checkedarithmetic.h"
 
 #include "support/fatal.h"
+#include "support/testclass.h"
 
 #include <QTest>
 
@@ -77,5 +78,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(CheckedArithmeticTest)
+QUORVALE_TEST(CheckedArithmeticTest)
 #include "checkedarithmetic_test.moc"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "model/conversionjob.h"
+#include "support/testclass.h"
 
 #include <QTest>
 
@@ -92,5 +93,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(ConversionJobTest)
+QUORVALE_TEST(ConversionJobTest)
 #include "conversionjob_test.moc"

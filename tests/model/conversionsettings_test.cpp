@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "model/conversionsettings.h"
+#include "support/testclass.h"
 
 #include <QTest>
 
@@ -104,5 +105,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(ConversionSettingsTest)
+QUORVALE_TEST(ConversionSettingsTest)
 #include "conversionsettings_test.moc"

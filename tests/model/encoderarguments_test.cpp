@@ -3,6 +3,7 @@
 
 #include "model/encoderarguments.h"
 #include "support/fatal.h"
+#include "support/testclass.h"
 
 #include <QTest>
 
@@ -278,5 +279,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(EncoderArgumentsTest)
+QUORVALE_TEST(EncoderArgumentsTest)
 #include "encoderarguments_test.moc"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "model/failurereason.h"
+#include "support/testclass.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -163,5 +164,5 @@ private:
     };
 };
 
-QTEST_APPLESS_MAIN(FailureReasonTest)
+QUORVALE_TEST(FailureReasonTest)
 #include "failurereason_test.moc"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "model/filename.h"
+#include "support/testclass.h"
 
 #include <QTest>
 
@@ -96,5 +97,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(FileNameTest)
+QUORVALE_TEST(FileNameTest)
 #include "filename_test.moc"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "model/filepath.h"
+#include "support/testclass.h"
 
 #include <QTest>
 
@@ -53,5 +54,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(FilePathTest)
+QUORVALE_TEST(FilePathTest)
 #include "filepath_test.moc"

@@ -4,6 +4,7 @@
 #include "model/audiomode.h"
 #include "model/encodinggoal.h"
 #include "model/outputcodec.h"
+#include "support/testclass.h"
 
 #include <QSet>
 #include <QTest>
@@ -103,5 +104,5 @@ private:
     }
 };
 
-QTEST_APPLESS_MAIN(OptionTest)
+QUORVALE_TEST(OptionTest)
 #include "option_test.moc"

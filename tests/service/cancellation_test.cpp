@@ -5,6 +5,7 @@
 #include "support/conversion.h"
 #include "support/patience.h"
 #include "support/standintools.h"
+#include "support/testclass.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -277,5 +278,5 @@ private:
     FFmpegService m_service;
 };
 
-QTEST_GUILESS_MAIN(CancellationTest)
+QUORVALE_TEST(CancellationTest)
 #include "cancellation_test.moc"

@@ -4,6 +4,7 @@
 #include "support/conversion.h"
 #include "support/leftovers.h"
 #include "support/standintools.h"
+#include "support/testclass.h"
 
 #include <QFile>
 #include <QTest>
@@ -353,5 +354,5 @@ private:
     FFmpegService m_service;
 };
 
-QTEST_GUILESS_MAIN(ConversionTest)
+QUORVALE_TEST(ConversionTest)
 #include "conversion_test.moc"

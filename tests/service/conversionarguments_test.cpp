@@ -4,6 +4,7 @@
 #include "model/encoderarguments.h"
 #include "model/filepath.h"
 #include "service/conversionarguments.h"
+#include "support/testclass.h"
 
 #include <QTest>
 
@@ -95,5 +96,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(ConversionArgumentsTest)
+QUORVALE_TEST(ConversionArgumentsTest)
 #include "conversionarguments_test.moc"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "service/errortail.h"
+#include "support/testclass.h"
 
 #include <QTest>
 
@@ -95,5 +96,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(ErrorTailTest)
+QUORVALE_TEST(ErrorTailTest)
 #include "errortail_test.moc"

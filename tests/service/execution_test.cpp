@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "service/execution.h"
+#include "support/testclass.h"
 
 #include <QTest>
 
@@ -79,5 +80,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(ExecutionTest)
+QUORVALE_TEST(ExecutionTest)
 #include "execution_test.moc"

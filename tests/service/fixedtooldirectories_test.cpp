@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "service/tooldirectories.h"
+#include "support/testclass.h"
 
 #include <QTest>
 
@@ -27,5 +28,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(FixedToolDirectoriesTest)
+QUORVALE_TEST(FixedToolDirectoriesTest)
 #include "fixedtooldirectories_test.moc"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "service/linereader.h"
+#include "support/testclass.h"
 
 #include <QList>
 #include <QTest>
@@ -95,5 +96,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(LineReaderTest)
+QUORVALE_TEST(LineReaderTest)
 #include "linereader_test.moc"

@@ -5,6 +5,7 @@
 
 #include "service/mediainfo.h"
 #include "support/standintools.h"
+#include "support/testclass.h"
 
 #include <QTest>
 
@@ -45,5 +46,5 @@ private:
     StandInTools m_tools;
 };
 
-QTEST_GUILESS_MAIN(MediaDescriptionTest)
+QUORVALE_TEST(MediaDescriptionTest)
 #include "mediadescription_test.moc"

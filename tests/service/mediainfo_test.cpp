@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "service/mediainfo.h"
+#include "support/testclass.h"
 
 #include <QTest>
 
@@ -212,5 +213,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(MediaInfoTest)
+QUORVALE_TEST(MediaInfoTest)
 #include "mediainfo_test.moc"

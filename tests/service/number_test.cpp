@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "service/number.h"
+#include "support/testclass.h"
 
 #include <QTest>
 
@@ -84,5 +85,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(NumberTest)
+QUORVALE_TEST(NumberTest)
 #include "number_test.moc"

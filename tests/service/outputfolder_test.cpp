@@ -3,6 +3,7 @@
 
 #include "service/outputfolder.h"
 #include "service/systemerror.h"
+#include "support/testclass.h"
 
 #include <QDir>
 #include <QFile>
@@ -77,5 +78,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(OutputFolderTest)
+QUORVALE_TEST(OutputFolderTest)
 #include "outputfolder_test.moc"

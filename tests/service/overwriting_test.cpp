@@ -3,6 +3,7 @@
 
 #include "support/clips.h"
 #include "support/conversion.h"
+#include "support/testclass.h"
 #include "support/toolrun.h"
 
 #include <QFile>
@@ -75,5 +76,5 @@ private:
     FFmpegService m_service;
 };
 
-QTEST_GUILESS_MAIN(OverwritingTest)
+QUORVALE_TEST(OverwritingTest)
 #include "overwriting_test.moc"

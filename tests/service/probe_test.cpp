@@ -4,6 +4,7 @@
 #include "service/ffmpegservice.h"
 #include "support/conversion.h"
 #include "support/standintools.h"
+#include "support/testclass.h"
 
 #include <QTest>
 
@@ -199,5 +200,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(ProbeTest)
+QUORVALE_TEST(ProbeTest)
 #include "probe_test.moc"

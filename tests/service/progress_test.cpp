@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "service/progress.h"
+#include "support/testclass.h"
 
 #include <QTest>
 
@@ -56,5 +57,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(ProgressTest)
+QUORVALE_TEST(ProgressTest)
 #include "progress_test.moc"

@@ -3,6 +3,7 @@
 
 #include "support/conversion.h"
 #include "support/standintools.h"
+#include "support/testclass.h"
 
 #include <QTest>
 
@@ -159,5 +160,5 @@ private:
     FFmpegService m_service;
 };
 
-QTEST_GUILESS_MAIN(SoftwareEncoderTest)
+QUORVALE_TEST(SoftwareEncoderTest)
 #include "softwareencoder_test.moc"

@@ -3,6 +3,7 @@
 
 #include "service/sourceguard.h"
 #include "service/systemerror.h"
+#include "support/testclass.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -106,5 +107,5 @@ private:
     std::optional<QTemporaryDir> m_folder;
 };
 
-QTEST_APPLESS_MAIN(SourceGuardTest)
+QUORVALE_TEST(SourceGuardTest)
 #include "sourceguard_test.moc"

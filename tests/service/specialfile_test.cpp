@@ -3,6 +3,7 @@
 
 #include "service/specialfile.h"
 #include "service/systemerror.h"
+#include "support/testclass.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -78,5 +79,5 @@ private:
     QTemporaryDir m_folder;
 };
 
-QTEST_APPLESS_MAIN(SpecialFileTest)
+QUORVALE_TEST(SpecialFileTest)
 #include "specialfile_test.moc"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "service/ffmpegservice.h"
+#include "support/testclass.h"
 #include "support/testtooldirectories.h"
 
 #include <QDir>
@@ -116,5 +117,5 @@ private:
     std::unique_ptr<QTemporaryDir> m_root;
 };
 
-QTEST_APPLESS_MAIN(ToolLocationTest)
+QUORVALE_TEST(ToolLocationTest)
 #include "toollocation_test.moc"

@@ -5,6 +5,7 @@
 #include "support/conversion.h"
 #include "support/filesizelimit.h"
 #include "support/mediafacts.h"
+#include "support/testclass.h"
 #include "support/toolrun.h"
 
 #include <QDir>
@@ -178,5 +179,5 @@ private:
     FFmpegService m_service;
 };
 
-QTEST_GUILESS_MAIN(WholeOutputTest)
+QUORVALE_TEST(WholeOutputTest)
 #include "wholeoutput_test.moc"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "service/writeerrors.h"
+#include "support/testclass.h"
 
 #include <QTest>
 
@@ -124,5 +125,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(WriteErrorsTest)
+QUORVALE_TEST(WriteErrorsTest)
 #include "writeerrors_test.moc"

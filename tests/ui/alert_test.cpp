@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "support/programbench.h"
+#include "support/testclass.h"
 
 #include <QFile>
 #include <QTest>
@@ -112,5 +113,5 @@ private:
     std::unique_ptr<ProgramBench> m_bench;
 };
 
-QTEST_GUILESS_MAIN(AlertTest)
+QUORVALE_TEST(AlertTest)
 #include "alert_test.moc"

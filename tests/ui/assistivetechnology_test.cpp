@@ -4,6 +4,7 @@
 #include "support/processtable.h"
 #include "support/programbench.h"
 #include "support/rowdrag.h"
+#include "support/testclass.h"
 #include "support/videofile.h"
 
 #include <QDir>
@@ -497,5 +498,5 @@ private:
     std::unique_ptr<ProgramBench> m_bench;
 };
 
-QTEST_GUILESS_MAIN(AssistiveTechnologyTest)
+QUORVALE_TEST(AssistiveTechnologyTest)
 #include "assistivetechnology_test.moc"

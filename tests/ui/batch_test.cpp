@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "support/programbench.h"
+#include "support/testclass.h"
 #include "support/videofile.h"
 
 #include <QTest>
@@ -194,5 +195,5 @@ private:
     std::unique_ptr<ProgramBench> m_bench;
 };
 
-QTEST_GUILESS_MAIN(BatchTest)
+QUORVALE_TEST(BatchTest)
 #include "batch_test.moc"

@@ -5,6 +5,7 @@
 #include "support/patience.h"
 #include "support/recordedfilemanager.h"
 #include "support/recordedpanel.h"
+#include "support/testclass.h"
 
 #include <QPointer>
 #include <QQmlComponent>
@@ -205,5 +206,5 @@ private:
     std::unique_ptr<QObject> m_root;
 };
 
-QTEST_GUILESS_MAIN(ControllerTypesTest)
+QUORVALE_TEST(ControllerTypesTest)
 #include "controllertypes_test.moc"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "support/programbench.h"
+#include "support/testclass.h"
 #include "support/videofile.h"
 
 #include <QDir>
@@ -153,5 +154,5 @@ private:
     QTemporaryDir m_folder;
 };
 
-QTEST_GUILESS_MAIN(DropAndConvertTest)
+QUORVALE_TEST(DropAndConvertTest)
 #include "dropandconvert_test.moc"

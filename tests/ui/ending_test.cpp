@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "support/programbench.h"
+#include "support/testclass.h"
 #include "support/videofile.h"
 
 #include <QTest>
@@ -109,5 +110,5 @@ private:
     std::unique_ptr<ProgramBench> m_bench;
 };
 
-QTEST_GUILESS_MAIN(EndingTest)
+QUORVALE_TEST(EndingTest)
 #include "ending_test.moc"

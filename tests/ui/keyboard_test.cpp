@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "support/programbench.h"
+#include "support/testclass.h"
 #include "support/videofile.h"
 
 #include <QDebug>
@@ -287,5 +288,5 @@ private:
     std::unique_ptr<ProgramBench> m_bench;
 };
 
-QTEST_GUILESS_MAIN(KeyboardTest)
+QUORVALE_TEST(KeyboardTest)
 #include "keyboard_test.moc"

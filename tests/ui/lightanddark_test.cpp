@@ -4,6 +4,7 @@
 #include "support/patience.h"
 #include "support/programbench.h"
 #include "support/standinsettings.h"
+#include "support/testclass.h"
 
 #include <QTest>
 
@@ -77,5 +78,5 @@ private:
     std::unique_ptr<ProgramBench> m_bench;
 };
 
-QTEST_GUILESS_MAIN(LightAndDarkTest)
+QUORVALE_TEST(LightAndDarkTest)
 #include "lightanddark_test.moc"

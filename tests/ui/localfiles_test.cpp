@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "localfiles.h"
+#include "support/testclass.h"
 
 #include <QTest>
 
@@ -42,5 +43,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(LocalFilesTest)
+QUORVALE_TEST(LocalFilesTest)
 #include "localfiles_test.moc"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "support/programrun.h"
+#include "support/testclass.h"
 
 #include <QFileInfo>
 #include <QTest>
@@ -46,5 +47,5 @@ private:
     const QString deadDisplay = u":59000"_s;
 };
 
-QTEST_GUILESS_MAIN(NoDisplayTest)
+QUORVALE_TEST(NoDisplayTest)
 #include "nodisplay_test.moc"

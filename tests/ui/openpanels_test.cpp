@@ -4,6 +4,7 @@
 #include "support/patience.h"
 #include "support/programbench.h"
 #include "support/standinportal.h"
+#include "support/testclass.h"
 #include "support/videofile.h"
 
 #include <QDir>
@@ -264,5 +265,5 @@ private:
     std::unique_ptr<ProgramBench> m_bench;
 };
 
-QTEST_GUILESS_MAIN(OpenPanelsTest)
+QUORVALE_TEST(OpenPanelsTest)
 #include "openpanels_test.moc"

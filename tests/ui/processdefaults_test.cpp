@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
+#include "support/testclass.h"
 #include "ui/processdefaults.h"
 
 #include "support/processtable.h"
@@ -137,5 +138,5 @@ private:
     }
 };
 
-QTEST_GUILESS_MAIN(ProcessDefaultsTest)
+QUORVALE_TEST(ProcessDefaultsTest)
 #include "processdefaults_test.moc"

@@ -3,6 +3,7 @@
 
 #include "support/processtable.h"
 #include "support/programbench.h"
+#include "support/testclass.h"
 #include "support/videofile.h"
 
 #include <QTest>
@@ -70,5 +71,5 @@ private:
     std::unique_ptr<ProgramBench> m_bench;
 };
 
-QTEST_GUILESS_MAIN(ProcessorTimeTest)
+QUORVALE_TEST(ProcessorTimeTest)
 #include "processortime_test.moc"

@@ -5,6 +5,7 @@
 #include "controller/shownjob.h"
 #include "support/recordedfilemanager.h"
 #include "support/standintools.h"
+#include "support/testclass.h"
 
 #include <QDir>
 #include <QQmlComponent>
@@ -166,5 +167,5 @@ private:
     QQmlEngine m_engine;
 };
 
-QTEST_MAIN(QmlComponentsTest)
+QUORVALE_TEST(QmlComponentsTest)
 #include "qmlcomponents_test.moc"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "quorvaleapp.h"
+#include "support/testclass.h"
 
 #include <QApplication>
 #include <QFile>
@@ -63,5 +64,5 @@ private:
     QuorvaleApp m_app;
 };
 
-QTEST_MAIN(QuorvaleAppTest)
+QUORVALE_TEST(QuorvaleAppTest)
 #include "quorvaleapp_test.moc"

@@ -3,6 +3,7 @@
 
 #include "support/processtable.h"
 #include "support/programrun.h"
+#include "support/testclass.h"
 #include "support/virtualdesktop.h"
 #include "support/windowdriver.h"
 
@@ -111,5 +112,5 @@ private:
     QTemporaryDir m_folder;
 };
 
-QTEST_GUILESS_MAIN(RelocationTest)
+QUORVALE_TEST(RelocationTest)
 #include "relocation_test.moc"

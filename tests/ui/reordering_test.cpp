@@ -3,6 +3,7 @@
 
 #include "support/programbench.h"
 #include "support/rowdrag.h"
+#include "support/testclass.h"
 #include "support/videofile.h"
 
 #include <QTest>
@@ -128,5 +129,5 @@ private:
     std::unique_ptr<ProgramBench> m_bench;
 };
 
-QTEST_GUILESS_MAIN(ReorderingTest)
+QUORVALE_TEST(ReorderingTest)
 #include "reordering_test.moc"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "support/programbench.h"
+#include "support/testclass.h"
 #include "support/videofile.h"
 
 #include <QDir>
@@ -179,5 +180,5 @@ private:
     std::unique_ptr<ProgramBench> m_bench;
 };
 
-QTEST_GUILESS_MAIN(ScreenReaderTest)
+QUORVALE_TEST(ScreenReaderTest)
 #include "screenreader_test.moc"

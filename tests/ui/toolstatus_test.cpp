@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
+#include "support/testclass.h"
 #include "toolstatus.h"
 
 #include "support/filetree.h"
@@ -107,5 +108,5 @@ private:
     std::unique_ptr<StandInTools> m_tools;
 };
 
-QTEST_GUILESS_MAIN(ToolStatusTest)
+QUORVALE_TEST(ToolStatusTest)
 #include "toolstatus_test.moc"

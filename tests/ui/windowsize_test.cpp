@@ -3,6 +3,7 @@
 
 #include "support/patience.h"
 #include "support/programbench.h"
+#include "support/testclass.h"
 #include "support/virtualdesktop.h"
 
 #include <QTest>
@@ -67,5 +68,5 @@ private:
     std::unique_ptr<ProgramBench> m_bench;
 };
 
-QTEST_GUILESS_MAIN(WindowSizeTest)
+QUORVALE_TEST(WindowSizeTest)
 #include "windowsize_test.moc"

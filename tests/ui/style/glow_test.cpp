@@ -4,6 +4,7 @@
 #include "glow.h"
 
 #include "support/stage.h"
+#include "support/testclass.h"
 
 #include <QPainterPath>
 #include <QRegularExpression>
@@ -159,5 +160,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(GlowTest)
+QUORVALE_TEST(GlowTest)
 #include "glow_test.moc"

@@ -4,6 +4,7 @@
 #include "smoothrectangle.h"
 
 #include "support/stage.h"
+#include "support/testclass.h"
 
 #include <QPainterPath>
 #include <QRegularExpression>
@@ -331,5 +332,5 @@ private:
     }
 };
 
-QTEST_MAIN(SmoothRectangleTest)
+QUORVALE_TEST(SmoothRectangleTest)
 #include "smoothrectangle_test.moc"

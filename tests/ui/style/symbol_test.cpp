@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
+#include "support/testclass.h"
 #include "symbol.h"
 
 #include "support/stage.h"
@@ -241,5 +242,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(SymbolTest)
+QUORVALE_TEST(SymbolTest)
 #include "symbol_test.moc"
