@@ -28,7 +28,7 @@ namespace {
 
 bool hasEnded(const ConverterViewModel &model)
 {
-    return QTest::qWaitFor([&] { return !model.isConverting(); }, 60'000);
+    return QTest::qWaitFor([&] { return !model.isConverting(); }, patience);
 }
 
 void processEventsFor(qint64 nanoseconds)
@@ -202,7 +202,7 @@ private Q_SLOTS:
                 m_queue->model().cancel();
             m_queue->takeModel();
             // Its batch keeps it until then.
-            QTRY_VERIFY_WITH_TIMEOUT(controller.expired(), 60'000);
+            QTRY_VERIFY_WITH_TIMEOUT(controller.expired(), patience);
         }
     }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "support/leftovers.h"
+#include "support/patience.h"
 #include "support/queue.h"
 #include "support/referencequeue.h"
 #include "support/testclass.h"
@@ -35,7 +36,7 @@ int oneOf(Random &random, int count)
 template <typename Condition>
 bool becomesTrue(const Condition &condition)
 {
-    const QDeadlineTimer deadline(60'000);
+    const QDeadlineTimer deadline(patience);
     while (!condition()) {
         if (deadline.hasExpired())
             return false;

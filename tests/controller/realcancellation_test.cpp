@@ -5,6 +5,7 @@
 #include "support/clips.h"
 #include "support/conversionbench.h"
 #include "support/mediafacts.h"
+#include "support/patience.h"
 #include "support/testclass.h"
 #include "support/toolrun.h"
 
@@ -98,7 +99,6 @@ private:
         if (!bench.drop(m_longClip, 1) || !bench.drop(m_clip, 1))
             return false;
         controller.start();
-        constexpr int patience = 60'000; // milliseconds
         return QTest::qWaitFor(
             [&] {
                 const ConversionJob &job = controller.jobs().first();

@@ -5,6 +5,7 @@
 #include "controller/shownjob.h"
 #include "support/clips.h"
 #include "support/conversionbench.h"
+#include "support/patience.h"
 #include "support/permissions.h"
 #include "support/testclass.h"
 #include "support/toolrun.h"
@@ -50,7 +51,7 @@ private Q_SLOTS:
         controller.setSettings({.codec = codec, .useHardware = false});
         QVERIFY(bench.drop(m_longClip, 1));
         controller.start();
-        QTRY_VERIFY_WITH_TIMEOUT(controller.jobs().first().progress > 0, 60'000);
+        QTRY_VERIFY_WITH_TIMEOUT(controller.jobs().first().progress > 0, patience);
         controller.cancel();
         QVERIFY(bench.awaitEnd());
         QCOMPARE(reason(bench), u"Exiting normally, received signal 2."_s);

@@ -6,6 +6,7 @@
 #include "model/filepath.h"
 #include "support/clips.h"
 #include "support/conversionbench.h"
+#include "support/patience.h"
 #include "support/testclass.h"
 #include "support/toolrun.h"
 
@@ -144,7 +145,7 @@ private Q_SLOTS:
             QUrl::fromEncoded("file://" + QByteArray::fromStdString(path).toPercentEncoding("/"));
         ConverterViewModel &controller = bench.controller();
         controller.handleDrop({url, url});
-        QTRY_COMPARE_WITH_TIMEOUT(controller.jobCount(), 1, 60'000);
+        QTRY_COMPARE_WITH_TIMEOUT(controller.jobCount(), 1, patience);
         QCOMPARE(ShownJob(controller.jobs().first()).fileName(),
                  QString::fromStdString("100%25 #1? " + decomposedAccent + " \uFFFD.mp4"));
 

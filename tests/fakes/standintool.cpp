@@ -26,7 +26,8 @@
 //   die SIGNAL                          end by a signal
 //   exit STATUS                         end
 //
-// A script that ends without "die" or "exit" ends with status 0.
+// A script that ends without "die" or "exit" ends with status 0. A test that fails may leave a
+// stand-in behind, so every one, and what it left, ends by itself within a minute and says so.
 
 #include <cerrno>
 #include <chrono>
@@ -47,6 +48,9 @@ namespace {
 
 using Milliseconds = std::chrono::milliseconds;
 
+// In seconds: longer than a test waits (tests/support/patience.h).
+constexpr unsigned lifetime = 50;
+
 volatile std::sig_atomic_t interruptsFile = -1;
 volatile std::sig_atomic_t statusAtInterrupt = 0;
 
@@ -60,6 +64,24 @@ extern "C" void countInterrupt(int)
 extern "C" void exitAtInterrupt(int)
 {
     _exit(statusAtInterrupt);
+}
+
+extern "C" void exitAtTheEndOfTime(int)
+{
+    constexpr char remark[] = "stand-in tool: nothing ended it in time\n";
+    [[maybe_unused]] const ssize_t written = ::write(STDERR_FILENO, remark, sizeof remark - 1);
+    _exit(97);
+}
+
+// Children do not inherit the alarm.
+void limitLifetime()
+{
+    std::signal(SIGALRM, exitAtTheEndOfTime);
+    sigset_t alarm;
+    ::sigemptyset(&alarm);
+    ::sigaddset(&alarm, SIGALRM);
+    ::sigprocmask(SIG_UNBLOCK, &alarm, nullptr);
+    ::alarm(lifetime);
 }
 
 std::string decoded(const std::string &text)
@@ -187,12 +209,14 @@ void follow(std::istream &script, const std::string &tool, const std::string &la
         } else if (command == "leave-grandchild") {
             const Milliseconds life(number());
             if (::fork() == 0) {
+                limitLifetime();
                 std::this_thread::sleep_for(life);
                 _exit(0);
             }
         } else if (command == "leave-flooding-grandchild") {
             const auto end = std::chrono::steady_clock::now() + Milliseconds(number());
             if (::fork() == 0) {
+                limitLifetime();
                 while (std::chrono::steady_clock::now() < end) {
                     writeAll(STDOUT_FILENO, std::string(4096, 'x'));
                     writeAll(STDERR_FILENO, std::string(4096, 'x'));
@@ -219,6 +243,7 @@ void follow(std::istream &script, const std::string &tool, const std::string &la
 int main(int argc, char **argv)
 {
     std::signal(SIGPIPE, SIG_IGN);
+    limitLifetime();
     const std::string tool = argv[0];
     const long run = recordArguments(tool, argc, argv);
     std::ifstream script(beside(tool, "script." + std::to_string(run)));

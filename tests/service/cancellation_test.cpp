@@ -232,7 +232,7 @@ private Q_SLOTS:
         const auto conversion = convert();
         awaitRunning();
         m_service.cancel();
-        const bool hasEnded = QTest::qWaitFor([&] { return conversion.isFinished(); }, 30'000);
+        const bool hasEnded = QTest::qWaitFor([&] { return conversion.isFinished(); }, patience);
         release();
         const ConversionEnd end = endOf(conversion);
         std::signal(SIGINT, handler);

@@ -299,7 +299,7 @@ private Q_SLOTS:
 
     void aGrandchildThatKeepsTheStreamsOpenDoesNotHoldTheConversion()
     {
-        script(Script().out("progress=end\n").leaveGrandchild(60'000).exit(0));
+        script(Script().out("progress=end\n").leaveGrandchild(45'000).exit(0));
         QElapsedTimer timer;
         timer.start();
         QVERIFY(convert().isSuccess());

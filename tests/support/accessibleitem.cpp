@@ -3,6 +3,8 @@
 
 #include "accessibleitem.h"
 
+#include "patience.h"
+
 #include <QDBusArgument>
 #include <QDBusMessage>
 #include <QDBusVariant>
@@ -14,8 +16,6 @@ using namespace Qt::StringLiterals;
 namespace quorvale::test {
 
 namespace {
-
-constexpr int patience = 20'000; // milliseconds
 
 constexpr const char *accessible = "org.a11y.atspi.Accessible";
 constexpr const char *actionInterface = "org.a11y.atspi.Action";

@@ -3,6 +3,11 @@
 
 #include "conversion.h"
 
+#include "patience.h"
+
+#include <QDeadlineTimer>
+#include <QThread>
+
 namespace quorvale::test {
 
 FFmpegService::ProgressHandler ProgressLog::handler()
@@ -21,6 +26,11 @@ QList<double> ProgressLog::values() const
 
 ConversionEnd endOf(QFuture<void> conversion)
 {
+    QDeadlineTimer deadline(patience);
+    while (!conversion.isFinished() && !deadline.hasExpired())
+        QThread::msleep(1);
+    if (!conversion.isFinished())
+        qWarning("Awaiting the end of a conversion, of which there is none so far");
     try {
         conversion.waitForFinished();
     } catch (const FFmpegError &error) {

@@ -2,22 +2,18 @@
 // SPDX-License-Identifier: MIT
 
 #include "conversionbench.h"
+#include "patience.h"
 
 #include "recordedfilemanager.h"
 #include "recordedpanel.h"
 #include "toolrun.h"
 
+#include <QSignalSpy>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
 
 namespace quorvale::test {
-
-namespace {
-
-constexpr int patience = 120'000; // milliseconds
-
-} // namespace
 
 ConversionBench::ConversionBench()
 {
@@ -61,7 +57,14 @@ bool ConversionBench::runBatch()
 
 bool ConversionBench::awaitEnd()
 {
-    return QTest::qWaitFor([&] { return !m_controller->isConverting(); }, patience);
+    QSignalSpy changes(m_controller.get(), &ConverterViewModel::jobsChanged);
+    while (m_controller->isConverting()) {
+        if (!changes.wait(patience)) {
+            qWarning("Nothing changes in the batch, which does not end");
+            return false;
+        }
+    }
+    return true;
 }
 
 JobState ConversionBench::stateOf(const QString &name) const

@@ -40,7 +40,7 @@ public:
     /// Starts a batch; whether it has begun and ended before long.
     [[nodiscard]] bool runBatch();
 
-    /// Waits for the end of the batch that runs; whether it has ended before long.
+    /// Waits for the end of the batch that runs; false when nothing changes for long.
     [[nodiscard]] bool awaitEnd();
 
     /// The state of the first job for a source called `name`. Ends the test program when there is

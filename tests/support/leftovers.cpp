@@ -73,9 +73,9 @@ Leftovers::~Leftovers()
 
 QString Leftovers::found() const
 {
-    constexpr int patience = 5'000;               // milliseconds
+    constexpr int moment = 5'000;                 // milliseconds
     QThreadPool::globalInstance()->waitForDone(); // ends its idle threads
-    (void)QTest::qWaitFor([this] { return difference().isEmpty(); }, patience);
+    (void)QTest::qWaitFor([this] { return difference().isEmpty(); }, moment);
     return difference();
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "mousedrag.h"
+#include "patience.h"
 
 #include "virtualdisplay.h"
 
@@ -13,8 +14,6 @@ using namespace Qt::StringLiterals;
 namespace quorvale::test {
 
 namespace {
-
-constexpr int patience = 30'000;
 
 // The mouse with its button down, moving on until something has happened.
 class MovingMouse

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "programbench.h"
+#include "patience.h"
 
 #include "processtable.h"
 
@@ -14,12 +15,6 @@
 using namespace Qt::StringLiterals;
 
 namespace quorvale::test {
-
-namespace {
-
-constexpr int patience = 120'000;
-
-} // namespace
 
 ProgramBench::ProgramBench(const VirtualDesktop &desktop)
     : m_desktop(desktop), m_window(desktop, m_run)
@@ -71,7 +66,7 @@ QStringList ProgramBench::outputsByTime() const
 bool ProgramBench::waitForOutputs(const QStringList &names) const
 {
     if (QTest::qWaitFor([&] { return outputs() == names && m_run.processes().size() == 1; },
-                        patience))
+                        2 * patience)) // for several conversions
         return true;
     qWarning() << outputs() << m_run.processes() << m_run.standardError();
     return false;

@@ -49,13 +49,13 @@ void Queue::release() const
         qFatal("Cannot release the stand-in tool");
 }
 
-bool runBatch(ConverterViewModel &model, int patience)
+bool runBatch(ConverterViewModel &model, int milliseconds)
 {
     QSignalSpy changes(&model, &ConverterViewModel::isConvertingChanged);
     model.start();
     bool isInTime = true;
     while (model.isConverting() && isInTime)
-        isInTime = changes.wait(patience);
+        isInTime = changes.wait(milliseconds);
     return isInTime;
 }
 

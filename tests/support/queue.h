@@ -5,6 +5,7 @@
 
 #include "controller/converterviewmodel.h"
 #include "support/filetree.h"
+#include "support/patience.h"
 #include "support/recordedfilemanager.h"
 #include "support/recordedpanel.h"
 #include "support/standintools.h"
@@ -61,8 +62,7 @@ private:
     std::shared_ptr<ConverterViewModel> m_model;
 };
 
-/// Converts and waits for the batch's end. False when it does not end within `patience`
-/// milliseconds.
-bool runBatch(ConverterViewModel &model, int patience = 60'000);
+/// Converts and waits for the batch's end. False when it does not end in time.
+bool runBatch(ConverterViewModel &model, int milliseconds = patience);
 
 } // namespace quorvale::test

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "virtualdisplay.h"
+#include "patience.h"
 
 #include "desktopenvironment.h"
 
@@ -17,8 +18,6 @@ using namespace Qt::StringLiterals;
 namespace quorvale::test {
 
 namespace {
-
-constexpr int patience = 30'000;
 
 constexpr const char *windowManagerSettings = R"(<?xml version="1.0"?>
 <openbox_config xmlns="http://openbox.org/3.4/rc">

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "windowdriver.h"
+#include "patience.h"
 
 #include "model/option.h"
 #include "programrun.h"
@@ -20,8 +21,6 @@ using Role = AccessibleItem::Role;
 using State = AccessibleItem::State;
 
 namespace {
-
-constexpr int patience = 30'000;
 
 // A control that is shown, can be used and has come to rest. Qt 6.4 tells of no item of QML that it
 // is disabled.
@@ -139,7 +138,7 @@ QString WindowDriver::description(const QString &row) const
 
 bool WindowDriver::waitForDescription(const QString &row, const QString &part) const
 {
-    if (QTest::qWaitFor([&] { return description(row).contains(part); }, 2 * patience))
+    if (QTest::qWaitFor([&] { return description(row).contains(part); }, patience))
         return true;
     qWarning("%s: %s", qPrintable(row), qPrintable(description(row)));
     return false;
@@ -149,7 +148,7 @@ bool WindowDriver::waitForProgress(const QString &row) const
 {
     // Any will do: how long one percentage stands is up to the machine.
     const QRegularExpression underWay(u", Converting [1-9]\\d*%"_s);
-    if (QTest::qWaitFor([&] { return description(row).contains(underWay); }, 2 * patience))
+    if (QTest::qWaitFor([&] { return description(row).contains(underWay); }, patience))
         return true;
     qWarning("%s: %s", qPrintable(row), qPrintable(description(row)));
     return false;

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
+#include "support/patience.h"
 #include "support/processtable.h"
 #include "support/programbench.h"
 #include "support/rowdrag.h"
@@ -111,7 +112,7 @@ private Q_SLOTS:
     {
         openMenu();
         QVERIFY(window().act(press, Role::menuItem, u"Quit"_s));
-        QVERIFY(m_bench->run().waitForEnd(10'000));
+        QVERIFY(m_bench->run().waitForEnd(patience));
         QVERIFY(!m_bench->run().endedBySignal());
         QCOMPARE(m_bench->run().status(), 0);
     }
@@ -197,7 +198,7 @@ private Q_SLOTS:
         QVERIFY(window().act(action, hardware));
         QVERIFY(window().waitFor(isOn));
         // A run that asks for what is not there is over soon and may go unnoticed.
-        QVERIFY(QTest::qWaitFor([this] { return asksForTheMediaEngine() == true; }, 60'000));
+        QVERIFY(QTest::qWaitFor([this] { return asksForTheMediaEngine() == true; }, patience));
     }
 
     void whatIsDisabledSaysSoAndDoesNothing()
@@ -277,7 +278,7 @@ private Q_SLOTS:
                 shown.close();
                 return folder.endsWith('\n');
             },
-            20'000));
+            patience));
         const QString parent = QFileInfo(m_bench->outputFolder()).path();
         QCOMPARE(folder.trimmed(), QUrl::fromLocalFile(parent).toEncoded());
     }
@@ -465,7 +466,7 @@ private:
             });
         };
         if (!window().act(press, Role::button, u"Convert 3 Videos"_s)
-            || !QTest::qWaitFor(hasBegun, 60'000))
+            || !QTest::qWaitFor(hasBegun, patience))
             return std::nullopt;
         cancel();
         return asks;
@@ -487,7 +488,7 @@ private:
                 shown = window().rowNames();
                 return read == shown && read.size() > 4 && read.first(first.size()) == first;
             },
-            10'000);
+            patience);
         QVERIFY2(isSo, qPrintable(read.join(u' ') + u" instead of "_s + shown.join(u' ')));
     }
 

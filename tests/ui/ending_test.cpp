@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
+#include "support/patience.h"
 #include "support/programbench.h"
 #include "support/testclass.h"
 #include "support/videofile.h"
@@ -41,7 +42,7 @@ private Q_SLOTS:
     void closingTheIdleWindowEndsTheProgramSilently()
     {
         QVERIFY(m_bench->window().close());
-        QVERIFY(m_bench->run().waitForEnd(promptly));
+        QVERIFY(m_bench->run().waitForEnd(patience));
         QVERIFY(!m_bench->run().endedBySignal());
         QCOMPARE(m_bench->run().status(), 0);
         QCOMPARE(m_bench->run().complaints(), QByteArray());
@@ -54,7 +55,7 @@ private Q_SLOTS:
         QVERIFY(startConversion(ffmpeg));
 
         QVERIFY(m_bench->window().close());
-        QVERIFY(m_bench->run().waitForEnd(promptly));
+        QVERIFY(m_bench->run().waitForEnd(patience));
         QVERIFY(!m_bench->run().endedBySignal());
         QCOMPARE(m_bench->run().status(), 0);
         QCOMPARE(m_bench->run().complaints(), QByteArray());
@@ -67,7 +68,7 @@ private Q_SLOTS:
         QVERIFY(startConversion(ffmpeg));
 
         QCOMPARE(::kill(m_bench->run().id(), SIGTERM), 0);
-        QVERIFY(m_bench->run().waitForEnd(promptly));
+        QVERIFY(m_bench->run().waitForEnd(patience));
         QVERIFY(m_bench->run().endedBySignal());
         QCOMPARE(m_bench->run().status(), SIGTERM);
         verifyConversion(ffmpeg);
@@ -76,7 +77,6 @@ private Q_SLOTS:
 private:
     // Long enough that the program ends meanwhile on a fast machine, too.
     static constexpr int seconds = 240;
-    static constexpr int promptly = 20'000;
 
     QString source() const { return m_folder.filePath(u"long.mp4"_s); }
 
@@ -93,8 +93,8 @@ private:
     {
         QCOMPARE(m_bench->run().processes(), QList<pid_t>{ffmpeg});
         int end = 0;
-        QVERIFY(
-            QTest::qWaitFor([&] { return ::waitpid(ffmpeg, &end, WNOHANG) == ffmpeg; }, 200'000));
+        QVERIFY(QTest::qWaitFor([&] { return ::waitpid(ffmpeg, &end, WNOHANG) == ffmpeg; },
+                                4 * patience));
         QVERIFY(WIFEXITED(end));
         QCOMPARE(WEXITSTATUS(end), 0);
 

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
+#include "support/patience.h"
 #include "support/programbench.h"
 #include "support/testclass.h"
 #include "support/videofile.h"
@@ -249,7 +250,7 @@ private:
 
     bool waitForFocus(const QString &name) const
     {
-        if (QTest::qWaitFor([&] { return focusedName() == name; }, 20'000))
+        if (QTest::qWaitFor([&] { return focusedName() == name; }, patience))
             return true;
         qWarning() << focusedName();
         return false;

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
+#include "support/patience.h"
 #include "support/programrun.h"
 #include "support/testclass.h"
 
@@ -36,7 +37,7 @@ private Q_SLOTS:
         if (!variable.isEmpty())
             run.set(variable, value);
         QVERIFY(run.start());
-        QVERIFY(run.waitForEnd(30'000));
+        QVERIFY(run.waitForEnd(patience));
         QVERIFY(!run.endedBySignal());
         QCOMPARE(run.status(), 1);
         QVERIFY2(run.standardError().contains("xvfb-run"), run.standardError().constData());

@@ -222,7 +222,7 @@ private Q_SLOTS:
                 QVERIFY(window().press(u"Down"_s));
             QVERIFY(window().press(u"Return"_s));
         }
-        QVERIFY(m_bench->run().waitForEnd(10'000));
+        QVERIFY(m_bench->run().waitForEnd(patience));
         QVERIFY(!m_bench->run().endedBySignal());
         QCOMPARE(m_bench->run().status(), 0);
     }

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
+#include "support/patience.h"
 #include "support/testclass.h"
 #include "ui/processdefaults.h"
 
@@ -118,7 +119,6 @@ private Q_SLOTS:
     }
 
 private:
-    static constexpr int patience = 30'000;
     const QString nullDevice = u"/dev/null"_s;
 
     // Waits until the program is past its beginning: it has loaded what its window needs.

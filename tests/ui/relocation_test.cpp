@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
+#include "support/patience.h"
 #include "support/processtable.h"
 #include "support/programrun.h"
 #include "support/testclass.h"
@@ -31,7 +32,7 @@ private Q_SLOTS:
         install.start(QStringLiteral(CMAKE_PROGRAM),
                       {u"--install"_s, QStringLiteral(BUILD_TREE), u"--prefix"_s,
                        m_folder.filePath(u"first"_s)});
-        QVERIFY(install.waitForFinished(120'000));
+        QVERIFY(install.waitForFinished(patience));
         QVERIFY2(install.exitStatus() == QProcess::NormalExit && install.exitCode() == 0,
                  install.readAllStandardError().constData());
         QVERIFY(QDir(m_folder.path()).rename(u"first"_s, u"second place"_s));
@@ -75,7 +76,7 @@ private Q_SLOTS:
         const QByteArray files = mappedFiles(run->id());
         QVERIFY2(!files.isEmpty() && !files.contains(BUILD_TREE "/"), files.constData());
         QVERIFY(window.close());
-        QVERIFY(run->waitForEnd(30'000));
+        QVERIFY(run->waitForEnd(patience));
         QVERIFY(!run->endedBySignal());
         QCOMPARE(run->status(), 0);
         QCOMPARE(run->complaints(), QByteArray());
@@ -92,7 +93,7 @@ private Q_SLOTS:
         QVERIFY2(!run->waitForEnd(2000), run->standardError().constData());
         QVERIFY(mappedFiles(run->id()).contains("/QtQuick/"));
         QCOMPARE(::kill(run->id(), SIGTERM), 0);
-        QVERIFY(run->waitForEnd(30'000));
+        QVERIFY(run->waitForEnd(patience));
         QVERIFY(run->endedBySignal());
         QCOMPARE(run->status(), SIGTERM);
         QCOMPARE(run->complaints(), QByteArray());

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
+#include "support/patience.h"
 #include "support/programbench.h"
 #include "support/testclass.h"
 #include "support/videofile.h"
@@ -132,8 +133,8 @@ private Q_SLOTS:
         };
         const auto increases = [](const std::function<int()> &progress) {
             int first = -1;
-            return QTest::qWaitFor([&] { return (first = progress()) >= 0; }, 60'000)
-                   && QTest::qWaitFor([&] { return progress() > first; }, 60'000);
+            return QTest::qWaitFor([&] { return (first = progress()) >= 0; }, patience)
+                   && QTest::qWaitFor([&] { return progress() > first; }, patience);
         };
         QVERIFY(increases(rowProgress));
         QVERIFY(increases([&] { return barProgress(u"Progress of a.mp4"_s); }));

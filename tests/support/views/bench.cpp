@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "bench.h"
+#include "support/patience.h"
 
 #include "support/filetree.h"
 
@@ -22,8 +23,7 @@ namespace quorvale::test {
 
 namespace {
 
-constexpr int patience = 30'000; // milliseconds
-constexpr double duration = 10;  // of every source, in seconds
+constexpr double duration = 10; // of every source, in seconds
 
 QByteArray progressLine(double fraction)
 {
