@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "displayadvice.h"
+#include "graphics.h"
 #include "processdefaults.h"
 #include "quorvaleapp.h"
 
@@ -18,6 +19,7 @@ int main(int argc, char *argv[])
     QApplication::setApplicationName(QStringLiteral("Quorvale"));
     QApplication application(argc, argv);
     advice.reset();
+    quorvale::chooseRenderer();
 
     quorvale::QuorvaleApp quorvale;
     if (!quorvale.open())
