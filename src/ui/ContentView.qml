@@ -47,7 +47,14 @@ Item {
         model: view.model
     }
 
-    AlertDialog {
-        model: view.model
+    // Read when there first is something to say.
+    Loader {
+        readonly property bool isNeeded: view.model.alertMessage !== ""
+
+        anchors.fill: parent
+        onIsNeededChanged: {
+            if (status === Loader.Null)
+                setSource("AlertDialog.qml", {"model": view.model});
+        }
     }
 }

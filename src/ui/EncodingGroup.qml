@@ -40,27 +40,12 @@ ColumnLayout {
         onActivated: index => group.model.goalIndex = index
     }
 
-    RowLayout {
+    // Read, with the fonts that it takes, when it is first shown.
+    Loader {
         Layout.fillWidth: true
-        spacing: Theme.spacing
-        visible: group.model.goalIndex === EncodingGoal.ConstantQuality && !group.model.isProRes
-
-        AccentSlider {
-            Accessible.name: "Quality"
-            Layout.fillWidth: true
-            from: 30
-            setting: group.model.quality
-            to: 100
-            onChosen: value => group.model.quality = value
-        }
-
-        TextLine {
-            Layout.preferredWidth: 38
-            color: Theme.white
-            font: Theme.captionFixed
-            horizontalAlignment: Text.AlignHCenter
-            text: Math.trunc(group.model.quality) + "%"
-        }
+        active: group.model.goalIndex === EncodingGoal.ConstantQuality && !group.model.isProRes
+        visible: active
+        Component.onCompleted: setSource("QualityRow.qml", {"model": group.model})
     }
 
     TextLine {

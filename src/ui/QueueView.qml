@@ -21,9 +21,13 @@ FocusScope {
         }
 
         Loader {
+            // By name, so that the list is read when there first is one.
+            readonly property string part:
+                view.model.jobCount === 0 ? "DropZone.qml" : "JobList.qml"
+
             Layout.fillHeight: true
             Layout.fillWidth: true
-            sourceComponent: view.model.jobCount === 0 ? emptyQueue : filledQueue
+            onPartChanged: setSource(part, {"model": view.model})
         }
 
         QueueFooter {
@@ -31,22 +35,4 @@ FocusScope {
             model: view.model
         }
     }
-
-    // qmllint disable unqualified
-    Component {
-        id: emptyQueue
-
-        DropZone {
-            model: view.model
-        }
-    }
-
-    Component {
-        id: filledQueue
-
-        JobList {
-            model: view.model
-        }
-    }
-    // qmllint enable unqualified
 }

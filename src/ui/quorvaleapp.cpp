@@ -6,8 +6,10 @@
 #include "controller/converterviewmodel.h"
 #include "desktop/desktop.h"
 
+#include <QFontDatabase>
 #include <QGuiApplication>
 #include <QIcon>
+#include <QThreadPool>
 #include <QVariantMap>
 
 using namespace Qt::StringLiterals;
@@ -26,6 +28,8 @@ QuorvaleApp::QuorvaleApp() : m_model(ConverterViewModel::create(makeOpenPanel(),
 
 bool QuorvaleApp::open()
 {
+    // Looked for while the QML is read: together the larger part of the start.
+    QThreadPool::globalInstance()->start([] { QFontDatabase::families(); });
     m_engine.load(QUrl(u"qrc:/qt/qml/Quorvale/MainWindow.qml"_s));
     return !m_engine.rootObjects().isEmpty();
 }
