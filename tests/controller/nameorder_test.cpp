@@ -66,6 +66,21 @@ private Q_SLOTS:
                                      u"/0/b.mp4"_s}));
     }
 
+    void manyEqualNamesKeepTheirOrder()
+    {
+        // A short list is sorted stably by whatever sorts it.
+        constexpr int count = 1000;
+        QList<QUrl> files;
+        for (int i = 0; i < count; ++i)
+            files << QUrl::fromLocalFile(u"/%1/%2.mp4"_s.arg(i).arg(i % 2 == 0 ? u'b' : u'A'));
+        sortByName(files);
+        QCOMPARE(files.size(), count);
+        for (int i = 0; i < count; ++i) {
+            const int before = i < count / 2 ? 2 * i + 1 : 2 * i - count;
+            QCOMPARE(files[i].path().section(u'/', 1, 1), QString::number(before));
+        }
+    }
+
     void leadingZerosDoNotMatter()
     {
         QCOMPARE(sorted({u"clip010.mp4"_s, u"clip9.mp4"_s, u"clip10.mp4"_s, u"clip08.mp4"_s}),
