@@ -66,6 +66,38 @@ private Q_SLOTS:
         QVERIFY(!queue.model().alertMessage());
     }
 
+    void aJobThatIsConvertedOnceMoreBeginsAtZero()
+    {
+        Queue queue;
+        queue.setConversion(1, Script().out("out_time_ms=5000000\n").exit(1));
+        queue.setConversion(2, Script().exit(1));
+        queue.add({u"1.mkv"_s});
+        QVERIFY(runBatch(queue.model()));
+        QCOMPARE(queue.job(0).progress, 0.5);
+        QVERIFY(runBatch(queue.model()));
+        QCOMPARE(queue.job(0).progress, 0.0);
+    }
+
+    void progressIsFollowedAgainAfterAFloodOfIt()
+    {
+        Queue queue;
+        const QString flooded = queue.tools().path(u"flooded"_s);
+        const QString seen = queue.tools().path(u"seen"_s);
+        queue.setConversions(Script()
+                                 .outRepeatedly(150'000, "out_time_ms=5000000\n")
+                                 .touch(flooded)
+                                 .await(seen)
+                                 .out("out_time_ms=7500000\n")
+                                 .exit(1));
+        queue.add({u"1.mkv"_s});
+        queue.model().start();
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(flooded), patience);
+        QCoreApplication::sendPostedEvents(); // what is left of it
+        QVERIFY(QFile::copy(flooded, seen));
+        QTRY_VERIFY_WITH_TIMEOUT(!queue.model().isConverting(), patience);
+        QTRY_COMPARE_WITH_TIMEOUT(queue.job(0).progress, 0.75, 5000);
+    }
+
     void aFailedJobKeepsTheProgressItHadReached()
     {
         Queue queue;
@@ -154,6 +186,19 @@ private Q_SLOTS:
         QCOMPARE(queue.model().jobs().size(), 3);
         queue.add({u"good.mkv"_s});
         QCOMPARE(queue.model().jobs().size(), 3);
+    }
+
+    void removingACompletedJobDoesNotAdmitItsFileWhileAnotherJobHasIt()
+    {
+        Queue queue;
+        queue.setConversions(success());
+        queue.add({u"1.mkv"_s});
+        QVERIFY(runBatch(queue.model()));
+        queue.add({u"1.mkv"_s});
+        queue.model().remove(queue.id(0));
+        QCOMPARE(queue.state(0), waiting);
+        queue.add({u"1.mkv"_s});
+        QCOMPARE(queue.model().jobs().size(), 1);
     }
 
     void aCompletedJobThatIsQueuedAgainCountsAsQueued()
