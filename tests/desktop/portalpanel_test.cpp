@@ -190,8 +190,18 @@ private Q_SLOTS:
     {
         m_portal->end();
         m_portal = std::make_unique<StandInPortal>(*m_bus, 2);
+        answer(StandInPortal::success, {u"file:///portal"_s});
         stepsIn();
         QCOMPARE(opened().size(), 0);
+    }
+
+    void theFirstPortalWithFoldersIsAsked()
+    {
+        m_portal->end();
+        m_portal = std::make_unique<StandInPortal>(*m_bus, 3);
+        answer(StandInPortal::success, {u"file:///v"_s});
+        QVERIFY(m_panel->run(severalFolders) == Answer(QList{QUrl::fromLocalFile(u"/v"_s)}));
+        QCOMPARE(m_otherwise->requests.size(), 0);
     }
 
     void theOtherPanelStepsInForAPortalThatRefuses()
