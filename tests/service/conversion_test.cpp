@@ -7,9 +7,13 @@
 #include "support/testclass.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QTest>
 
 #include <csignal>
+
+#include <sys/stat.h>
+#include <unistd.h>
 
 using namespace quorvale;
 using namespace quorvale::test;
@@ -126,8 +130,11 @@ private Q_SLOTS:
 
     void anEndlessProgressLineIsIgnored()
     {
-        script(
-            Script().out("out_time_ms=5").outRepeatedly(20'000'000, "0").out("\nprogress=end\n"));
+        // Its beginning, which is all that is kept, would be a time.
+        script(Script()
+                   .out("out_time_ms=5000000.")
+                   .outRepeatedly(20'000'000, "0")
+                   .out("\nprogress=end\n"));
         QVERIFY(convert().isSuccess());
         QCOMPARE(m_progress->values(), QList<double>{1.0});
     }
@@ -234,6 +241,29 @@ private Q_SLOTS:
         QVERIFY(m_tools->runs(u"ffmpeg"_s).isEmpty());
     }
 
+    void aBitrateThatCannotBeRightIsSaidSo()
+    {
+        m_tools->setScript(u"ffprobe"_s, Script().out(R"({"format": {"duration": "10"}, "streams":
+            [{"codec_type": "video", "bit_rate": "9223372036854775807"}]})"));
+        const ConversionEnd end = convert();
+        QVERIFY(!end.ffmpegError);
+        QVERIFY2(end.message.contains(u" 9223372036854775807 "_s), qPrintable(end.message));
+        QVERIFY2(end.message.contains(u"“Constant quality”"_s), qPrintable(end.message));
+        QVERIFY(m_tools->runs(u"ffmpeg"_s).isEmpty());
+    }
+
+    void whatIsNoFileReachesNoTool()
+    {
+        const QString pipe = m_tools->path(u"pipe.mkv"_s);
+        QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+        const ConversionEnd end = endOf(
+            m_service.convert(QUrl::fromLocalFile(pipe), destination(), {}, m_progress->handler()));
+        QVERIFY(!end.ffmpegError);
+        QCOMPARE(end.message, u"“%1” is a named pipe, not a video file."_s.arg(pipe));
+        QVERIFY(m_tools->runs(u"ffprobe"_s).isEmpty());
+        QVERIFY(m_tools->runs(u"ffmpeg"_s).isEmpty());
+    }
+
     void aToolThatCannotBeStartedIsSaidSo()
     {
         m_tools->replaceTool(u"ffmpeg"_s, "not a program");
@@ -253,6 +283,20 @@ private Q_SLOTS:
         useFreshTools();
         script(Script());
         QVERIFY(convert().isSuccess());
+    }
+
+    void theToolHasTheProgramsStandardInput()
+    {
+        QFile input(m_tools->path(u"input"_s));
+        QVERIFY(input.open(QIODevice::ReadWrite));
+        const QString path = QFileInfo(input).canonicalFilePath();
+        const int before = ::dup(STDIN_FILENO);
+        ::dup2(input.handle(), STDIN_FILENO);
+        m_tools->replaceTool(u"ffmpeg"_s, "#!/bin/sh\nreadlink /proc/$$/fd/0 >&2; exit 1\n");
+        const ConversionEnd end = convert();
+        ::dup2(before, STDIN_FILENO);
+        ::close(before);
+        QCOMPARE(end.message, path);
     }
 
     void aFloodOfWarningsNeitherStallsNorGrowsTheProgram()

@@ -46,6 +46,11 @@ private Q_SLOTS:
         QCOMPARE(tailOf("one\n   \n\ntwo"), u"one\n   \ntwo"_s);
     }
 
+    void onlyALineFeedEndsALine()
+    {
+        QCOMPARE(tailOf("1\r2\r3\r4\r5\r6\r7\r8\r9\nlast\n"), u"1\r2\r3\r4\r5\r6\r7\r8\r9\nlast"_s);
+    }
+
     void aLastLineWithoutLineFeedCounts() { QCOMPARE(tailOf("one\ntwo"), u"one\ntwo"_s); }
 
     void isEmptyWithoutANonEmptyLine()

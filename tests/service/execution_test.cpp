@@ -8,6 +8,7 @@
 
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <vector>
 
 #include <sys/wait.h>
@@ -53,7 +54,22 @@ private Q_SLOTS:
         QCOMPARE(outcome.exitStatus, 7);
     }
 
-    void whatIsNotThereIsSaidSo() { QCOMPARE(execute("/no/such/tool", {}).error, ENOENT); }
+    void aProgramGetsTheEnvironmentButIsToPrintNoColours()
+    {
+        ::setenv("QUORVALE_TEST", "kept", 1);
+        const Outcome outcome = execute(
+            "/bin/sh", {"-c", "[ $QUORVALE_TEST = kept ] && [ $AV_LOG_FORCE_NOCOLOR = 1 ]"});
+        ::unsetenv("QUORVALE_TEST");
+        QCOMPARE(outcome.error, 0);
+        QCOMPARE(outcome.exitStatus, 0);
+    }
+
+    void whatIsNotThereIsSaidSo()
+    {
+        const Outcome outcome = execute("/no/such/tool", {});
+        QCOMPARE(outcome.error, ENOENT);
+        QCOMPARE(outcome.exitStatus, 126); // by which it is known even without a pipe
+    }
 
     void whatIsNoProgramIsSaidSo() { QCOMPARE(execute("/", {}).error, EACCES); }
 

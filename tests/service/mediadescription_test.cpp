@@ -27,6 +27,15 @@ private Q_SLOTS:
         QCOMPARE(describeWithFFmpeg(pathOf(u"ffmpeg"_s), "/in/a.mkv"), "on error");
     }
 
+    void theOtherStreamIsNotKept()
+    {
+        m_tools.replaceTool(u"ffprobe"_s, "#!/bin/sh\nreadlink /proc/$$/fd/2\n");
+        m_tools.replaceTool(u"ffmpeg"_s,
+                            "#!/bin/sh\nout=$(readlink /proc/$$/fd/1); echo $out >&2\n");
+        QCOMPARE(describeWithFFprobe(pathOf(u"ffprobe"_s), "/in/a.mkv"), "/dev/null\n");
+        QCOMPARE(describeWithFFmpeg(pathOf(u"ffmpeg"_s), "/in/a.mkv"), "/dev/null\n");
+    }
+
     void isEmptyWhenNeitherToolCanBeStartedAndTellsNothing()
     {
         const QByteArray noTool = pathOf(u"none"_s);
