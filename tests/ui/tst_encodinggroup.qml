@@ -224,6 +224,9 @@ ViewTest {
         keyClick(Qt.Key_Up);
         keyClick(Qt.Key_Up);
         compare(Bench.model.goalIndex, EncodingGoal.ConstantQuality);
+        const entries = all(picker().popup.contentItem, DropDownEntry);
+        compare(entries.map(entry => entry.highlighted), [true, false, false]);
+        compare(entries.map(entry => all(entry, Symbol).length), [0, 0, 1]);
         keyClick(Qt.Key_Return);
         tryVerify(() => !picker().popup.visible);
         compare(Bench.model.goalIndex, EncodingGoal.SameSize);
