@@ -186,6 +186,28 @@ ViewTest {
         });
     }
 
+    function test_answersThePointer_data() {
+        return [
+            {"tag": "Move up", "atRest": 1},
+            {"tag": "Remove from queue", "atRest": 0.7},
+        ];
+    }
+
+    function test_answersThePointer(data) {
+        const pressed = button("b.mp4", data.tag);
+        const symbol = one(pressed, Symbol);
+        compare(symbol.opacity, data.atRest);
+        mouseMove(pressed, pressed.width / 2, pressed.height / 2);
+        tryCompare(symbol, "opacity", 1);
+        mousePress(pressed, pressed.width / 2, pressed.height / 2);
+        compare(symbol.opacity, 0.5);
+        // Where it is let go it is no click.
+        mouseMove(view, 20, 440, -1, Qt.LeftButton);
+        mouseRelease(view, 20, 440);
+        tryCompare(symbol, "opacity", data.atRest);
+        compare(Bench.fileNames, names);
+    }
+
     function test_theRingOfOneDoesNotCoverTheNext() {
         const buttons = all(row("a.mp4"), SymbolButton);
         compare(buttons.length, 3);
