@@ -109,6 +109,31 @@ ViewTest {
         compareCurrent(39);
     }
 
+    /// That there is a row to see wherever the list has one.
+    function verifyRowsAreShown() {
+        settle();
+        for (let y = 10; y < list().height - 10; y += 56) {
+            const index = list().indexAt(list().width / 2, list().contentY + y);
+            const row = list().itemAtIndex(index) as JobRow;
+            verify(row, `no row ${index}`);
+            verify(row.visible, `row ${index} is hidden`);
+            compare(row.job.fileName, "clip" + (index + 1) + ".mov");
+        }
+    }
+
+    // Rows that have gone out of sight are used again.
+    function test_rowsFarAwayAreShown() {
+        showRows(300);
+        for (let i = 0; i < 5; ++i) {
+            list().contentY += 700;
+            verifyRowsAreShown();
+        }
+        keyClick(Qt.Key_End);
+        verifyRowsAreShown();
+        keyClick(Qt.Key_Home);
+        verifyRowsAreShown();
+    }
+
     function test_tabGoesThroughTheCurrentRowOnly() {
         showRows(5);
         keyClick(Qt.Key_Down);

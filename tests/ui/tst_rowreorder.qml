@@ -323,6 +323,18 @@ ViewTest {
         compare(names(), [2, 1, 3, 9]);
     }
 
+    function test_partsRowsThatComeBelowIt() {
+        showRows(3);
+        const tops = [1, 2, 3].map(shownTop);
+        drag(1, 3 * rowHeight);
+        tryTops([2, 3], [tops[0], tops[1]]);
+        Bench.queue(["clip8.mov", "clip9.mov"]);
+        settle();
+        tryTops([2, 3, 8, 9], [tops[0], tops[1], tops[2], tops[2] + 2 * rowHeight]);
+        letGo();
+        compare(names(), [2, 3, 8, 1, 9]);
+    }
+
     function test_scrollsAtTheEdges() {
         showRows(60);
         drag(1, 20);
