@@ -194,6 +194,28 @@ ViewTest {
         verify(ok.y + ok.height <= box.y + box.height);
     }
 
+    function test_wrapsALongMessage() {
+        Bench.queue(["a.mp4"]);
+        Bench.chooseDestination("/out");
+        Bench.removeTool();
+        show(stages);
+        raise();
+        const text = one(overlay, Text, text => text.text === Bench.model.alertMessage);
+        compare(text.lineCount, 2);
+        compare(text.horizontalAlignment, Text.AlignHCenter);
+        verify(text.contentWidth <= text.width);
+        compare(view.alert.width, 360);
+        compare(textOf(overlay, "Quorvale").Accessible.role, Accessible.Heading);
+    }
+
+    function test_darkensWhatIsBehindIt() {
+        show(stages);
+        const before = Pixels.at(view, 900, 600);
+        raise();
+        tryVerify(() => Pixels.at(view, 900, 600).hslLightness < before.hslLightness - 0.1);
+        verifyShadow(view.alert.background);
+    }
+
     function test_readableInBothSchemes() {
         show(stages);
         raise();

@@ -57,6 +57,24 @@ ViewTest {
         compare(one(view, FileMenuBar).model, Bench.model);
     }
 
+    function test_isReadOut() {
+        Bench.queue(["a.mp4"]);
+        Bench.model.goalIndex = EncodingGoal.ConstantQuality;
+        show(views);
+        const lines = all(view, TextLine, line => !line.Accessible.ignored);
+        const isHeading = line => line.Accessible.role === Accessible.Heading;
+        compare(lines.filter(isHeading).map(line => line.text),
+                ["Quorvale", "OUTPUT FORMAT", "ENCODING GOAL", "OPTIONS", "Conversion Queue"]);
+        for (const line of lines.filter(line => !isHeading(line)))
+            compare(line.Accessible.role, Accessible.StaticText, line.text);
+        // Controls say themselves what they are labelled with.
+        compare(lines.filter(line => ["H.264", "Audio", "Save to", "a.mp4"].includes(line.text)), []);
+        const list = one(view, JobListView);
+        compare([list.Accessible.role, list.Accessible.name], [Accessible.List, "Conversion queue"]);
+        compare(one(view, AccentSlider).Accessible.name, "Quality");
+        compare(all(view, DropDown).map(picker => picker.Accessible.name), ["Encoding goal", "Audio"]);
+    }
+
     function test_alert() {
         show(views);
         Bench.queue(["a.mp4"]);

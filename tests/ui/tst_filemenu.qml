@@ -181,6 +181,41 @@ ViewTest {
         tryVerify(() => entries().length === 0);
     }
 
+    function test_buttonAndEntriesAnswerThePointer() {
+        show(bars);
+        const none = Qt.rgba(0, 0, 0, 0);
+        const ground = fileButton().background;
+        compare(ground.color, none);
+        mouseMove(fileButton(), 5, 5);
+        tryCompare(ground, "color", Qt.alpha(Theme.white, 0.11));
+        restPointer();
+        tryCompare(ground, "color", none);
+        keyClick(Qt.Key_F10);
+        tryVerify(() => entries().length > 0);
+        compare(ground.color, Qt.alpha(Theme.white, 0.11)); // as long as the menu is open
+        compare(area(entries()[0]).y, area(fileButton()).y + fileButton().height + 4 + 4);
+        keyClick(Qt.Key_Down);
+        const highlighted = entries().filter(entry => entry.highlighted);
+        compare(highlighted.length, 1);
+        for (const entry of entries())
+            compare(entry.background.color, entry.highlighted ? Theme.dark.accentFill : none);
+        keyClick(Qt.Key_Escape);
+        tryVerify(() => entries().length === 0);
+        fileButton().forceActiveFocus(Qt.TabFocusReason);
+        compare(all(fileButton(), FocusRing).length, 1);
+    }
+
+    function test_entriesAreWorkedByAssistiveTechnology() {
+        show(bars);
+        const bar = one(view, FileMenuBar);
+        compare([bar.Accessible.role, bar.Accessible.name], [Accessible.MenuBar, "Menu bar"]);
+        compare(fileButton().Accessible.role, Accessible.ButtonMenu);
+        open();
+        compare(entries().map(entry => entry.Accessible.name), entries().map(entry => entry.text));
+        Assistant.act(entries()[1], "Press");
+        tryCompare(Bench, "openedPanels", ["Choose a folder of videos"]);
+    }
+
     function test_readableInBothSchemes() {
         show(bars);
         inBothSchemes(() => verifyContrast(view));

@@ -260,6 +260,51 @@ ViewTest {
         });
     }
 
+    /// What the control's ground is in while the pointer is elsewhere, is on it and holds it down.
+    function compareGround(control, atRest, hovered, pressed) {
+        const ground = control.background;
+        compare(ground.color, atRest);
+        mouseMove(control, control.width / 2, control.height / 2);
+        tryCompare(ground, "color", hovered);
+        mousePress(control, control.width / 2, control.height / 2);
+        compare(ground.color, pressed);
+        // Where it is let go it is no click.
+        mouseMove(view, view.width - 1, view.height - 1, -1, Qt.LeftButton);
+        mouseRelease(view, view.width - 1, view.height - 1);
+        restPointer();
+        tryCompare(ground, "color", atRest);
+    }
+
+    /// That the control shows the keyboard, but not the mouse, where it is.
+    function verifyRing(control) {
+        compare(all(control, FocusRing).length, 0);
+        control.forceActiveFocus(Qt.TabFocusReason);
+        compare(all(control, FocusRing).length, 1);
+        control.focus = false;
+        control.forceActiveFocus(Qt.MouseFocusReason);
+        compare(all(control, FocusRing).length, 0);
+        control.focus = false;
+    }
+
+    function test_buttonsAnswerThePointerAndTheKeyboard() {
+        Bench.queue(["a.mp4"]);
+        Bench.chooseRealDestination();
+        Bench.willComplete();
+        verify(Bench.convert());
+        show(headers);
+        inBothSchemes(() => {
+            const colors = Theme.current;
+            compareGround(button("Folder"), colors.control, colors.controlHovered, colors.controlPressed);
+            compare(button("Folder").background.border.color, colors.controlBorder);
+            compareGround(button("Add Videos"), colors.accentFill, colors.accentFillHovered, colors.accentFillPressed);
+            compareGround(button("Clear Completed"), Qt.rgba(0, 0, 0, 0), colors.rowHovered, colors.controlPressed);
+            compare(textOf(view, "Clear Completed").color, colors.accent);
+        });
+        for (const text of ["Folder", "Add Videos", "Clear Completed"])
+            verifyRing(button(text));
+        compare(Bench.openedPanels, []);
+    }
+
     function test_longCountsDoNotPushTheButtonsOut() {
         Bench.queueMany(12345);
         show(headers);

@@ -338,6 +338,90 @@ ViewTest {
         verify(!hardwareSwitch().checked);
     }
 
+    /// What the control's ground is in while the pointer is elsewhere, is on it and holds it down.
+    function compareGround(control, atRest, hovered, pressed) {
+        const ground = control.background;
+        compare(ground.color, atRest);
+        mouseMove(control, control.width / 2, control.height / 2);
+        tryCompare(ground, "color", hovered);
+        mousePress(control, control.width / 2, control.height / 2);
+        compare(ground.color, pressed);
+        // Where it is let go it is no click.
+        mouseMove(view, view.width - 1, view.height - 1, -1, Qt.LeftButton);
+        mouseRelease(view, view.width - 1, view.height - 1);
+        restPointer();
+        tryCompare(ground, "color", atRest);
+    }
+
+    /// That the control shows the keyboard, but not the mouse, where it is.
+    function verifyRing(control) {
+        control.focus = false;
+        compare(all(control, FocusRing).length, 0);
+        control.forceActiveFocus(Qt.TabFocusReason);
+        compare(all(control, FocusRing).length, 1);
+        control.focus = false;
+        control.forceActiveFocus(Qt.MouseFocusReason);
+        compare(all(control, FocusRing).length, 0);
+        control.focus = false;
+    }
+
+    function test_controlsAnswerThePointerAndTheKeyboard() {
+        const colors = Theme.dark;
+        const codec = codecButton("ProRes 422").children[0];
+        const faint = Qt.alpha(Theme.white, 0.05);
+        compareGround(codec, Qt.rgba(0, 0, 0, 0), faint, faint);
+        for (const picker of [goalPicker(), audioPicker()]) {
+            compareGround(picker, colors.control, colors.controlHovered, colors.controlPressed);
+            compare(picker.background.border.color, colors.controlBorder);
+            verifyRing(picker);
+        }
+        compare(settings.count, 0);
+    }
+
+    /// The round part of a control, which is whiter than it while it is held.
+    function verifyKnob(control, knob) {
+        compare(knob.color, Theme.white);
+        mousePress(knob, knob.width / 2, knob.height / 2);
+        compare(knob.color, Theme.knobPressed);
+        mouseRelease(knob, knob.width / 2, knob.height / 2);
+        compare(knob.color, Theme.white);
+    }
+
+    function test_knobs() {
+        Bench.model.goalIndex = EncodingGoal.ConstantQuality;
+        settle();
+        const slider = one(view, AccentSlider);
+        verifyKnob(slider, slider.handle);
+        verifyRing(slider);
+        compare([slider.minimumValue, slider.maximumValue], [30, 100]);
+        // Filled up to the knob.
+        const isFilled = x => Qt.colorEqual(Pixels.at(slider, x, slider.height / 2), Theme.dark.accentFill);
+        verify(isFilled(slider.handle.x - 2));
+        verify(!isFilled(slider.handle.x + slider.handle.width + 2));
+
+        const hardware = one(view, ToggleSwitch);
+        const knob = hardware.indicator.children[0];
+        const place = () => Math.round(knob.x);
+        compare(place(), hardware.indicator.width - knob.width - 2);
+        verifyKnob(hardware, knob);
+        verify(!Bench.model.useHardware);
+        tryVerify(() => place() === 2);
+    }
+
+    function test_pickersListIsBelowIt() {
+        for (const picker of [goalPicker(), audioPicker()]) {
+            symbolOf(picker, Symbol.ChevronUpDown);
+            Assistant.act(picker, "Press");
+            tryVerify(() => picker.popup.opened);
+            compare(picker.popup.y, picker.height + 4);
+            const chosen = all(picker.popup.contentItem, DropDownEntry)[picker.currentIndex];
+            compare(chosen.background.color, Theme.dark.accentFill);
+            compare(chosen.Accessible.name, chosen.text);
+            Assistant.act(picker, "Press");
+            tryVerify(() => !picker.popup.visible);
+        }
+    }
+
     function test_hardwareSwitch() {
         const toggle = hardwareSwitch();
         compare(toggle.text, "Apple media engine");
