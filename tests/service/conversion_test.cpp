@@ -241,6 +241,25 @@ private Q_SLOTS:
         QVERIFY(m_tools->runs(u"ffmpeg"_s).isEmpty());
     }
 
+    void theSourceIsNotReplacedByItsOwnOutput()
+    {
+        QFile file(m_tools->path(u"clip.mp4"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        const QUrl clip = QUrl::fromLocalFile(file.fileName());
+        ConversionSettings settings;
+        settings.overwrite = true;
+        const ConversionEnd end =
+            endOf(m_service.convert(clip, clip, settings, m_progress->handler()));
+        QVERIFY(!end.ffmpegError);
+        QVERIFY2(end.message.contains(u"is not replaced"_s), qPrintable(end.message));
+        QVERIFY(m_tools->runs(u"ffmpeg"_s).isEmpty());
+        // Without overwriting it is for ffmpeg to refuse.
+        script(Script());
+        settings.overwrite = false;
+        QVERIFY(endOf(m_service.convert(clip, clip, settings, m_progress->handler())).isSuccess());
+        QCOMPARE(m_tools->runs(u"ffmpeg"_s).first().first(), "-n");
+    }
+
     void aBitrateThatCannotBeRightIsSaidSo()
     {
         m_tools->setScript(u"ffprobe"_s, Script().out(R"({"format": {"duration": "10"}, "streams":
