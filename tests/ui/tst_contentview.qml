@@ -72,6 +72,14 @@ ViewTest {
         const list = one(view, JobListView);
         compare([list.Accessible.role, list.Accessible.name], [Accessible.List, "Conversion queue"]);
         compare(one(view, AccentSlider).Accessible.name, "Quality");
+        Bench.chooseRealDestination();
+        const reveal = one(view, SymbolButton, button => button.symbol === Symbol.ArrowRightCircle);
+        compare(reveal.Accessible.name, "Show output folder");
+        Bench.willStayAt([0.5]);
+        verify(Bench.convert());
+        settle();
+        compare(all(view, ProgressLine).map(line => line.Accessible.name),
+                ["Progress of the queue", "Progress of a.mp4"]);
         compare(all(view, DropDown).map(picker => picker.Accessible.name), ["Encoding goal", "Audio"]);
     }
 

@@ -57,6 +57,25 @@ ViewTest {
         compare(view.height, view.implicitHeight);
     }
 
+    function test_fadesWhileItIsHeld() {
+        show(buttons);
+        compare(view.contentItem.opacity, 1);
+        mousePress(view, 20, 10);
+        compare(view.contentItem.opacity, 0.6);
+        mouseMove(view, 20, 400, -1, Qt.LeftButton);
+        mouseRelease(view, 20, 400);
+        compare(view.contentItem.opacity, 1);
+        compare(Bench.openedPanels, []);
+    }
+
+    function test_isReadOutOnce() {
+        Bench.chooseDestination("/out");
+        show(buttons);
+        compare(view.Accessible.name, "Save to /out");
+        for (const line of all(view, TextLine))
+            verify(line.Accessible.ignored, line.text);
+    }
+
     function test_pathOfTwoLinesStaysOneLine() {
         show(buttons);
         const height = view.height;
