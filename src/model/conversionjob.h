@@ -16,7 +16,7 @@ class ConversionJob
 {
 public:
     /// A waiting job for `source`, a file URL, with a fresh random id.
-    explicit ConversionJob(const QUrl &source) : m_id(QUuid::createUuid()), m_source(source) {}
+    explicit ConversionJob(const QUrl &source);
 
     /// The job's identity: two jobs for the same file are two jobs.
     const QUuid &id() const { return m_id; }

@@ -4,6 +4,7 @@
 #include "model/conversionjob.h"
 #include "support/testclass.h"
 
+#include <QSet>
 #include <QTest>
 
 #include <limits>
@@ -40,6 +41,28 @@ private Q_SLOTS:
         const QList<ConversionJob> list{a, b};
         QCOMPARE(list[0].id(), a.id());
         QCOMPARE(list[1].id(), b.id());
+    }
+
+    void everyIdIsRandom()
+    {
+        QSet<QUuid> ids;
+        QByteArray everSet(16, '\0');
+        QByteArray everClear(16, '\0');
+        for (int i = 0; i < 1000; ++i) {
+            const QUuid id = ConversionJob(clip).id();
+            QCOMPARE(id.version(), QUuid::Random);
+            QCOMPARE(id.variant(), QUuid::DCE);
+            ids << id;
+            const QByteArray bytes = id.toRfc4122();
+            for (int byte = 0; byte < 16; ++byte) {
+                everSet[byte] = static_cast<char>(everSet[byte] | bytes[byte]);
+                everClear[byte] = static_cast<char>(everClear[byte] | ~bytes[byte]);
+            }
+        }
+        QCOMPARE(ids.size(), 1000);
+        // All bits but the four of the version and the two of the variant.
+        QCOMPARE(everSet.toHex(), QByteArray("ffffffffffff4fffbfffffffffffffff"));
+        QCOMPARE(everClear.toHex(), QByteArray("ffffffffffffbfff7fffffffffffffff"));
     }
 
     void aCopyDiffersOnceItsProgressDoes()
