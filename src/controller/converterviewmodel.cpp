@@ -61,15 +61,10 @@ ConverterViewModel::ConverterViewModel(std::unique_ptr<OpenPanel> panel,
 
 void ConverterViewModel::add(const QList<QUrl> &urls)
 {
-    QList<QUrl> fresh = findVideos(urls);
-    fresh.removeIf([this](const QUrl &file) { return m_jobs.isQueued(file); });
+    QList<SourceFile> fresh = findVideos(urls);
+    fresh.removeIf([this](const SourceFile &file) { return m_jobs.isQueued(file); });
     sortByName(fresh);
-
-    QList<ConversionJob> newJobs;
-    newJobs.reserve(fresh.size());
-    for (const QUrl &file : std::as_const(fresh))
-        newJobs.emplaceBack(file);
-    m_jobs.append(newJobs);
+    m_jobs.append(QList<ConversionJob>(fresh.cbegin(), fresh.cend()));
 }
 
 void ConverterViewModel::remove(const QUuid &id)

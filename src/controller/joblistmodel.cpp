@@ -34,12 +34,8 @@ qsizetype countRuns(const QList<ConversionJob> &jobs,
 
 std::optional<qsizetype> JobListModel::rowOf(const QUuid &id) const
 {
-    if (!m_knowsRows) {
-        m_rows.clear();
-        for (qsizetype row = 0; row < m_jobs.size(); ++row)
-            m_rows.insert(m_jobs[row].id(), row);
-        m_knowsRows = true;
-    }
+    for (; m_knownRows < m_jobs.size(); ++m_knownRows)
+        m_rows.insert(m_jobs[m_knownRows].id(), m_knownRows);
     const auto row = m_rows.constFind(id);
     return row == m_rows.constEnd() ? std::nullopt : std::optional(row.value());
 }
@@ -68,7 +64,7 @@ void JobListModel::count(std::span<const ConversionJob> jobs)
         if (isCompleted(job))
             ++m_completedCount;
         else
-            m_queuedFiles.insert(job.source());
+            m_queuedFiles.insert(job.sourceFile());
     }
 }
 
@@ -79,11 +75,11 @@ void JobListModel::discount(std::span<const ConversionJob> jobs)
         if (isCompleted(job))
             --m_completedCount;
         else
-            m_queuedFiles.remove(job.source());
+            m_queuedFiles.remove(job.sourceFile());
     }
 }
 
-void JobListModel::append(const QList<ConversionJob> &jobs)
+void JobListModel::append(QList<ConversionJob> jobs)
 {
     if (jobs.isEmpty()) {
         Q_EMIT changed();
@@ -91,12 +87,8 @@ void JobListModel::append(const QList<ConversionJob> &jobs)
     }
     const qsizetype first = m_jobs.size();
     beginInsertRows({}, static_cast<int>(first), static_cast<int>(first + jobs.size() - 1));
-    m_jobs += jobs;
     count(jobs);
-    if (m_knowsRows) {
-        for (qsizetype row = first; row < m_jobs.size(); ++row)
-            m_rows.insert(m_jobs[row].id(), row);
-    }
+    m_jobs += std::move(jobs);
     endInsertRows();
     Q_EMIT changed();
 }
@@ -142,6 +134,12 @@ void JobListModel::remove(const QUuid &id)
         removeRun(*row, 1);
         Q_EMIT changed();
     }
+}
+
+void JobListModel::forgetRows()
+{
+    m_rows.clear();
+    m_knownRows = 0;
 }
 
 void JobListModel::removeRun(qsizetype first, qsizetype count)

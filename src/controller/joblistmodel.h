@@ -53,10 +53,10 @@ public:
     QList<QUuid> unfinished() const;
 
     /// Whether one of them is for `file`. Costs one look-up.
-    bool isQueued(const QUrl &file) const { return m_queuedFiles.contains(file); }
+    bool isQueued(const SourceFile &file) const { return m_queuedFiles.contains(file); }
 
     /// Adds the jobs, whose ids are new to the list, behind the others.
-    void append(const QList<ConversionJob> &jobs);
+    void append(QList<ConversionJob> jobs);
 
     /// Removes every job for which `isUnwanted` is true, keeping the order of the others. Views see
     /// one removal for each run of neighbouring rows, or a reset when there are very many.
@@ -93,16 +93,16 @@ private:
     void removeRunsIf(const std::function<bool(const ConversionJob &)> &isUnwanted);
     void removeRun(qsizetype first, qsizetype count);
     bool moveRun(qsizetype first, qsizetype count, qsizetype destination);
-    void forgetRows() { m_knowsRows = false; }
+    void forgetRows();
     void announce(qsizetype row, Role role);
 
     QList<ConversionJob> m_jobs;
     int m_completedCount = 0;
     QueuedFiles m_queuedFiles; // of the jobs that are not completed
 
-    // Where each job stands; made anew at the first look-up after rows have shifted.
+    // Where each of the first so many jobs stands; completed at a look-up.
     mutable QHash<QUuid, qsizetype> m_rows;
-    mutable bool m_knowsRows = true;
+    mutable qsizetype m_knownRows = 0;
 };
 
 } // namespace quorvale

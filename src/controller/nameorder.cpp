@@ -31,13 +31,13 @@ QCollator nameCollator()
 
 struct KeyedFile
 {
-    QUrl file;
+    SourceFile file;
     std::optional<QCollatorSortKey> key; // made in the second step
 };
 
 } // namespace
 
-void sortByName(QList<QUrl> &files)
+void sortByName(QList<SourceFile> &files)
 {
     if (files.size() < 2)
         return;
@@ -47,10 +47,10 @@ void sortByName(QList<QUrl> &files)
 
     std::vector<KeyedFile> keyed;
     keyed.reserve(static_cast<std::size_t>(files.size()));
-    for (QUrl &file : files)
+    for (SourceFile &file : files)
         keyed.push_back({std::move(file), std::nullopt});
     QtConcurrent::blockingMap(keyed, [&collator](KeyedFile &each) {
-        each.key = collator.sortKey(shownPath(lastPathComponent(filePath(each.file))));
+        each.key = collator.sortKey(shownPath(lastPathComponent(each.file.path())));
     });
     std::ranges::stable_sort(
         keyed, [](const KeyedFile &a, const KeyedFile &b) { return a.key->compare(*b.key) < 0; });

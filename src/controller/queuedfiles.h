@@ -3,9 +3,9 @@
 
 #pragma once
 
-#include <QByteArray>
+#include "model/sourcefile.h"
+
 #include <QHash>
-#include <QUrl>
 
 namespace quorvale {
 
@@ -16,15 +16,15 @@ class QueuedFiles
 public:
     /// Makes room for so many more files at once.
     void reserve(qsizetype more) { m_jobs.reserve(m_jobs.size() + more); }
-    void insert(const QUrl &file) { ++m_jobs[standardisedPath(file)]; }
-    void remove(const QUrl &file);
-    bool contains(const QUrl &file) const
+    void insert(const SourceFile &file) { ++m_jobs[standardisedPath(file)]; }
+    void remove(const SourceFile &file);
+    bool contains(const SourceFile &file) const
     {
         return !m_jobs.isEmpty() && m_jobs.contains(standardisedPath(file));
     }
 
 private:
-    static QByteArray standardisedPath(const QUrl &file);
+    static QByteArray standardisedPath(const SourceFile &file);
 
     QHash<QByteArray, qsizetype> m_jobs;
 };

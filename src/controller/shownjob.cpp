@@ -13,17 +13,17 @@ namespace quorvale {
 
 QString ShownJob::fileName() const
 {
-    return shownPath(lastPathComponent(filePath(m_source)));
+    return shownPath(lastPathComponent(m_path));
 }
 
 QString ShownJob::sourcePath() const
 {
-    return shownPath(filePath(m_source));
+    return shownPath(m_path);
 }
 
 QString ShownJob::folderName() const
 {
-    return shownPath(quorvale::folderName(filePath(m_source)));
+    return shownPath(quorvale::folderName(m_path));
 }
 
 QString ShownJob::stateWord() const

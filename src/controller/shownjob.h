@@ -36,7 +36,7 @@ public:
     /// Of no job.
     ShownJob() = default;
     explicit ShownJob(const ConversionJob &job)
-        : m_id(job.id()), m_source(job.source()), m_state(job.state)
+        : m_id(job.id()), m_path(job.sourceFile().path()), m_state(job.state)
     {
     }
 
@@ -55,7 +55,7 @@ public:
 
 private:
     QUuid m_id;
-    QUrl m_source;
+    QByteArray m_path;
     JobState m_state = JobState::waiting();
 };
 

@@ -8,7 +8,7 @@
 #include "model/filepath.h"
 #include "service/ffmpegservice.h"
 
-#include <QtConcurrentMap>
+#include <QStringBuilder>
 
 #include <algorithm>
 #include <memory>
@@ -59,10 +59,10 @@ bool isRealFolder(int folder, const dirent &entry)
 }
 
 // The visible entries of a folder, in the order of their names' bytes; none when it cannot be read.
-std::vector<Entry> entriesOf(const std::string &folder)
+std::vector<Entry> entriesOf(const QByteArray &folder)
 {
     std::vector<Entry> entries;
-    const std::unique_ptr<DIR, int (*)(DIR *)> stream(::opendir(folder.c_str()), ::closedir);
+    const std::unique_ptr<DIR, int (*)(DIR *)> stream(::opendir(folder.constData()), ::closedir);
     if (!stream)
         return entries;
     // The C library's readdir is safe in threads that read streams of their own.
@@ -74,45 +74,31 @@ std::vector<Entry> entriesOf(const std::string &folder)
     return entries;
 }
 
-// The paths of the accepted entries below `folder`, which ends in a slash.
-void findBelow(const std::string &folder, std::vector<std::string> &found)
+// The accepted entries below `folder`, which ends in a slash.
+void findBelow(const QByteArray &folder, QList<SourceFile> &found)
 {
     for (const Entry &entry : entriesOf(folder)) {
         if (isAccepted(entry.name))
-            found.push_back(folder + entry.name);
+            found.emplaceBack(folder % QByteArrayView(entry.name));
         if (entry.isFolder && !isPackage(entry.name))
-            findBelow(folder + entry.name + '/', found);
+            findBelow(folder % QByteArrayView(entry.name) % '/', found);
     }
-}
-
-QList<QUrl> findInFolder(const QByteArray &folder)
-{
-    std::vector<std::string> paths;
-    findBelow((folder.endsWith('/') ? folder : folder + '/').toStdString(), paths);
-
-    // Each URL knows its path by its own place, so that the threads need nothing in common.
-    QList<QUrl> urls(static_cast<qsizetype>(paths.size()));
-    const QUrl *first = urls.constData();
-    QtConcurrent::blockingMap(urls, [first, &paths](QUrl &url) {
-        url = fileUrl(QByteArray::fromStdString(paths[static_cast<std::size_t>(&url - first)]));
-    });
-    return urls;
 }
 
 } // namespace
 
-QList<QUrl> findVideos(const QList<QUrl> &urls)
+QList<SourceFile> findVideos(const QList<QUrl> &urls)
 {
-    QList<QUrl> found;
+    QList<SourceFile> found;
     for (const QUrl &url : urls) {
         const auto file = localFile(url);
         if (!file)
             continue;
         const QByteArray path = filePath(*file);
         if (isFolder(path))
-            found += findInFolder(path);
+            findBelow(path.endsWith('/') ? path : path + '/', found);
         else if (isAccepted(lastPathComponent(path)))
-            found << *file;
+            found.emplaceBack(*file);
     }
     return found;
 }

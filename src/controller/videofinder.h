@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "model/sourcefile.h"
+
 #include <QByteArrayView>
 #include <QList>
 #include <QUrl>
@@ -18,7 +20,7 @@ namespace quorvale {
 /// are packages (see isPackage()), links to folders and folders that cannot be read. A tree's
 /// entries come folder by folder in the order of their names' bytes, each folder's content right
 /// behind the folder. Reads the file system; blocks until the trees are read.
-QList<QUrl> findVideos(const QList<QUrl> &urls);
+QList<SourceFile> findVideos(const QList<QUrl> &urls);
 
 /// Whether a folder called `name` is a package: a folder that the user is to take for one file,
 /// such as an application or a photo library. Told by the extension, as on systems that have no

@@ -26,6 +26,6 @@ QUuid randomId()
 
 } // namespace
 
-ConversionJob::ConversionJob(const QUrl &source) : m_id(randomId()), m_source(source) {}
+ConversionJob::ConversionJob(const SourceFile &source) : m_id(randomId()), m_source(source) {}
 
 } // namespace quorvale

@@ -4,8 +4,8 @@
 #pragma once
 
 #include "jobstate.h"
+#include "sourcefile.h"
 
-#include <QUrl>
 #include <QUuid>
 
 namespace quorvale {
@@ -15,19 +15,22 @@ namespace quorvale {
 class ConversionJob
 {
 public:
-    /// A waiting job for `source`, a file URL, with a fresh random id.
-    explicit ConversionJob(const QUrl &source);
+    /// A waiting job for `source` with a fresh random id.
+    explicit ConversionJob(const SourceFile &source);
 
     /// The job's identity: two jobs for the same file are two jobs.
     const QUuid &id() const { return m_id; }
 
     /// The file to convert, as a file URL.
-    const QUrl &source() const { return m_source; }
+    QUrl source() const { return m_source.url(); }
+
+    /// The same with its path, which costs less than the URL.
+    const SourceFile &sourceFile() const { return m_source; }
 
 private:
     // Declared first so that equality looks at the fields in their order.
     QUuid m_id;
-    QUrl m_source;
+    SourceFile m_source;
 
 public:
     /// Fraction done, normally 0 to 1, stored as the encoder reports it.

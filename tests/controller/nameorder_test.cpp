@@ -16,13 +16,21 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+QList<QUrl> urlsOf(const QList<SourceFile> &files)
+{
+    QList<QUrl> urls;
+    for (const SourceFile &file : files)
+        urls << file.url();
+    return urls;
+}
+
 QStringList sorted(const QStringList &names)
 {
-    QList<QUrl> files;
+    QList<SourceFile> files;
     for (const QString &name : names)
-        files << QUrl::fromLocalFile(u"/videos/"_s + name);
+        files.emplaceBack(QUrl::fromLocalFile(u"/videos/"_s + name));
     sortByName(files);
-    return fileNames(files);
+    return fileNames(urlsOf(files));
 }
 
 } // namespace
@@ -55,13 +63,13 @@ private Q_SLOTS:
 
     void equalNamesKeepTheirOrder()
     {
-        QList<QUrl> files;
-        for (const char *path : {"/3/B.mp4", "/1/b.mp4", "/2/B.mp4", "/9/a.mp4", "/0/b.mp4"})
-            files << QUrl::fromLocalFile(QString::fromLatin1(path));
+        QList<SourceFile> files;
+        for (const QByteArray path : {"/3/B.mp4", "/1/b.mp4", "/2/B.mp4", "/9/a.mp4", "/0/b.mp4"})
+            files.emplaceBack(path);
         sortByName(files);
         QStringList paths;
-        for (const QUrl &file : files)
-            paths << file.toLocalFile();
+        for (const SourceFile &file : files)
+            paths << QString::fromUtf8(file.path());
         QCOMPARE(paths, (QStringList{u"/9/a.mp4"_s, u"/3/B.mp4"_s, u"/1/b.mp4"_s, u"/2/B.mp4"_s,
                                      u"/0/b.mp4"_s}));
     }
@@ -89,9 +97,10 @@ private Q_SLOTS:
 
     void onlyTheFileNameCounts()
     {
-        QList<QUrl> files{QUrl::fromLocalFile(u"/a/z.mp4"_s), QUrl::fromLocalFile(u"/z/a.mp4"_s)};
+        QList<SourceFile> files{QUrl::fromLocalFile(u"/a/z.mp4"_s),
+                                QUrl::fromLocalFile(u"/z/a.mp4"_s)};
         sortByName(files);
-        QCOMPARE(fileNames(files), (QStringList{u"a.mp4"_s, u"z.mp4"_s}));
+        QCOMPARE(fileNames(urlsOf(files)), (QStringList{u"a.mp4"_s, u"z.mp4"_s}));
     }
 
     void lettersFollowTheUsersLanguage()

@@ -42,6 +42,10 @@ private Q_SLOTS:
         files.insert(file(u"/v/./w/../a.mp4"_s));
         QVERIFY(files.contains(file(u"/v/a.mp4"_s)));
         QVERIFY(files.contains(file(u"/v//a.mp4"_s)));
+        QVERIFY(files.contains(file(u"/v/a.mp4/"_s)));
+        QVERIFY(files.contains(file(u"/v/a.mp4/."_s)));
+        QVERIFY(!files.contains(file(u"/v/.a.mp4"_s)));
+        QVERIFY(!files.contains(file(u"/v/.../a.mp4"_s)));
         files.remove(file(u"/v/a.mp4"_s));
         QVERIFY(!files.contains(file(u"/v/./w/../a.mp4"_s)));
     }

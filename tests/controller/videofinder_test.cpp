@@ -17,6 +17,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+QList<QUrl> videosAt(const QList<QUrl> &urls)
+{
+    QList<QUrl> videos;
+    for (const SourceFile &file : findVideos(urls))
+        videos << file.url();
+    return videos;
+}
+
 // The superuser may read everything, so what it does here it does as somebody else.
 template <typename Action>
 auto asOrdinaryUser(const Action &action)
@@ -43,7 +51,7 @@ private Q_SLOTS:
         const FileTree tree;
         tree.addFiles({u"a.MOV"_s, u"b.mp4"_s, u"c.txt"_s, u"clip.M2TS"_s, u"clip.av1"_s,
                        u"video.MP4.bak"_s, u"mp4"_s, u"noextension"_s});
-        QCOMPARE(fileNames(findVideos({tree.root()})),
+        QCOMPARE(fileNames(videosAt({tree.root()})),
                  (QStringList{u"a.MOV"_s, u"b.mp4"_s, u"clip.M2TS"_s}));
     }
 
@@ -52,24 +60,23 @@ private Q_SLOTS:
         const FileTree tree;
         tree.addFiles(
             {u".hidden.mp4"_s, u".git/clip.mp4"_s, u"seen/.deeper/clip.mp4"_s, u"seen/clip.mp4"_s});
-        QCOMPARE(findVideos({tree.root()}), QList<QUrl>{tree.url(u"seen/clip.mp4"_s)});
+        QCOMPARE(videosAt({tree.root()}), QList<QUrl>{tree.url(u"seen/clip.mp4"_s)});
     }
 
     void aHiddenFolderThatIsGivenIsEntered()
     {
         const FileTree tree;
         tree.addFile(u".hidden/clip.mp4"_s);
-        QCOMPARE(findVideos({tree.url(u".hidden"_s)}),
-                 QList<QUrl>{tree.url(u".hidden/clip.mp4"_s)});
+        QCOMPARE(videosAt({tree.url(u".hidden"_s)}), QList<QUrl>{tree.url(u".hidden/clip.mp4"_s)});
     }
 
     void aHiddenFileThatIsGivenCounts()
     {
         const FileTree tree;
         const QUrl file = tree.addFile(u".hidden.mp4"_s);
-        QCOMPARE(findVideos({file}), QList<QUrl>{file});
+        QCOMPARE(videosAt({file}), QList<QUrl>{file});
         // Its name is all dot and letters: there is no extension.
-        QVERIFY(findVideos({tree.addFile(u".mp4"_s)}).isEmpty());
+        QVERIFY(videosAt({tree.addFile(u".mp4"_s)}).isEmpty());
     }
 
     void doesNotEnterPackages()
@@ -81,14 +88,14 @@ private Q_SLOTS:
         for (const QString &extension : {u"migratedphotolibrary"_s, u"fcarch"_s, u"lrlibrary"_s,
                                          u"cocatalog"_s, u"screenflow"_s, u"cmproj"_s, u"EyeTV"_s})
             tree.addFile(u"films.%1/clip.mp4"_s.arg(extension));
-        QCOMPARE(findVideos({tree.root()}), QList<QUrl>{tree.url(u"notes.appendix/clip.mp4"_s)});
+        QCOMPARE(videosAt({tree.root()}), QList<QUrl>{tree.url(u"notes.appendix/clip.mp4"_s)});
     }
 
     void aPackageThatIsGivenIsEntered()
     {
         const FileTree tree;
         tree.addFile(u"Editor.app/intro.mp4"_s);
-        QCOMPARE(findVideos({tree.url(u"Editor.app"_s)}),
+        QCOMPARE(videosAt({tree.url(u"Editor.app"_s)}),
                  QList<QUrl>{tree.url(u"Editor.app/intro.mp4"_s)});
     }
 
@@ -96,7 +103,7 @@ private Q_SLOTS:
     {
         const FileTree tree;
         tree.addFile(u"takes.mp4/one.mov"_s);
-        QCOMPARE(findVideos({tree.root()}),
+        QCOMPARE(videosAt({tree.root()}),
                  (QList<QUrl>{tree.url(u"takes.mp4"_s), tree.url(u"takes.mp4/one.mov"_s)}));
     }
 
@@ -104,7 +111,7 @@ private Q_SLOTS:
     {
         const FileTree tree;
         tree.addFile(u"takes.mp4/one.mov"_s);
-        QCOMPARE(findVideos({tree.url(u"takes.mp4"_s)}),
+        QCOMPARE(videosAt({tree.url(u"takes.mp4"_s)}),
                  QList<QUrl>{tree.url(u"takes.mp4/one.mov"_s)});
     }
 
@@ -116,7 +123,7 @@ private Q_SLOTS:
         tree.addFile(u"a/own.mp4"_s);
         QVERIFY(QFile::link(other.root().toLocalFile(), tree.path(u"elsewhere"_s)));
         QVERIFY(QFile::link(tree.root().toLocalFile(), tree.path(u"a/loop"_s)));
-        QCOMPARE(findVideos({tree.root()}), QList<QUrl>{tree.url(u"a/own.mp4"_s)});
+        QCOMPARE(videosAt({tree.root()}), QList<QUrl>{tree.url(u"a/own.mp4"_s)});
     }
 
     void followsALinkThatIsGiven()
@@ -124,7 +131,7 @@ private Q_SLOTS:
         const FileTree tree;
         tree.addFile(u"real/clip.mp4"_s);
         QVERIFY(QFile::link(tree.path(u"real"_s), tree.path(u"link"_s)));
-        QCOMPARE(findVideos({tree.url(u"link"_s)}), QList<QUrl>{tree.url(u"link/clip.mp4"_s)});
+        QCOMPARE(videosAt({tree.url(u"link"_s)}), QList<QUrl>{tree.url(u"link/clip.mp4"_s)});
     }
 
     void aLinkToAFileCounts()
@@ -133,7 +140,7 @@ private Q_SLOTS:
         tree.addFile(u"real.txt"_s);
         QVERIFY(QFile::link(tree.path(u"real.txt"_s), tree.path(u"link.mp4"_s)));
         QVERIFY(QFile::link(u"/no/such/file"_s, tree.path(u"nowhere.mp4"_s)));
-        QCOMPARE(fileNames(findVideos({tree.root()})),
+        QCOMPARE(fileNames(videosAt({tree.root()})),
                  (QStringList{u"link.mp4"_s, u"nowhere.mp4"_s}));
     }
 
@@ -144,7 +151,7 @@ private Q_SLOTS:
         const QString locked = tree.path(u"b"_s);
         QVERIFY(QFile::setPermissions(locked, QFile::Permissions()));
         const QStringList found =
-            fileNames(asOrdinaryUser([&] { return findVideos({tree.root()}); }));
+            fileNames(asOrdinaryUser([&] { return videosAt({tree.root()}); }));
         QVERIFY(
             QFile::setPermissions(locked, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
         QCOMPARE(found, (QStringList{u"one.mp4"_s, u"three.mp4"_s}));
@@ -159,7 +166,7 @@ private Q_SLOTS:
                                    tree.url(u"b/1.mp4"_s), tree.url(u"b/2.mp4"_s),
                                    tree.url(u"b/b.mp4"_s), tree.url(u"b/c/3.mp4"_s),
                                    tree.url(u"z.mp4"_s)};
-        QCOMPARE(findVideos({tree.root()}), expected);
+        QCOMPARE(videosAt({tree.root()}), expected);
     }
 
     void keepsTheOrderOfWhatIsGiven()
@@ -168,20 +175,20 @@ private Q_SLOTS:
         const QUrl z = tree.addFile(u"z.mp4"_s);
         const QUrl inFolder = tree.addFile(u"folder/m.mp4"_s);
         const QUrl a = tree.addFile(u"a.mp4"_s);
-        QCOMPARE(findVideos({z, tree.url(u"folder"_s), a, z}), (QList<QUrl>{z, inFolder, a, z}));
+        QCOMPARE(videosAt({z, tree.url(u"folder"_s), a, z}), (QList<QUrl>{z, inFolder, a, z}));
     }
 
     void aPathWhereNothingIsCounts()
     {
         const QUrl missing = QUrl::fromLocalFile(u"/no/such/clip.mp4"_s);
-        QCOMPARE(findVideos({missing}), QList<QUrl>{missing});
-        QVERIFY(findVideos({QUrl::fromLocalFile(u"/no/such/folder"_s)}).isEmpty());
+        QCOMPARE(videosAt({missing}), QList<QUrl>{missing});
+        QVERIFY(videosAt({QUrl::fromLocalFile(u"/no/such/folder"_s)}).isEmpty());
     }
 
     void urlsThatAreNotOfLocalFilesAreLeftOut()
     {
-        QVERIFY(findVideos({QUrl(u"https://example.org/clip.mp4"_s), QUrl(u"clip.mp4"_s), QUrl(),
-                            QUrl(u"file://nas.example/clip.mp4"_s)})
+        QVERIFY(videosAt({QUrl(u"https://example.org/clip.mp4"_s), QUrl(u"clip.mp4"_s), QUrl(),
+                          QUrl(u"file://nas.example/clip.mp4"_s)})
                     .isEmpty());
     }
 
@@ -193,7 +200,7 @@ private Q_SLOTS:
         withHost.setHost(u"localhost"_s);
         QUrl folder = tree.root();
         folder.setHost(u"localhost"_s);
-        QCOMPARE(findVideos({withHost, folder}), (QList<QUrl>{file, file}));
+        QCOMPARE(videosAt({withHost, folder}), (QList<QUrl>{file, file}));
     }
 
     void oddNamesComeBackAsTheyAre()
@@ -205,7 +212,7 @@ private Q_SLOTS:
                                 u"\u05d0\u05d1.mp4"_s,   u"\U0001f3ac.mp4"_s};
         tree.addFiles(names);
         QStringList found;
-        for (const QUrl &url : findVideos({tree.root()})) {
+        for (const QUrl &url : videosAt({tree.root()})) {
             QVERIFY(QFile::exists(url.toLocalFile()));
             found << url.toLocalFile().section(u'/', -1);
         }
@@ -219,7 +226,7 @@ private Q_SLOTS:
         for (int i = 0; i < 200; ++i)
             deep += u"folder/"_s;
         tree.addFile(deep + u"clip.mp4"_s);
-        QCOMPARE(fileNames(findVideos({tree.root()})), QStringList{u"clip.mp4"_s});
+        QCOMPARE(fileNames(videosAt({tree.root()})), QStringList{u"clip.mp4"_s});
     }
 };
 
