@@ -7,9 +7,11 @@
 #include "model/filepath.h"
 
 #include <QCollator>
+#include <QThread>
 #include <QtConcurrentMap>
 
 #include <algorithm>
+#include <numeric>
 #include <optional>
 #include <vector>
 
@@ -49,11 +51,27 @@ void sortByName(QList<SourceFile> &files)
     keyed.reserve(static_cast<std::size_t>(files.size()));
     for (SourceFile &file : files)
         keyed.push_back({std::move(file), std::nullopt});
-    QtConcurrent::blockingMap(keyed, [&collator](KeyedFile &each) {
-        each.key = collator.sortKey(shownPath(lastPathComponent(each.file.path())));
+
+    // Each thread makes the keys of a part and sorts it; then the parts are merged.
+    const int parts = QThread::idealThreadCount();
+    const auto begin = [&keyed, parts](int part) {
+        return keyed.begin() + std::ssize(keyed) * part / parts;
+    };
+    const auto isBefore = [](const KeyedFile &a, const KeyedFile &b) {
+        return a.key->compare(*b.key) < 0;
+    };
+    std::vector<int> numbers(static_cast<std::size_t>(parts));
+    std::iota(numbers.begin(), numbers.end(), 0);
+    QtConcurrent::blockingMap(numbers, [&](int part) {
+        for (auto each = begin(part); each != begin(part + 1); ++each)
+            each->key = collator.sortKey(shownPath(lastPathComponent(each->file.path())));
+        std::stable_sort(begin(part), begin(part + 1), isBefore);
     });
-    std::ranges::stable_sort(
-        keyed, [](const KeyedFile &a, const KeyedFile &b) { return a.key->compare(*b.key) < 0; });
+    for (int width = 1; width < parts; width *= 2) {
+        for (int part = 0; part + width < parts; part += 2 * width)
+            std::inplace_merge(begin(part), begin(part + width),
+                               begin(std::min(part + 2 * width, parts)), isBefore);
+    }
     for (qsizetype i = 0; KeyedFile & each : keyed)
         files[i++] = std::move(each.file);
 }
