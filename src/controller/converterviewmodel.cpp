@@ -18,11 +18,6 @@ namespace quorvale {
 
 namespace {
 
-bool isCompleted(const ConversionJob &job)
-{
-    return job.state.is(JobState::Case::completed);
-}
-
 template <typename Option>
 QStringList labels()
 {

@@ -12,11 +12,6 @@ namespace quorvale {
 
 namespace {
 
-bool isCompleted(const ConversionJob &job)
-{
-    return job.state.is(JobState::Case::completed);
-}
-
 // How many runs of neighbours there are for which `isUnwanted` is true.
 qsizetype countRuns(const QList<ConversionJob> &jobs,
                     const std::function<bool(const ConversionJob &)> &isUnwanted)

@@ -40,4 +40,10 @@ public:
     friend bool operator==(const ConversionJob &, const ConversionJob &) = default;
 };
 
+/// Whether the job's video is whole.
+inline bool isCompleted(const ConversionJob &job)
+{
+    return job.state.is(JobState::Case::completed);
+}
+
 } // namespace quorvale
