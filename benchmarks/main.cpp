@@ -4,6 +4,8 @@
 #include "rows.h"
 #include "tasks.h"
 
+#include "ui/graphics.h"
+
 #include <QApplication>
 #include <QFile>
 #include <QQuickWindow>
@@ -14,6 +16,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace quorvale::bench;
+using quorvale::chooseRenderer;
 
 namespace {
 
@@ -60,9 +63,11 @@ QString processorName()
 // Measures, and prints a table. With arguments it does one of the tasks that are measured.
 int main(int argc, char *argv[])
 {
-    // The renderer that every machine has.
-    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     QApplication application(argc, argv);
+    if (QApplication::platformName() == "offscreen"_L1) // with the renderer that every machine has
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    else
+        chooseRenderer();
     const QStringList arguments = QApplication::arguments().sliced(1);
     if (!arguments.isEmpty())
         return runTask(arguments);
@@ -71,8 +76,9 @@ int main(int argc, char *argv[])
     out << "Measured on " << QThread::idealThreadCount() << " of the processors of a machine with "
         << processorName() << ", " << QSysInfo::prettyProductName() << ", Qt " << qVersion()
         << ".\n\n| What | Against | Aim | Measured |\n|---|---|---|---|\n";
-    for (const auto &measure : {measureBatch, measureAdding, measureDrops, measureLongList,
-                                measureStart, measureEncoding, measureProgressStream}) {
+    for (const auto &measure :
+         {measureBatch, measureAdding, measureDrops, measureLongList, measureStart,
+          measureAtVirtualDisplay, measureEncoding, measureProgressStream}) {
         for (const Row &row : measure()) {
             out << "| " << row.what << " | " << row.against << " | " << row.aim << " | "
                 << row.figure << " |" << Qt::endl;

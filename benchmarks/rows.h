@@ -23,6 +23,7 @@ QList<Row> measureAdding();
 QList<Row> measureDrops();
 QList<Row> measureLongList();
 QList<Row> measureStart();
+QList<Row> measureAtVirtualDisplay();
 QList<Row> measureEncoding();
 QList<Row> measureProgressStream();
 

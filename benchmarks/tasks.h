@@ -24,7 +24,7 @@ int dropFiles(int count);
 /// takes and the seconds of the longest frame.
 int scrollList(int count);
 
-/// Opens the window, or one with nothing but a rectangle, until its first frame.
+/// Opens the window, or one with nothing but a text and a button, until its first frame.
 int showFirstFrame(bool isBare);
 
 /// Opens it and says the bytes of resident memory after two seconds.

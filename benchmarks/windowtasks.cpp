@@ -134,11 +134,22 @@ double longestFrame(Window &window, QQuickItem &list, double step, int steps)
 std::unique_ptr<QQmlApplicationEngine> openBareWindow()
 {
     auto engine = std::make_unique<QQmlApplicationEngine>();
-    engine->loadData("import QtQuick\n"
-                     "Window {\n"
-                     "    width: 960; height: 640; visible: true\n"
-                     "    Rectangle { anchors.fill: parent; color: \"purple\" }\n"
-                     "}\n");
+    engine->loadData(R"(
+        import QtQuick
+        import QtQuick.Templates as T
+        T.ApplicationWindow {
+            width: 960; height: 640; visible: true
+            Text { text: "Text" }
+            T.Button {
+                id: button
+                anchors.centerIn: parent
+                implicitHeight: contentItem.implicitHeight
+                implicitWidth: contentItem.implicitWidth
+                text: "Button"
+                background: Rectangle { color: "plum" }
+                contentItem: Text { text: button.text }
+            }
+        })");
     return engine;
 }
 
