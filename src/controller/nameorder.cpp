@@ -8,11 +8,11 @@
 
 #include <QCollator>
 #include <QThread>
-#include <QtConcurrentMap>
 
 #include <algorithm>
-#include <numeric>
 #include <optional>
+#include <system_error>
+#include <thread>
 #include <vector>
 
 namespace quorvale {
@@ -53,20 +53,30 @@ void sortByName(QList<SourceFile> &files)
         keyed.push_back({std::move(file), std::nullopt});
 
     // Each thread makes the keys of a part and sorts it; then the parts are merged.
-    const int parts = QThread::idealThreadCount();
+    constexpr qsizetype worthAThread = 1000;
+    const int parts = files.size() < worthAThread ? 1 : QThread::idealThreadCount();
     const auto begin = [&keyed, parts](int part) {
         return keyed.begin() + std::ssize(keyed) * part / parts;
     };
     const auto isBefore = [](const KeyedFile &a, const KeyedFile &b) {
         return a.key->compare(*b.key) < 0;
     };
-    std::vector<int> numbers(static_cast<std::size_t>(parts));
-    std::iota(numbers.begin(), numbers.end(), 0);
-    QtConcurrent::blockingMap(numbers, [&](int part) {
+    const auto sort = [&](int part) {
         for (auto each = begin(part); each != begin(part + 1); ++each)
             each->key = collator.sortKey(shownPath(lastPathComponent(each->file.path())));
         std::stable_sort(begin(part), begin(part + 1), isBefore);
-    });
+    };
+    {
+        std::vector<std::jthread> others;
+        for (int part = 1; part < parts; ++part) {
+            try {
+                others.emplace_back(sort, part);
+            } catch (const std::system_error &) { // there is no thread to be had
+                sort(part);
+            }
+        }
+        sort(0);
+    }
     for (int width = 1; width < parts; width *= 2) {
         for (int part = 0; part + width < parts; part += 2 * width)
             std::inplace_merge(begin(part), begin(part + width),

@@ -321,7 +321,7 @@ private Q_SLOTS:
     void aFloodOfWarningsNeitherStallsNorGrowsTheProgram()
     {
         script(Script()
-                   .errRepeatedly(4'000'000,
+                   .errRepeatedly(1'000'000,
                                   "[h264 @ 0x55] concealing 3600 DC, 3600 AC, 3600 MV errors\n")
                    .out("progress=end\n")
                    .err("the last words\n")
