@@ -29,7 +29,7 @@ Script failure(const QByteArray &text)
 
 } // namespace
 
-class BatchRunnerTest : public QObject
+class BatchTest : public QObject
 {
     Q_OBJECT
 
@@ -299,5 +299,5 @@ private Q_SLOTS:
     }
 };
 
-QUORVALE_TEST(BatchRunnerTest)
-#include "batchrunner_test.moc"
+QUORVALE_TEST(BatchTest)
+#include "batch_test.moc"
