@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 
 #include "support/clips.h"
-#include "support/conversionbench.h"
 #include "support/leftovers.h"
 #include "support/patience.h"
 #include "support/queue.h"
@@ -25,11 +24,6 @@ using enum JobState::Case;
 // last one has ended. The instants are spread over as long as an undisturbed batch takes.
 
 namespace {
-
-bool hasEnded(const ConverterViewModel &model)
-{
-    return QTest::qWaitFor([&] { return !model.isConverting(); }, patience);
-}
 
 void processEventsFor(qint64 nanoseconds)
 {
@@ -60,7 +54,7 @@ private Q_SLOTS:
     {
         // What Qt makes once and keeps is there from now on.
         makeQueue();
-        QVERIFY(runBatch(m_queue->model()));
+        QVERIFY(m_queue->runBatch());
         m_queue.reset();
     }
 
@@ -74,7 +68,7 @@ private Q_SLOTS:
             m_queue->add({u"%1.mkv"_s.arg(i)});
         QElapsedTimer timer;
         timer.start();
-        QVERIFY(runBatch(m_queue->model()));
+        QVERIFY(m_queue->runBatch());
         m_oneJob = timer.nsecsElapsed() / jobs;
         m_queue.reset();
     }
@@ -106,7 +100,7 @@ private Q_SLOTS:
             m_queue->model().start();
             processEventsFor(m_oneJob * instant / instants);
             m_queue->model().cancel();
-            QVERIFY(hasEnded(m_queue->model()));
+            QVERIFY(m_queue->awaitEnd());
             const JobState::Case state = m_queue->state(0);
             ++outcomes[state];
             // Before a tool has said what it does with an interrupt, it dies of it.
@@ -130,8 +124,8 @@ private Q_SLOTS:
             processEventsFor(m_oneJob * instant / 20);
             m_queue->model().cancel();
             m_queue->model().start(); // too early, unless the batch has ended
-            QVERIFY(hasEnded(m_queue->model()));
-            QVERIFY(runBatch(m_queue->model()));
+            QVERIFY(m_queue->awaitEnd());
+            QVERIFY(m_queue->runBatch());
             QCOMPARE(m_queue->model().completedCount(), 2);
         }
     }
@@ -149,9 +143,9 @@ private Q_SLOTS:
             for (int j = i % 7; j > 0; --j)
                 m_queue->model().cancel();
         }
-        QVERIFY(hasEnded(m_queue->model()));
+        QVERIFY(m_queue->awaitEnd());
         if (m_queue->model().completedCount() < 2)
-            QVERIFY(runBatch(m_queue->model()));
+            QVERIFY(m_queue->runBatch());
         QCOMPARE(m_queue->model().completedCount(), 2);
     }
 
@@ -165,7 +159,7 @@ private Q_SLOTS:
             for (int i = 0; i < 100 && m_queue->model().isConverting(); ++i)
                 m_queue->model().start();
         });
-        QVERIFY(runBatch(m_queue->model()));
+        QVERIFY(m_queue->runBatch());
         QCOMPARE(m_queue->model().completedCount(), 2);
         QCOMPARE(m_queue->tools().runs(u"ffmpeg"_s).size() - before, 2);
         QVERIFY(!m_queue->model().alertMessage());
@@ -174,14 +168,15 @@ private Q_SLOTS:
     void aStormOfCancelsEndsTheBatchOnce()
     {
         makeQueue();
-        m_queue->setConversions(m_queue->untilReleased(Script().countInterrupts()).wait(50));
+        m_queue->setConversions(
+            m_queue->tools().untilReleased(Script().countInterrupts()).wait(50));
         queueTwoJobs();
         m_queue->model().start();
-        QTRY_VERIFY_WITH_TIMEOUT(m_queue->isToolWaiting(), patience);
+        QVERIFY(m_queue->tools().awaitWaiting());
         for (int i = 0; i < 100'000; ++i)
             m_queue->model().cancel();
-        m_queue->release();
-        QVERIFY(hasEnded(m_queue->model()));
+        m_queue->tools().release();
+        QVERIFY(m_queue->awaitEnd());
         QCOMPARE(m_queue->state(0), completed);
         QCOMPARE(m_queue->state(1), waiting);
     }
@@ -209,14 +204,14 @@ private Q_SLOTS:
     void cancelEndsARealConversion()
     {
         m_queue.reset();
-        ConversionBench bench;
-        ConverterViewModel &model = bench.controller();
+        Queue queue(Tools::machine);
+        ConverterViewModel &model = queue.model();
         model.setSettings({.useHardware = false});
-        const QString clip = makeClip(u"h264.mp4"_s, bench.sources());
+        const QString clip = makeClip(u"h264.mp4"_s, queue.sources());
         QElapsedTimer timer;
         timer.start();
-        QVERIFY(bench.drop(clip, 1) && bench.runBatch());
-        QVERIFY(isCompleted(model.jobs().first().state));
+        QVERIFY(queue.drop(clip, 1) && queue.runBatch());
+        QVERIFY(isConverted(queue.job(0)));
         const qint64 whole = timer.nsecsElapsed();
 
         constexpr int instants = 25;
@@ -228,7 +223,7 @@ private Q_SLOTS:
             model.start();
             processEventsFor(whole * instant / instants);
             model.cancel();
-            QVERIFY(hasEnded(model));
+            QVERIFY(queue.awaitEnd());
             const JobState &state = model.jobs().first().state;
             const bool isExpected = state.is(waiting) || state.is(completed) || state.is(cancelled)
                                     || state.message().contains(u"received signal 2"_s);

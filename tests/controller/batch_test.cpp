@@ -39,7 +39,7 @@ private Q_SLOTS:
         Queue queue;
         queue.setConversions(success());
         queue.add({u"b.mkv"_s, u"a.mkv"_s});
-        QVERIFY(runBatch(queue.model()));
+        QVERIFY(queue.runBatch());
         QCOMPARE(queue.state(0), completed);
         QCOMPARE(queue.state(1), completed);
         QCOMPARE(queue.job(0).progress, 1.0);
@@ -59,7 +59,7 @@ private Q_SLOTS:
         queue.setConversions(success());
         queue.setConversion(2, failure("Invalid data found\n"));
         queue.add({u"1.mkv"_s, u"2.mkv"_s, u"3.mkv"_s});
-        QVERIFY(runBatch(queue.model()));
+        QVERIFY(queue.runBatch());
         QCOMPARE(queue.state(0), completed);
         QVERIFY(queue.job(1).state == JobState::failed(u"Invalid data found"_s));
         QCOMPARE(queue.state(2), completed);
@@ -72,9 +72,9 @@ private Q_SLOTS:
         queue.setConversion(1, Script().out("out_time_ms=5000000\n").exit(1));
         queue.setConversion(2, Script().exit(1));
         queue.add({u"1.mkv"_s});
-        QVERIFY(runBatch(queue.model()));
+        QVERIFY(queue.runBatch());
         QCOMPARE(queue.job(0).progress, 0.5);
-        QVERIFY(runBatch(queue.model()));
+        QVERIFY(queue.runBatch());
         QCOMPARE(queue.job(0).progress, 0.0);
     }
 
@@ -94,7 +94,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(flooded), patience);
         QCoreApplication::sendPostedEvents(); // what is left of it
         QVERIFY(QFile::copy(flooded, seen));
-        QTRY_VERIFY_WITH_TIMEOUT(!queue.model().isConverting(), patience);
+        QVERIFY(queue.awaitEnd());
         QTRY_COMPARE_WITH_TIMEOUT(queue.job(0).progress, 0.75, 5000);
     }
 
@@ -103,7 +103,7 @@ private Q_SLOTS:
         Queue queue;
         queue.setConversions(Script().out("out_time_ms=5000000\n").exit(1));
         queue.add({u"1.mkv"_s});
-        QVERIFY(runBatch(queue.model()));
+        QVERIFY(queue.runBatch());
         QVERIFY(queue.job(0).state == JobState::failed(u"FFmpeg could not convert this file."_s));
         QCOMPARE(queue.job(0).progress, 0.5);
     }
@@ -112,7 +112,7 @@ private Q_SLOTS:
     {
         Queue queue;
         queue.setConversions(
-            queue.untilReleased(Script().out("out_time_ms=2500000\n")).out("progress=end\n"));
+            queue.tools().untilReleased(Script().out("out_time_ms=2500000\n")).out("progress=end\n"));
         queue.add({u"1.mkv"_s, u"2.mkv"_s});
         queue.model().start();
         QVERIFY(queue.model().isConverting());
@@ -121,8 +121,8 @@ private Q_SLOTS:
         QCOMPARE(queue.state(0), converting);
         QCOMPARE(queue.state(1), waiting);
         QCOMPARE(queue.model().overallProgress(), 0.125);
-        queue.release();
-        QTRY_VERIFY_WITH_TIMEOUT(!queue.model().isConverting(), patience);
+        queue.tools().release();
+        QVERIFY(queue.awaitEnd());
         QCOMPARE(queue.state(0), completed);
         QCOMPARE(queue.state(1), completed);
     }
@@ -132,9 +132,9 @@ private Q_SLOTS:
         Queue queue;
         queue.setConversions(success());
         queue.add({u"1.mkv"_s});
-        QVERIFY(runBatch(queue.model()));
+        QVERIFY(queue.runBatch());
         queue.add({u"2.mkv"_s});
-        QVERIFY(runBatch(queue.model()));
+        QVERIFY(queue.runBatch());
         QCOMPARE(queue.tools().runs(u"ffmpeg"_s).size(), 2);
     }
 
@@ -144,9 +144,9 @@ private Q_SLOTS:
         queue.setConversions(success());
         queue.setConversion(1, failure("no\n"));
         queue.add({u"1.mkv"_s});
-        QVERIFY(runBatch(queue.model()));
+        QVERIFY(queue.runBatch());
         QCOMPARE(queue.state(0), failed);
-        QVERIFY(runBatch(queue.model()));
+        QVERIFY(queue.runBatch());
         QCOMPARE(queue.state(0), completed);
     }
 
@@ -155,13 +155,13 @@ private Q_SLOTS:
         Queue queue;
         queue.setConversions(success());
         queue.add({u"1.mkv"_s});
-        QVERIFY(runBatch(queue.model()));
+        QVERIFY(queue.runBatch());
         queue.model().requeue(queue.id(0));
         QCOMPARE(queue.state(0), waiting);
         QCOMPARE(queue.job(0).progress, 0.0);
-        QVERIFY(runBatch(queue.model()));
+        QVERIFY(queue.runBatch());
         QCOMPARE(queue.state(0), completed);
-        QVERIFY(QFile::exists(queue.outputPath(u"1_converted_2.mp4"_s)));
+        QCOMPARE(queue.tools().runs(u"ffmpeg"_s).size(), 2);
     }
 
     void aFailedJobThatIsQueuedAgainWaitsFromTheBeginning()
@@ -169,7 +169,7 @@ private Q_SLOTS:
         Queue queue;
         queue.setConversions(Script().out("out_time_ms=5000000\n").exit(1));
         queue.add({u"1.mkv"_s});
-        QVERIFY(runBatch(queue.model()));
+        QVERIFY(queue.runBatch());
         queue.model().requeue(queue.id(0));
         QVERIFY(queue.job(0).state == JobState::waiting());
         QCOMPARE(queue.job(0).progress, 0.0);
@@ -181,7 +181,7 @@ private Q_SLOTS:
         queue.setConversions(success());
         queue.setConversion(2, failure("no\n"));
         queue.add({u"good.mkv"_s, u"bad.mkv"_s});
-        QVERIFY(runBatch(queue.model()));
+        QVERIFY(queue.runBatch());
         queue.add({u"good.mkv"_s, u"bad.mkv"_s});
         QCOMPARE(queue.model().jobs().size(), 3);
         queue.add({u"good.mkv"_s});
@@ -193,7 +193,7 @@ private Q_SLOTS:
         Queue queue;
         queue.setConversions(success());
         queue.add({u"1.mkv"_s});
-        QVERIFY(runBatch(queue.model()));
+        QVERIFY(queue.runBatch());
         queue.add({u"1.mkv"_s});
         queue.model().remove(queue.id(0));
         QCOMPARE(queue.state(0), waiting);
@@ -206,7 +206,7 @@ private Q_SLOTS:
         Queue queue;
         queue.setConversions(success());
         queue.add({u"1.mkv"_s});
-        QVERIFY(runBatch(queue.model()));
+        QVERIFY(queue.runBatch());
         queue.model().requeue(queue.id(0));
         queue.add({u"1.mkv"_s});
         QCOMPARE(queue.model().jobs().size(), 1);
@@ -218,7 +218,7 @@ private Q_SLOTS:
         queue.setConversions(success());
         queue.setConversion(2, failure("no\n"));
         queue.add({u"1.mkv"_s, u"2.mkv"_s, u"3.mkv"_s});
-        QVERIFY(runBatch(queue.model()));
+        QVERIFY(queue.runBatch());
         queue.add({u"4.mkv"_s});
         queue.model().clearCompleted();
         QCOMPARE(queue.model().jobs().size(), 2);
@@ -232,7 +232,7 @@ private Q_SLOTS:
         queue.setConversion(1, Script());
         queue.setConversion(2, Script().out("out_time_ms=5000000\n").exit(1));
         queue.add({u"1.mkv"_s, u"2.mkv"_s});
-        QVERIFY(runBatch(queue.model()));
+        QVERIFY(queue.runBatch());
         // As a value does that reaches the main thread after the job's end.
         queue.model().jobModel()->setProgress(queue.id(0), 0.4);
         QCOMPARE(queue.job(0).progress, 0.4);
@@ -247,7 +247,7 @@ private Q_SLOTS:
         queue.setConversions(success());
         queue.model().add(
             {QUrl::fromLocalFile(u"/a/clip.mkv"_s), QUrl::fromLocalFile(u"/b/clip.mp4"_s)});
-        QVERIFY(runBatch(queue.model()));
+        QVERIFY(queue.runBatch());
         QVERIFY(QFile::exists(queue.outputPath(u"clip_converted.mp4"_s)));
         QVERIFY(QFile::exists(queue.outputPath(u"clip_converted_2.mp4"_s)));
     }
@@ -261,12 +261,11 @@ private Q_SLOTS:
         queue.model().setSettings(settings);
         queue.model().add(
             {QUrl::fromLocalFile(u"/a/clip.mkv"_s), QUrl::fromLocalFile(u"/b/clip.mp4"_s)});
-        QVERIFY(runBatch(queue.model()));
+        QVERIFY(queue.runBatch());
         const auto runs = queue.tools().runs(u"ffmpeg"_s);
         QCOMPARE(runs[0].first(), "-y");
         QCOMPARE(runs[0].last(), QFile::encodeName(queue.outputPath(u"clip_converted.mp4"_s)));
         QCOMPARE(runs[1].last(), runs[0].last());
-        QVERIFY(!QFile::exists(queue.outputPath(u"clip_converted_2.mp4"_s)));
     }
 
     void aNameThatIsTooLongFailsThatJobOnly()
@@ -274,7 +273,7 @@ private Q_SLOTS:
         Queue queue;
         queue.setConversions(success());
         queue.add({QString(251, u'x') + u".mkv"_s, u"short.mkv"_s});
-        QVERIFY(runBatch(queue.model()));
+        QVERIFY(queue.runBatch());
         QCOMPARE(queue.state(0), failed);
         QVERIFY(
             queue.job(0).state.message().startsWith(u"The name of the output file is too long"_s));
@@ -284,13 +283,13 @@ private Q_SLOTS:
     void aToolThatVanishesFailsTheRemainingJobs()
     {
         Queue queue;
-        queue.setConversions(queue.untilReleased(Script()));
+        queue.setConversions(queue.tools().untilReleased());
         queue.add({u"1.mkv"_s, u"2.mkv"_s});
         queue.model().start();
-        QTRY_VERIFY_WITH_TIMEOUT(queue.isToolWaiting(), patience);
+        QVERIFY(queue.tools().awaitWaiting());
         queue.tools().removeTool(u"ffmpeg"_s);
-        queue.release();
-        QTRY_VERIFY_WITH_TIMEOUT(!queue.model().isConverting(), patience);
+        queue.tools().release();
+        QVERIFY(queue.awaitEnd());
         QCOMPARE(queue.state(0), completed);
         QVERIFY(queue.job(1).state
                 == JobState::failed(

@@ -33,7 +33,7 @@ private Q_SLOTS:
         finish();
         QCOMPARE(m_queue->state(0), completed);
         QCOMPARE(m_queue->state(1), waiting);
-        QVERIFY(runBatch(m_queue->model()));
+        QVERIFY(m_queue->runBatch());
         QCOMPARE(m_queue->state(1), completed);
     }
 
@@ -70,10 +70,10 @@ private Q_SLOTS:
     void aCompletedJobQueuedAgainDuringTheRunWaitsForTheNext()
     {
         m_queue->setConversion(1, Script());
-        m_queue->setConversion(2, m_queue->untilReleased(Script()));
+        m_queue->setConversion(2, m_queue->tools().untilReleased());
         m_queue->add({u"1.mkv"_s, u"2.mkv"_s});
         m_queue->model().start();
-        QTRY_VERIFY_WITH_TIMEOUT(m_queue->isToolWaiting(), patience);
+        QVERIFY(m_queue->tools().awaitWaiting());
         m_queue->model().requeue(m_queue->id(0));
         finish();
         QCOMPARE(m_queue->state(0), waiting);
@@ -103,7 +103,7 @@ private Q_SLOTS:
             QVERIFY(run.last().startsWith(m_queue->outputPath(QString()).toUtf8()));
         }
         m_queue->add({u"3.mkv"_s});
-        QVERIFY(runBatch(m_queue->model()));
+        QVERIFY(m_queue->runBatch());
         const QList<QByteArray> next = m_queue->tools().runs(u"ffmpeg"_s).last();
         QVERIFY(next.contains("prores_videotoolbox"));
         QCOMPARE(next.last(), elsewhere.path(u"3_converted.mov"_s).toUtf8());
@@ -130,10 +130,10 @@ private Q_SLOTS:
     {
         m_queue->setConversions(Script());
         m_queue->add({u"1.mkv"_s});
-        QVERIFY(runBatch(m_queue->model()));
+        QVERIFY(m_queue->runBatch());
         m_queue->model().cancel();
         m_queue->add({u"2.mkv"_s});
-        QVERIFY(runBatch(m_queue->model()));
+        QVERIFY(m_queue->runBatch());
         QCOMPARE(m_queue->state(1), completed);
     }
 
@@ -142,7 +142,7 @@ private Q_SLOTS:
         startWith({u"1.mkv"_s, u"2.mkv"_s}, Script().out("out_time_ms=2500000\n"));
         QTRY_COMPARE_WITH_TIMEOUT(m_queue->job(0).progress, 0.25, patience);
         m_queue->model().cancel();
-        QTRY_VERIFY_WITH_TIMEOUT(!m_queue->model().isConverting(), patience);
+        QVERIFY(m_queue->awaitEnd());
         QCOMPARE(m_queue->state(0), cancelled);
         QCOMPARE(m_queue->job(0).progress, 0.25);
         QCOMPARE(m_queue->state(1), waiting);
@@ -153,9 +153,9 @@ private Q_SLOTS:
     {
         startWith({u"1.mkv"_s, u"2.mkv"_s});
         m_queue->model().cancel();
-        QTRY_VERIFY_WITH_TIMEOUT(!m_queue->model().isConverting(), patience);
-        m_queue->release();
-        QVERIFY(runBatch(m_queue->model()));
+        QVERIFY(m_queue->awaitEnd());
+        m_queue->tools().release();
+        QVERIFY(m_queue->runBatch());
         QCOMPARE(m_queue->state(0), completed);
         QCOMPARE(m_queue->state(1), completed);
     }
@@ -165,7 +165,7 @@ private Q_SLOTS:
         startWith({u"1.mkv"_s, u"2.mkv"_s},
                   Script().err("received signal 2\n").catchInterrupt(255));
         m_queue->model().cancel();
-        QTRY_VERIFY_WITH_TIMEOUT(!m_queue->model().isConverting(), patience);
+        QVERIFY(m_queue->awaitEnd());
         QVERIFY(m_queue->job(0).state == JobState::failed(u"received signal 2"_s));
         QCOMPARE(m_queue->state(1), waiting);
     }
@@ -174,19 +174,19 @@ private Q_SLOTS:
     {
         startWith({u"1.mkv"_s, u"2.mkv"_s}, Script().catchInterrupt(0));
         m_queue->model().cancel();
-        QTRY_VERIFY_WITH_TIMEOUT(!m_queue->model().isConverting(), patience);
+        QVERIFY(m_queue->awaitEnd());
         QCOMPARE(m_queue->state(0), completed);
         QCOMPARE(m_queue->state(1), waiting);
     }
 
     void aCancelDuringThePreparationStopsTheRunBeforeTheNextJob()
     {
-        m_queue->tools().setScript(u"ffprobe"_s, m_queue->untilReleased(Script()).out(
+        m_queue->tools().setScript(u"ffprobe"_s, m_queue->tools().untilReleased().out(
                                                      R"({"format": {"duration": "10"}})"));
         m_queue->setConversions(Script());
         m_queue->add({u"1.mkv"_s, u"2.mkv"_s});
         m_queue->model().start();
-        QTRY_VERIFY_WITH_TIMEOUT(m_queue->isToolWaiting(), patience);
+        QVERIFY(m_queue->tools().awaitWaiting());
         m_queue->model().cancel();
         finish();
         QCOMPARE(m_queue->state(0), completed);
@@ -204,7 +204,7 @@ private Q_SLOTS:
                 m_queue->model().cancel();
         });
         m_queue->model().start();
-        QTRY_VERIFY_WITH_TIMEOUT(!m_queue->model().isConverting(), patience);
+        QVERIFY(m_queue->awaitEnd());
         QCOMPARE(m_queue->state(0), completed);
         QCOMPARE(m_queue->state(1), waiting);
         QCOMPARE(m_queue->tools().runs(u"ffmpeg"_s).size(), 1);
@@ -216,7 +216,7 @@ private Q_SLOTS:
         m_queue->add({u"1.mkv"_s});
         m_queue->model().start();
         m_queue->model().cancel();
-        QTRY_VERIFY_WITH_TIMEOUT(!m_queue->model().isConverting(), patience);
+        QVERIFY(m_queue->awaitEnd());
         QCOMPARE(m_queue->state(0), waiting);
         QVERIFY(m_queue->tools().runs(u"ffmpeg"_s).isEmpty());
     }
@@ -227,7 +227,7 @@ private Q_SLOTS:
         m_queue->add({u"1.mkv"_s});
         m_queue->model().start();
         m_queue->model().remove(m_queue->id(0));
-        QTRY_VERIFY_WITH_TIMEOUT(!m_queue->model().isConverting(), patience);
+        QVERIFY(m_queue->awaitEnd());
         QVERIFY(m_queue->tools().runs(u"ffmpeg"_s).isEmpty());
     }
 
@@ -237,7 +237,7 @@ private Q_SLOTS:
         const std::weak_ptr<ConverterViewModel> controller = m_queue->model().shared_from_this();
         m_queue->takeModel();
         QVERIFY(!controller.expired());
-        m_queue->release();
+        m_queue->tools().release();
         QTRY_VERIFY_WITH_TIMEOUT(controller.expired(), patience);
         QCOMPARE(m_queue->tools().runs(u"ffmpeg"_s).size(), 1);
     }
@@ -246,17 +246,17 @@ private:
     // Starts a batch and waits until the first conversion does `beginning` and holds.
     void startWith(const QStringList &names, const Script &beginning = {})
     {
-        m_queue->setConversions(m_queue->untilReleased(beginning));
+        m_queue->setConversions(m_queue->tools().untilReleased(beginning));
         m_queue->add(names);
         m_queue->model().start();
-        QTRY_VERIFY_WITH_TIMEOUT(m_queue->isToolWaiting(), patience);
+        QVERIFY(m_queue->tools().awaitWaiting());
         QCOMPARE(m_queue->state(0), converting);
     }
 
     void finish()
     {
-        m_queue->release();
-        QTRY_VERIFY_WITH_TIMEOUT(!m_queue->model().isConverting(), patience);
+        m_queue->tools().release();
+        QVERIFY(m_queue->awaitEnd());
     }
 
     std::unique_ptr<Queue> m_queue;

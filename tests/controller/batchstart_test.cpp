@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
-#include "support/patience.h"
 #include "support/queue.h"
 #include "support/testclass.h"
 
@@ -42,7 +41,7 @@ private Q_SLOTS:
         Queue queue;
         queue.setConversions(Script());
         queue.add({u"1.mkv"_s});
-        QVERIFY(runBatch(queue.model()));
+        QVERIFY(queue.runBatch());
         QVERIFY(!queue.model().alertMessage());
         queue.model().start();
         QVERIFY(queue.model().alertMessage() == nothingToConvert);
@@ -89,7 +88,7 @@ private Q_SLOTS:
         queue.setConversions(Script());
         queue.model().start();
         queue.add({u"1.mkv"_s});
-        QVERIFY(runBatch(queue.model()));
+        QVERIFY(queue.runBatch());
         QVERIFY(queue.model().alertMessage() == nothingToConvert);
     }
 
@@ -101,7 +100,7 @@ private Q_SLOTS:
         const QSignalSpy changes(&queue.model(), &ConverterViewModel::isConvertingChanged);
         queue.model().start();
         queue.model().start();
-        QTRY_VERIFY_WITH_TIMEOUT(!queue.model().isConverting(), patience);
+        QVERIFY(queue.awaitEnd());
         queue.model().clearCompleted();
         QCOMPARE(changes.size(), 2);
         QCOMPARE(queue.tools().runs(u"ffmpeg"_s).size(), 1);
@@ -111,14 +110,14 @@ private Q_SLOTS:
     void aStartDuringARunSaysNothingEvenWithoutAFolder()
     {
         Queue queue;
-        queue.setConversions(queue.untilReleased(Script()));
+        queue.setConversions(queue.tools().untilReleased());
         queue.add({u"1.mkv"_s});
         queue.model().start();
         queue.choose(std::nullopt);
         queue.model().start();
         QVERIFY(!queue.model().alertMessage());
-        queue.release();
-        QTRY_VERIFY_WITH_TIMEOUT(!queue.model().isConverting(), patience);
+        queue.tools().release();
+        QVERIFY(queue.awaitEnd());
     }
 };
 

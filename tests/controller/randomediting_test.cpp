@@ -4,20 +4,25 @@
 #include "support/leftovers.h"
 #include "support/patience.h"
 #include "support/queue.h"
-#include "support/referencequeue.h"
 #include "support/testclass.h"
 
 #include <QAbstractItemModelTester>
 #include <QDeadlineTimer>
+#include <QDir>
 #include <QFile>
+#include <QSet>
 #include <QTest>
 
+#include <algorithm>
 #include <csignal>
+#include <optional>
 #include <random>
 
 using namespace quorvale;
 using namespace quorvale::test;
 using namespace Qt::StringLiterals;
+
+using enum JobState::Case;
 
 // Random sequences of what a user may do, before, during and after batches, applied to the queue
 // and to a plain model of it: both have to agree after every step. The seed is printed; with the
@@ -45,6 +50,196 @@ bool becomesTrue(const Condition &condition)
     }
     return true;
 }
+
+// How one conversion goes.
+struct ConversionPlan
+{
+    enum class AtInterrupt { dies, ignoresIt, fails, succeeds };
+    enum class AtEnd { succeeds, fails, crashes };
+
+    double progress = 0.0; // the fraction that it reports before it waits for its end
+    AtInterrupt atInterrupt = AtInterrupt::dies;
+    AtEnd atEnd = AtEnd::succeeds;
+};
+
+// The queue and its batch as they are meant to be, as plainly as can be: the other side of the
+// comparison. A conversion stands still until it is told to end.
+class ReferenceQueue
+{
+public:
+    struct Job
+    {
+        QString source; // a path
+        QUuid id;       // as the real queue has chosen it
+        double progress = 0.0;
+        JobState state = JobState::waiting();
+    };
+
+    QList<Job> jobs;
+    std::optional<QString> alertMessage;
+    QList<ConversionPlan> plans; // of the conversions, in turn
+    qsizetype conversions = 0;   // that have been started so far
+    bool isConverting = false;
+
+    // Names are compared character by character here, so they have to be of lower-case letters.
+    void add(const QStringList &paths)
+    {
+        QSet<QString> queued;
+        for (const Job &job : std::as_const(jobs)) {
+            if (!job.state.is(completed))
+                queued << QDir::cleanPath(job.source);
+        }
+        QList<Job> fresh;
+        for (const QString &path : paths) {
+            if (path.endsWith(u".mkv"_s) && !queued.contains(QDir::cleanPath(path)))
+                fresh << Job{path, {}};
+        }
+        std::ranges::stable_sort(
+            fresh, {}, [](const Job &job) { return job.source.mid(job.source.lastIndexOf(u'/')); });
+        jobs += fresh;
+    }
+
+    void remove(const QUuid &id)
+    {
+        jobs.removeIf([&](const Job &job) { return job.id == id; });
+    }
+
+    void requeue(const QUuid &id)
+    {
+        if (Job *job = find(id)) {
+            job->state = JobState::waiting();
+            job->progress = 0.0;
+        }
+    }
+
+    void move(const QUuid &id, qsizetype offset)
+    {
+        const Job *job = find(id);
+        if (isConverting || !job)
+            return;
+        const qsizetype from = job - jobs.constData();
+        jobs.move(from, std::clamp<qsizetype>(from + offset, 0, jobs.size() - 1));
+    }
+
+    void move(const QList<int> &rows, qsizetype destination)
+    {
+        if (isConverting)
+            return;
+        QList<Job> before;
+        QList<Job> moved;
+        QList<Job> behind;
+        for (qsizetype row = 0; row < jobs.size(); ++row)
+            (rows.contains(row) ? moved : row < destination ? before : behind) << jobs[row];
+        jobs = before + moved + behind;
+    }
+
+    void clearCompleted()
+    {
+        jobs.removeIf([](const Job &job) { return job.state.is(completed); });
+    }
+
+    void start()
+    {
+        if (isConverting)
+            return;
+        m_ids.clear();
+        for (const Job &job : std::as_const(jobs)) {
+            if (!job.state.is(completed))
+                m_ids << job.id;
+        }
+        if (m_ids.isEmpty()) {
+            alertMessage = u"Add or re-queue at least one video first."_s;
+            return;
+        }
+        isConverting = true;
+        m_isCancelled = false;
+        convertNext();
+    }
+
+    void cancel()
+    {
+        if (!isConverting)
+            return;
+        m_isCancelled = true;
+        switch (plans[conversions - 1].atInterrupt) {
+        case ConversionPlan::AtInterrupt::dies:
+            return finish(JobState::cancelled());
+        case ConversionPlan::AtInterrupt::ignoresIt:
+            return;
+        case ConversionPlan::AtInterrupt::fails:
+            return finish(JobState::failed(u"FFmpeg could not convert this file."_s));
+        case ConversionPlan::AtInterrupt::succeeds:
+            return finish(JobState::completed());
+        }
+    }
+
+    // Lets the conversion that runs come to its end.
+    void endConversion()
+    {
+        switch (plans[conversions - 1].atEnd) {
+        case ConversionPlan::AtEnd::succeeds:
+            return finish(JobState::completed());
+        case ConversionPlan::AtEnd::fails:
+            return finish(JobState::failed(u"no"_s));
+        case ConversionPlan::AtEnd::crashes:
+            return finish(JobState::cancelled());
+        }
+    }
+
+    // The job that is being converted, if it is still in the list.
+    const Job *convertingJob() { return find(m_convertingId); }
+
+    qsizetype completedCount() const
+    {
+        return std::ranges::count_if(jobs, [](const Job &job) { return job.state.is(completed); });
+    }
+
+    double overallProgress() const
+    {
+        double sum = 0.0;
+        for (const Job &job : jobs)
+            sum += job.state.is(completed) ? 1.0 : job.progress;
+        return jobs.isEmpty() ? 0.0 : sum / static_cast<double>(jobs.size());
+    }
+
+private:
+    Job *find(const QUuid &id)
+    {
+        const auto job = std::ranges::find(jobs, id, &Job::id);
+        return job == jobs.end() ? nullptr : &*job;
+    }
+
+    void finish(const JobState &state)
+    {
+        if (Job *job = find(m_convertingId)) {
+            job->state = state;
+            if (state.is(completed))
+                job->progress = 1.0;
+        }
+        m_convertingId = {};
+        if (state.is(cancelled))
+            m_isCancelled = true;
+        convertNext();
+    }
+
+    void convertNext()
+    {
+        while (!m_isCancelled && !m_ids.isEmpty()) {
+            const QUuid id = m_ids.takeFirst();
+            if (Job *job = find(id)) {
+                m_convertingId = id;
+                job->state = JobState::converting();
+                job->progress = plans[conversions++].progress;
+                return;
+            }
+        }
+        isConverting = false;
+    }
+
+    bool m_isCancelled = false;
+    QList<QUuid> m_ids; // that the batch has yet to convert
+    QUuid m_convertingId;
+};
 
 // The queue and its model, stepping together.
 class Pair
@@ -116,7 +311,7 @@ public:
     QString end()
     {
         QString difference;
-        while (difference.isEmpty() && m_reference.isConverting()) {
+        while (difference.isEmpty() && m_reference.isConverting) {
             endConversion();
             difference = settled();
         }
@@ -124,7 +319,7 @@ public:
     }
 
     QString log() const { return m_log.join(u", "_s); }
-    qsizetype conversions() const { return m_reference.conversions(); }
+    qsizetype conversions() const { return m_reference.conversions; }
 
 private:
     ConversionPlan randomPlan()
@@ -149,7 +344,7 @@ private:
     // Writes the scripts of as many conversions as the batch can have.
     void prepareConversions()
     {
-        const qsizetype last = m_reference.conversions() + m_reference.jobs.size();
+        const qsizetype last = m_reference.conversions + m_reference.jobs.size();
         for (; m_prepared < last; ++m_prepared) {
             const ConversionPlan &plan = m_reference.plans[m_prepared];
             const qsizetype number = m_prepared + 1;
@@ -172,12 +367,10 @@ private:
 
     void endConversion()
     {
-        if (!m_reference.isConverting())
+        if (!m_reference.isConverting)
             return;
         m_log << u"end"_s;
-        QFile file(mark(u"released"_s, m_reference.conversions()));
-        if (!file.open(QIODevice::WriteOnly))
-            qFatal("Cannot release the stand-in tool");
+        write(mark(u"released"_s, m_reference.conversions), {});
         m_reference.endConversion();
     }
 
@@ -225,20 +418,20 @@ private:
     QString settled()
     {
         const bool isSettled = becomesTrue([this] {
-            if (!m_reference.isConverting())
+            if (!m_reference.isConverting)
                 return !m_queue.model().isConverting();
             const ReferenceQueue::Job *job = m_reference.convertingJob();
-            return QFile::exists(mark(u"running"_s, m_reference.conversions()))
+            return QFile::exists(mark(u"running"_s, m_reference.conversions))
                    && (!job || isAsFarAs(*job));
         });
         if (isSettled)
             return difference();
-        const qsizetype number = m_reference.conversions();
+        const qsizetype number = m_reference.conversions;
         const auto running = [](bool isRunning) {
             return isRunning ? u"running"_s : u"ended"_s;
         };
         return u"the batch is %1 instead of %2 at conversion %3, whose tool %4, planned as %5,"_s
-            .arg(running(m_queue.model().isConverting()), running(m_reference.isConverting()))
+            .arg(running(m_queue.model().isConverting()), running(m_reference.isConverting))
             .arg(number)
             .arg(QFile::exists(mark(u"running"_s, number)) ? u"has begun"_s : u"has not begun"_s)
             .arg(number > 0 ? static_cast<int>(m_reference.plans[number - 1].atInterrupt) : -1);
@@ -265,7 +458,7 @@ private:
             if (job.progress != expected.progress)
                 return u"job %1 has another progress"_s.arg(row);
         }
-        if (model.isConverting() != m_reference.isConverting())
+        if (model.isConverting() != m_reference.isConverting)
             return u"the batch"_s;
         if (model.completedCount() != m_reference.completedCount())
             return u"the number of completed jobs"_s;
@@ -305,7 +498,7 @@ private Q_SLOTS:
         Queue queue;
         queue.setConversions(Script());
         queue.add({u"a.mkv"_s});
-        QVERIFY(runBatch(queue.model()));
+        QVERIFY(queue.runBatch());
     }
 
     void withoutBatches() { tryOut(3000, 25, false); }

@@ -4,9 +4,9 @@
 #include "controller/converterviewmodel.h"
 #include "controller/shownjob.h"
 #include "support/clips.h"
-#include "support/conversionbench.h"
 #include "support/patience.h"
 #include "support/permissions.h"
+#include "support/queue.h"
 #include "support/testclass.h"
 #include "support/toolrun.h"
 
@@ -46,73 +46,70 @@ private Q_SLOTS:
     void aCancelledConversion()
     {
         QFETCH(const OutputCodec, codec);
-        ConversionBench bench;
-        ConverterViewModel &controller = bench.controller();
+        Queue queue(Tools::machine);
+        ConverterViewModel &controller = queue.model();
         controller.setSettings({.codec = codec, .useHardware = false});
-        QVERIFY(bench.drop(m_longClip, 1));
+        QVERIFY(queue.drop(m_longClip, 1));
         controller.start();
         QTRY_VERIFY_WITH_TIMEOUT(controller.jobs().first().progress > 0, patience);
         controller.cancel();
-        QVERIFY(bench.awaitEnd());
-        QCOMPARE(reason(bench), u"Exiting normally, received signal 2."_s);
+        QVERIFY(queue.awaitEnd());
+        QCOMPARE(reason(queue), u"Exiting normally, received signal 2."_s);
     }
 
     void aFolderThatMayNotBeWritten()
     {
-        ConversionBench bench;
-        QVERIFY(bench.drop(m_clip, 1));
-        const QString folder = bench.outputs().path();
+        Queue queue(Tools::machine);
+        QVERIFY(queue.drop(m_clip, 1));
+        const QString folder = queue.outputs().path();
         QVERIFY(QFile::setPermissions(folder, QFile::ReadOwner | QFile::ExeOwner));
-        const bool hasRun = bench.runBatch();
+        const bool hasRun = queue.runBatch();
         QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         QVERIFY(hasRun);
-        const QString first = firstLine(bench);
+        const QString first = firstLine(queue);
         QVERIFY2(first.endsWith(folder + u"/h264_converted.mp4: Permission denied"_s),
                  qPrintable(first));
     }
 
     void audioThatTheContainerDoesNotTake()
     {
-        ConversionBench bench;
-        bench.controller().setSettings(
+        Queue queue(Tools::machine);
+        queue.model().setSettings(
             {.codec = OutputCodec::proRes422, .audio = AudioMode::copy, .useHardware = false});
-        QVERIFY(bench.drop(m_opusClip, 1));
-        QVERIFY(bench.runBatch());
-        const QString first = firstLine(bench);
+        QVERIFY(queue.drop(m_opusClip, 1));
+        QVERIFY(queue.runBatch());
+        const QString first = firstLine(queue);
         QVERIFY2(first.endsWith(u"opus only supported in MP4."_s), qPrintable(first));
     }
 
     void aSourceThatIsNoVideo()
     {
-        ConversionBench bench;
-        QVERIFY(bench.drop(m_text, 1));
-        QVERIFY(bench.runBatch());
-        const QString first = firstLine(bench);
+        Queue queue(Tools::machine);
+        QVERIFY(queue.drop(m_text, 1));
+        QVERIFY(queue.runBatch());
+        const QString first = firstLine(queue);
         QVERIFY2(first.endsWith(u"moov atom not found"_s), qPrintable(first));
     }
 
     void aSourceThatHasGone()
     {
-        ConversionBench bench;
-        const QString path = bench.sources().filePath(u"gone.mp4"_s);
+        Queue queue(Tools::machine);
+        const QString path = queue.sources().filePath(u"gone.mp4"_s);
         QVERIFY(QFile::copy(m_clip, path));
-        QVERIFY(bench.drop(path, 1));
+        QVERIFY(queue.drop(path, 1));
         QVERIFY(QFile::remove(path));
-        QVERIFY(bench.runBatch());
-        const QString first = firstLine(bench);
+        QVERIFY(queue.runBatch());
+        const QString first = firstLine(queue);
         QVERIFY2(first.endsWith(u"No such file or directory"_s), qPrintable(first));
     }
 
 private:
-    static QString reason(const ConversionBench &bench)
+    static QString reason(const Queue &queue)
     {
-        return ShownJob(bench.controller().jobs().first()).failureReason();
+        return ShownJob(queue.model().jobs().first()).failureReason();
     }
 
-    static QString firstLine(const ConversionBench &bench)
-    {
-        return reason(bench).section(u'\n', 0, 0);
-    }
+    static QString firstLine(const Queue &queue) { return reason(queue).section(u'\n', 0, 0); }
 
     QTemporaryDir m_folder;
     QString m_clip;

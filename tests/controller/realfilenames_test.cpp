@@ -5,8 +5,8 @@
 #include "controller/shownjob.h"
 #include "model/filepath.h"
 #include "support/clips.h"
-#include "support/conversionbench.h"
 #include "support/patience.h"
+#include "support/queue.h"
 #include "support/testclass.h"
 #include "support/toolrun.h"
 
@@ -115,91 +115,91 @@ private Q_SLOTS:
 
     void everyNameReachesTheOutputByteForByte()
     {
-        ConversionBench bench;
+        Queue queue(Tools::machine);
         Names expected;
         for (const std::string &baseName : baseNames()) {
-            takeSource(bench, baseName + ".mp4");
+            takeSource(queue, baseName + ".mp4");
             expected.push_back(baseName + outputEnding);
         }
-        const Names sources = namesIn(bench.sources());
+        const Names sources = namesIn(queue.sources());
         const auto count = static_cast<qsizetype>(sources.size());
-        QVERIFY(bench.drop(bench.sources().path(), count));
+        QVERIFY(queue.drop(queue.sources().path(), count));
 
-        QVERIFY(bench.runBatch());
+        QVERIFY(queue.runBatch());
 
-        for (const ConversionJob &job : bench.controller().jobs())
-            QVERIFY2(isCompleted(job.state), qPrintable(job.source().toString()));
-        QCOMPARE(bench.controller().completedCount(), count);
-        QCOMPARE(shown(namesIn(bench.outputs())), shown(sorted(expected)));
-        QCOMPARE(shown(namesIn(bench.sources())), shown(sources));
+        for (const ConversionJob &job : queue.model().jobs())
+            QVERIFY(isConverted(job));
+        QCOMPARE(queue.model().completedCount(), count);
+        QCOMPARE(shown(namesIn(queue.outputs())), shown(sorted(expected)));
+        QCOMPARE(shown(namesIn(queue.sources())), shown(sources));
     }
 
     void aDroppedFileKeepsItsName()
     {
-        ConversionBench bench;
+        Queue queue(Tools::machine);
         const std::string baseName = "100%25 #1? " + decomposedAccent + " \xE9";
-        takeSource(bench, baseName + ".mp4");
-        const std::string path = fsPath(bench.sources()) / (baseName + ".mp4");
+        takeSource(queue, baseName + ".mp4");
+        const std::string path = fsPath(queue.sources()) / (baseName + ".mp4");
         // As a file manager writes it.
         const QUrl url =
             QUrl::fromEncoded("file://" + QByteArray::fromStdString(path).toPercentEncoding("/"));
-        ConverterViewModel &controller = bench.controller();
+        ConverterViewModel &controller = queue.model();
         controller.handleDrop({url, url});
         QTRY_COMPARE_WITH_TIMEOUT(controller.jobCount(), 1, patience);
         QCOMPARE(ShownJob(controller.jobs().first()).fileName(),
                  QString::fromStdString("100%25 #1? " + decomposedAccent + " \uFFFD.mp4"));
 
-        QVERIFY(bench.runBatch());
+        QVERIFY(queue.runBatch());
 
-        QVERIFY(isCompleted(controller.jobs().first().state));
-        QCOMPARE(shown(namesIn(bench.outputs())), shown({baseName + outputEnding}));
+        QVERIFY(isConverted(queue.job(0)));
+        QCOMPARE(shown(namesIn(queue.outputs())), shown({baseName + outputEnding}));
     }
 
     void anOutputFolderKeepsItsName()
     {
-        ConversionBench bench;
-        const fs::path folder = fsPath(bench.outputs()) / "caf\xE9";
+        Queue queue(Tools::machine);
+        const fs::path folder = fsPath(queue.outputs()) / "caf\xE9";
         fs::create_directory(folder);
-        takeSource(bench, "a.mp4");
-        QVERIFY(bench.drop(bench.sources().path(), 1));
-        bench.choose(fileUrl(QByteArray::fromStdString(folder)));
+        takeSource(queue, "a.mp4");
+        QVERIFY(queue.drop(queue.sources().path(), 1));
+        queue.choose(fileUrl(QByteArray::fromStdString(folder)));
 
-        QVERIFY(bench.runBatch());
-        bench.controller().requeue(bench.controller().jobs().first().id());
-        QVERIFY(bench.runBatch());
+        QVERIFY(queue.runBatch());
+        queue.model().requeue(queue.model().jobs().first().id());
+        QVERIFY(queue.runBatch());
 
-        QVERIFY(isCompleted(bench.controller().jobs().first().state));
+        QVERIFY(isConverted(queue.job(0)));
         Names outputs;
         for (const fs::directory_entry &entry : fs::directory_iterator(folder))
             outputs.push_back(entry.path().filename());
         QCOMPARE(shown(sorted(outputs)), shown({"a_converted.mp4", "a_converted_2.mp4"}));
-        QCOMPARE(shown(namesIn(bench.outputs())), shown({"caf\xE9"}));
+        QCOMPARE(shown(namesIn(queue.outputs())), shown({"caf\xE9"}));
     }
 
     void aNameThatGrowsTooLongFailsAndTheNextJobCompletes()
     {
-        ConversionBench bench;
+        Queue queue(Tools::machine);
         const std::string tooLong(longestName - outputEnding.size() + 1, 'a');
         const std::string longest(longestName - std::string(".mp4").size(), 'b');
         for (const std::string &baseName : {tooLong, longest, std::string("c")})
-            takeSource(bench, baseName + ".mp4");
-        QVERIFY(bench.drop(bench.sources().path(), 3));
+            takeSource(queue, baseName + ".mp4");
+        QVERIFY(queue.drop(queue.sources().path(), 3));
 
-        QVERIFY(bench.runBatch());
+        QVERIFY(queue.runBatch());
 
-        for (const std::string &baseName : {tooLong, longest}) {
-            const JobState state = bench.stateOf(QString::fromStdString(baseName + ".mp4"));
+        for (const qsizetype row : {0, 1}) {
+            const JobState state = queue.job(row).state;
             QVERIFY(state.is(JobState::Case::failed));
             QVERIFY2(state.message().contains(u"too long"_s), qPrintable(state.message()));
         }
-        QVERIFY(isCompleted(bench.stateOf(u"c.mp4"_s)));
-        QCOMPARE(shown(namesIn(bench.outputs())), shown({"c" + outputEnding}));
+        QVERIFY(isConverted(queue.job(2)));
+        QCOMPARE(shown(namesIn(queue.outputs())), shown({"c" + outputEnding}));
     }
 
 private:
-    void takeSource(const ConversionBench &bench, const std::string &name) const
+    void takeSource(const Queue &queue, const std::string &name) const
     {
-        fs::copy_file(m_clip.toStdString(), fsPath(bench.sources()) / name);
+        fs::copy_file(m_clip.toStdString(), fsPath(queue.sources()) / name);
     }
 
     QTemporaryDir m_folder;

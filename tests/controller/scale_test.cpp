@@ -92,10 +92,11 @@ private Q_SLOTS:
         const FileTree tree;
         makeFiles(tree, 100, files / 100);
         ConverterViewModel &model = m_queue->model();
-        m_queue->setConversions(m_queue->untilReleased(Script().out("out_time_ms=5000000\n")));
+        m_queue->setConversions(
+            m_queue->tools().untilReleased(Script().out("out_time_ms=5000000\n")));
         m_queue->add({u"1.mkv"_s});
         model.start();
-        QTRY_VERIFY_WITH_TIMEOUT(m_queue->isToolWaiting(), patience);
+        QVERIFY(m_queue->tools().awaitWaiting());
         QTRY_COMPARE_WITH_TIMEOUT(m_queue->job(0).progress, 0.5, patience);
 
         const QSignalSpy changes(&model, &ConverterViewModel::jobsChanged);
@@ -135,8 +136,8 @@ private Q_SLOTS:
         QCOMPARE(model.jobCount(), 1);
         QCOMPARE(changes.size() - before, 1);
 
-        m_queue->release();
-        QTRY_VERIFY_WITH_TIMEOUT(!model.isConverting(), patience);
+        m_queue->tools().release();
+        QVERIFY(m_queue->awaitEnd());
         QCOMPARE(m_queue->state(0), completed);
         QCOMPARE(m_queue->tools().runs(u"ffmpeg"_s).size(), 1);
     }
@@ -243,7 +244,7 @@ private Q_SLOTS:
                 m_queue->tools().forgetRuns();
         });
         const QSignalSpy changes(&model, &ConverterViewModel::jobsChanged);
-        QVERIFY(runBatch(model, 240'000));
+        QVERIFY(m_queue->runBatch());
         const Holdings holdings = Holdings::now();
         const qint64 grown = residentMemory() - memoryEarly;
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 
 #include "controller/converterviewmodel.h"
-#include "support/conversionbench.h"
 #include "support/leftovers.h"
+#include "support/queue.h"
 #include "support/testclass.h"
 #include "support/toolrun.h"
 
@@ -24,15 +24,15 @@ private Q_SLOTS:
     {
         constexpr int count = 1000;
         constexpr int early = 100;
-        ConversionBench bench;
-        ConverterViewModel &model = bench.controller();
-        const QString clip = bench.sources().filePath(u"0.mp4"_s);
+        Queue queue(Tools::machine);
+        ConverterViewModel &model = queue.model();
+        const QString clip = queue.sources().filePath(u"0.mp4"_s);
         QVERIFY(runFFmpeg({u"-f"_s, u"lavfi"_s, u"-i"_s, u"testsrc=duration=0.1:size=32x32"_s,
                            u"-c:v"_s, u"mpeg4"_s, clip})
                     .succeeded);
         for (int i = 1; i < count; ++i)
-            QVERIFY(QFile::copy(clip, bench.sources().filePath(u"%1.mp4"_s.arg(i))));
-        QVERIFY(bench.drop(bench.sources().path(), count));
+            QVERIFY(QFile::copy(clip, queue.sources().filePath(u"%1.mp4"_s.arg(i))));
+        QVERIFY(queue.drop(queue.sources().path(), count));
         // Each clip is encoded once, not once more without the media engine.
         QVERIFY(model.setProperty("useHardware", false));
 
@@ -44,13 +44,12 @@ private Q_SLOTS:
                 memoryEarly = residentMemory();
             }
         });
-        model.start();
-        QVERIFY(QTest::qWaitFor([&] { return !model.isConverting(); }, 840'000));
+        QVERIFY(queue.runBatch());
         const Holdings holdings = Holdings::now();
         const qint64 grown = residentMemory() - memoryEarly;
 
         QCOMPARE(model.completedCount(), count);
-        QCOMPARE(bench.outputs().entryList(QDir::Files).size(), count);
+        QCOMPARE(queue.outputs().entryList(QDir::Files).size(), count);
         QCOMPARE(holdings.children, 0);
         QVERIFY(holdingsEarly.threads > 0);
         // The pool has a thread more when a job comes before its predecessor's is free, and such a

@@ -93,7 +93,7 @@ private Q_SLOTS:
     {
         // What Qt makes once and keeps is there from now on.
         makeQueue();
-        QVERIFY(runBatch(m_queue->model()));
+        QVERIFY(m_queue->runBatch());
         m_queue.reset();
     }
 
@@ -115,7 +115,7 @@ private Q_SLOTS:
         QFETCH(const Damage, kind);
         QFETCH(const QString, reason);
         spoilForSecondJob(u"ffmpeg"_s, kind);
-        QVERIFY(runBatch(m_queue->model()));
+        QVERIFY(m_queue->runBatch());
         QCOMPARE(m_queue->state(0), completed);
         QCOMPARE(m_queue->state(1), failed);
         QCOMPARE(m_queue->state(2), completed);
@@ -136,7 +136,7 @@ private Q_SLOTS:
     {
         QFETCH(const Damage, kind);
         spoilForSecondJob(u"ffprobe"_s, kind);
-        QVERIFY(runBatch(m_queue->model()));
+        QVERIFY(m_queue->runBatch());
         verifyAllCompleted();
         // The second job's source was described by ffmpeg.
         QCOMPARE(m_queue->tools().runs(u"ffmpeg"_s).size(), 4);
@@ -148,7 +148,7 @@ private Q_SLOTS:
             if (m_queue->state(1) == converting)
                 m_queue->tools().replaceTool(u"ffmpeg"_s, "#!/bin/sh\necho another >&2; exit 7\n");
         });
-        QVERIFY(runBatch(m_queue->model()));
+        QVERIFY(m_queue->runBatch());
         QCOMPARE(m_queue->state(0), completed);
         QVERIFY(m_queue->job(1).state == JobState::failed(u"another"_s));
         QVERIFY(m_queue->job(2).state == JobState::failed(u"another"_s));
@@ -202,7 +202,7 @@ private Q_SLOTS:
         const qint64 before = residentMemory();
         QElapsedTimer timer;
         timer.start();
-        QVERIFY(runBatch(m_queue->model()));
+        QVERIFY(m_queue->runBatch());
         QVERIFY2(timer.elapsed() < patience / 2, "the batch has waited for it");
         QVERIFY2(residentMemory() - before < 32 * mebibyte, "what it printed was kept");
         QVERIFY(isSound);
@@ -229,7 +229,7 @@ private Q_SLOTS:
                 grown = residentMemory() - before;
             }
         });
-        QVERIFY(runBatch(m_queue->model()));
+        QVERIFY(m_queue->runBatch());
         QVERIFY(grown != 0);
         QVERIFY2(!memoryTells || grown < 100 * mebibyte,
                  qPrintable(QString::number(grown / mebibyte)));
@@ -241,7 +241,7 @@ private Q_SLOTS:
         m_queue->setConversion(2, Script().leaveFloodingGrandchild(patience).exit(0));
         QElapsedTimer timer;
         timer.start();
-        QVERIFY(runBatch(m_queue->model()));
+        QVERIFY(m_queue->runBatch());
         QVERIFY2(timer.elapsed() < patience / 2, "the batch has waited for it");
         verifyAllCompleted();
     }
@@ -258,11 +258,11 @@ private Q_SLOTS:
         // Whom a signal has ended cannot be told, so it counts as the user's own.
         QFETCH(const int, signal);
         m_queue->setConversion(2, Script().out("out_time_ms=5000000\n").die(signal));
-        QVERIFY(runBatch(m_queue->model()));
+        QVERIFY(m_queue->runBatch());
         QCOMPARE(m_queue->state(0), completed);
         QCOMPARE(m_queue->state(1), cancelled);
         QCOMPARE(m_queue->state(2), waiting);
-        QVERIFY(runBatch(m_queue->model()));
+        QVERIFY(m_queue->runBatch());
         verifyAllCompleted();
     }
 
@@ -290,7 +290,7 @@ private Q_SLOTS:
         const qint64 before = residentMemory();
         QElapsedTimer timer;
         timer.start();
-        QVERIFY(runBatch(m_queue->model()));
+        QVERIFY(m_queue->runBatch());
         QVERIFY2(timer.elapsed() < patience / 2, "the batch has waited for it");
         // What it says is looked at as a whole, up to a limit, in some forms at a time.
         QVERIFY2(residentMemory() - before < 160 * mebibyte, "what it printed was kept");

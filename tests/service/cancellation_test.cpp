@@ -46,9 +46,9 @@ private Q_SLOTS:
 
     void interruptsTheRunningTool()
     {
-        m_tools->setScript(u"ffmpeg"_s, untilReleased(Script()));
+        m_tools->setScript(u"ffmpeg"_s, m_tools->untilReleased());
         const auto conversion = convert();
-        awaitRunning();
+        QVERIFY(m_tools->awaitWaiting());
         m_service.cancel();
         const ConversionEnd end = endOf(conversion);
         QVERIFY(end.ffmpegError == FFmpegError::Case::cancelled);
@@ -57,9 +57,9 @@ private Q_SLOTS:
 
     void sendsExactlyOneInterruptPerCall()
     {
-        m_tools->setScript(u"ffmpeg"_s, untilReleased(Script().countInterrupts()).exit(0));
+        m_tools->setScript(u"ffmpeg"_s, m_tools->untilReleased(Script().countInterrupts()).exit(0));
         const auto conversion = convert();
-        awaitRunning();
+        QVERIFY(m_tools->awaitWaiting());
         // Often, because two signals that came at once could be taken for one.
         constexpr int calls = 100;
         for (int i = 0; i < calls; ++i) {
@@ -67,7 +67,7 @@ private Q_SLOTS:
             QVERIFY(QTest::qWaitFor([&] { return m_tools->countedInterrupts(u"ffmpeg"_s) > i; },
                                     patience));
         }
-        release();
+        m_tools->release();
         QVERIFY(endOf(conversion).isSuccess());
         QCOMPARE(m_tools->countedInterrupts(u"ffmpeg"_s), calls);
     }
@@ -76,10 +76,10 @@ private Q_SLOTS:
     {
         m_tools->setScript(
             u"ffmpeg"_s,
-            untilReleased(
+            m_tools->untilReleased(
                 Script().err("Exiting normally, received signal 2.\n").catchInterrupt(255)));
         const auto conversion = convert();
-        awaitRunning();
+        QVERIFY(m_tools->awaitWaiting());
         m_service.cancel();
         const ConversionEnd end = endOf(conversion);
         QVERIFY(end.ffmpegError == FFmpegError::Case::processFailed);
@@ -88,33 +88,33 @@ private Q_SLOTS:
 
     void aToolThatCatchesTheInterruptAndSucceedsHasSucceeded()
     {
-        m_tools->setScript(u"ffmpeg"_s, untilReleased(Script().catchInterrupt(0)));
+        m_tools->setScript(u"ffmpeg"_s, m_tools->untilReleased(Script().catchInterrupt(0)));
         const auto conversion = convert();
-        awaitRunning();
+        QVERIFY(m_tools->awaitWaiting());
         m_service.cancel();
         QVERIFY(endOf(conversion).isSuccess());
     }
 
     void aToolThatIgnoresTheInterruptRunsToItsEnd()
     {
-        m_tools->setScript(u"ffmpeg"_s,
-                           untilReleased(Script().ignoreInterrupt()).out("progress=end\n"));
+        m_tools->setScript(
+            u"ffmpeg"_s, m_tools->untilReleased(Script().ignoreInterrupt()).out("progress=end\n"));
         const auto conversion = convert();
-        awaitRunning();
+        QVERIFY(m_tools->awaitWaiting());
         m_service.cancel();
-        release();
+        m_tools->release();
         QVERIFY(endOf(conversion).isSuccess());
     }
 
     void doesNotReachTheProbe()
     {
         m_tools->setScript(u"ffprobe"_s,
-                           untilReleased(Script()).out(R"({"format": {"duration": "10"}})"));
+                           m_tools->untilReleased().out(R"({"format": {"duration": "10"}})"));
         m_tools->setScript(u"ffmpeg"_s, Script().out("progress=end\n"));
         const auto conversion = convert();
-        awaitRunning();
+        QVERIFY(m_tools->awaitWaiting());
         m_service.cancel();
-        release();
+        m_tools->release();
         QVERIFY(endOf(conversion).isSuccess());
         // Without an answer from ffprobe, ffmpeg would have been asked as well.
         QCOMPARE(m_tools->runs(u"ffmpeg"_s).size(), 1);
@@ -123,13 +123,13 @@ private Q_SLOTS:
     void aCancelDuringTheProbeIsRememberedBeforeTheSoftwareEncoder()
     {
         m_tools->setScript(u"ffprobe"_s,
-                           untilReleased(Script()).out(R"({"format": {"duration": "10"}})"));
+                           m_tools->untilReleased().out(R"({"format": {"duration": "10"}})"));
         m_tools->setScript(u"ffmpeg"_s, 1, Script().err(missingEncoder).exit(1));
         m_tools->setScript(u"ffmpeg"_s, 2, Script().exit(0));
         const auto conversion = convert();
-        awaitRunning();
+        QVERIFY(m_tools->awaitWaiting());
         m_service.cancel();
-        release();
+        m_tools->release();
         QVERIFY(endOf(conversion).ffmpegError == FFmpegError::Case::cancelled);
         const QList<QList<QByteArray>> runs = m_tools->runs(u"ffmpeg"_s);
         QCOMPARE(runs.size(), 1);
@@ -150,13 +150,14 @@ private Q_SLOTS:
     {
         // The first run survives the interrupt and then turns out to lack the encoder, so the
         // cancel lies between the two runs whenever it came.
-        m_tools->setScript(u"ffmpeg"_s, 1,
-                           untilReleased(Script().ignoreInterrupt()).err(missingEncoder).exit(1));
+        m_tools->setScript(
+            u"ffmpeg"_s, 1,
+            m_tools->untilReleased(Script().ignoreInterrupt()).err(missingEncoder).exit(1));
         m_tools->setScript(u"ffmpeg"_s, 2, Script().exit(0));
         const auto conversion = convert();
-        awaitRunning();
+        QVERIFY(m_tools->awaitWaiting());
         m_service.cancel();
-        release();
+        m_tools->release();
         QVERIFY(endOf(conversion).ffmpegError == FFmpegError::Case::cancelled);
         QCOMPARE(m_tools->runs(u"ffmpeg"_s).size(), 1);
     }
@@ -164,20 +165,20 @@ private Q_SLOTS:
     void reachesTheSoftwareEncoderToo()
     {
         m_tools->setScript(u"ffmpeg"_s, 1, Script().err(missingEncoder).exit(1));
-        m_tools->setScript(u"ffmpeg"_s, 2, untilReleased(Script()));
+        m_tools->setScript(u"ffmpeg"_s, 2, m_tools->untilReleased());
         const auto conversion = convert();
-        awaitRunning();
+        QVERIFY(m_tools->awaitWaiting());
         m_service.cancel();
         QVERIFY(endOf(conversion).ffmpegError == FFmpegError::Case::cancelled);
     }
 
     void isForgottenByTheNextConversion()
     {
-        m_tools->setScript(u"ffmpeg"_s, 1, untilReleased(Script()));
+        m_tools->setScript(u"ffmpeg"_s, 1, m_tools->untilReleased());
         m_tools->setScript(u"ffmpeg"_s, 2, Script().err(missingEncoder).exit(1));
         m_tools->setScript(u"ffmpeg"_s, 3, Script().exit(0));
         const auto cancelled = convert();
-        awaitRunning();
+        QVERIFY(m_tools->awaitWaiting());
         m_service.cancel();
         QVERIFY(!endOf(cancelled).isSuccess());
         QVERIFY(endOf(convert()).isSuccess());
@@ -218,7 +219,7 @@ private Q_SLOTS:
 
     void beforeTheLaunchIsDeliveredRightAfterIt()
     {
-        m_tools->setScript(u"ffmpeg"_s, untilReleased(Script()));
+        m_tools->setScript(u"ffmpeg"_s, m_tools->untilReleased());
         ChildProcess process(m_tools->path(u"ffmpeg"_s).toUtf8(), {});
         process.interrupt();
         process.interrupt();
@@ -227,13 +228,13 @@ private Q_SLOTS:
 
     void reachesAToolOfAProgramThatIgnoresInterrupts()
     {
-        m_tools->setScript(u"ffmpeg"_s, untilReleased(Script()));
+        m_tools->setScript(u"ffmpeg"_s, m_tools->untilReleased());
         const auto handler = std::signal(SIGINT, SIG_IGN);
         const auto conversion = convert();
-        awaitRunning();
+        QVERIFY(m_tools->awaitWaiting());
         m_service.cancel();
         const bool hasEnded = QTest::qWaitFor([&] { return conversion.isFinished(); }, patience);
-        release();
+        m_tools->release();
         const ConversionEnd end = endOf(conversion);
         std::signal(SIGINT, handler);
         QVERIFY(hasEnded);
@@ -255,23 +256,6 @@ private:
     {
         const QUrl destination = QUrl::fromLocalFile(m_tools->path(u"out/clip_converted.mp4"_s));
         return m_service.convert(source, destination, {}, [](double) {});
-    }
-
-    // Appends to `script`: say that the tool runs, then wait for release().
-    Script untilReleased(Script script) const
-    {
-        return script.touch(m_tools->path(u"running"_s)).await(m_tools->path(u"released"_s));
-    }
-
-    void awaitRunning() const
-    {
-        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(m_tools->path(u"running"_s)), patience);
-    }
-
-    void release() const
-    {
-        QFile file(m_tools->path(u"released"_s));
-        QVERIFY(file.open(QIODevice::WriteOnly));
     }
 
     std::unique_ptr<StandInTools> m_tools;

@@ -3,9 +3,8 @@
 
 #include "clips.h"
 
+#include "filetree.h"
 #include "toolrun.h"
-
-#include <QFile>
 
 #include <map>
 
@@ -44,13 +43,6 @@ QByteArray successful(const QStringList &arguments)
         qFatal("Cannot make a clip with %s: %s", qPrintable(arguments.join(u' ')),
                run.errors.constData());
     return run.output;
-}
-
-void write(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("Cannot write %s", qPrintable(path));
 }
 
 } // namespace

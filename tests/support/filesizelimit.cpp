@@ -3,6 +3,7 @@
 
 #include "filesizelimit.h"
 
+#include "filetree.h"
 #include "testtooldirectories.h"
 #include "toolrun.h"
 
@@ -19,13 +20,6 @@ constexpr auto limitedFFmpeg = R"sh(#!/bin/sh
 trap '' XFSZ
 exec prlimit --fsize="$(cat "${0%/*}/limit")" /usr/bin/ffmpeg "$@"
 )sh";
-
-void write(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("Cannot write %s", qPrintable(path));
-}
 
 } // namespace
 

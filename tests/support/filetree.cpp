@@ -18,12 +18,10 @@ FileTree::FileTree()
         qFatal("Cannot make a temporary folder");
 }
 
-QUrl FileTree::addFile(const QString &name) const
+QUrl FileTree::addFile(const QString &name, const QByteArray &contents) const
 {
     QDir().mkpath(QFileInfo(path(name)).path());
-    QFile file(path(name));
-    if (!file.open(QIODevice::WriteOnly))
-        qFatal("Cannot make %s", qPrintable(path(name)));
+    write(path(name), contents);
     return url(name);
 }
 
@@ -38,6 +36,21 @@ void FileTree::addFiles(const QStringList &names) const
 {
     for (const QString &name : names)
         addFile(name);
+}
+
+void write(const QString &path, const QByteArray &contents)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(contents) != contents.size())
+        qFatal("Cannot write %s", qPrintable(path));
+}
+
+QByteArray contentsOf(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("Cannot read %s", qPrintable(path));
+    return file.readAll();
 }
 
 QStringList fileNames(const QList<QUrl> &urls)

@@ -10,7 +10,7 @@
 
 namespace quorvale::test {
 
-/// A temporary folder, readable for everybody, that is filled with empty files and folders.
+/// A temporary folder, readable for everybody, that is filled with files and folders.
 class FileTree
 {
 public:
@@ -20,14 +20,18 @@ public:
     QUrl url(const QString &name) const { return QUrl::fromLocalFile(path(name)); }
     QUrl root() const { return QUrl::fromLocalFile(m_root.path()); }
 
-    /// Makes an empty file and the folders that lead to it.
-    QUrl addFile(const QString &name) const;
+    /// Makes a file and the folders that lead to it.
+    QUrl addFile(const QString &name, const QByteArray &contents = {}) const;
     QUrl addFolder(const QString &name) const;
     void addFiles(const QStringList &names) const;
 
 private:
     QTemporaryDir m_root;
 };
+
+// The test program ends when these cannot write or read.
+void write(const QString &path, const QByteArray &contents);
+QByteArray contentsOf(const QString &path);
 
 /// The file names of the URLs.
 QStringList fileNames(const QList<QUrl> &urls);

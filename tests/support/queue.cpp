@@ -3,27 +3,40 @@
 
 #include "queue.h"
 
-#include <QFile>
-#include <QSignalSpy>
+#include "toolrun.h"
+
+#include <QEventLoop>
+#include <QTest>
+#include <QTimer>
+
+#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
 namespace quorvale::test {
 
-Queue::Queue()
+Queue::Queue(Tools tools)
 {
+    if (tools == Tools::standIn)
+        m_tools.emplace();
+    else
+        useMachineTools();
     auto panel = std::make_unique<RecordedPanel>();
     m_panel = panel.get();
     auto fileManager = std::make_unique<RecordedFileManager>();
     m_fileManager = fileManager.get();
     m_model = ConverterViewModel::create(std::move(panel), std::move(fileManager));
-    choose(m_output.root());
+    m_folder.addFolder(u"sources"_s);
+    choose(m_folder.addFolder(u"outputs"_s));
 }
 
-void Queue::add(const QStringList &names)
+Queue::~Queue()
 {
-    for (const QString &name : names)
-        m_model->add({QUrl::fromLocalFile(u"/in/"_s + name)});
+    if (!m_model || !m_model->isConverting())
+        return;
+    m_model->cancel();
+    if (!awaitEnd())
+        qFatal("A cancelled batch does not end");
 }
 
 void Queue::choose(const std::optional<QUrl> &destination)
@@ -32,31 +45,48 @@ void Queue::choose(const std::optional<QUrl> &destination)
     m_model->chooseDestination();
 }
 
-Script Queue::untilReleased(Script script) const
+void Queue::add(const QStringList &names)
 {
-    return script.touch(m_tools.path(u"running"_s)).await(m_tools.path(u"released"_s));
+    for (const QString &name : names)
+        m_model->add({QUrl::fromLocalFile(u"/in/"_s + name)});
 }
 
-bool Queue::isToolWaiting() const
+bool Queue::drop(const QString &path, qsizetype count)
 {
-    return QFile::exists(m_tools.path(u"running"_s));
+    const qsizetype expected = m_model->jobCount() + count;
+    m_model->handleDrop({QUrl::fromLocalFile(path)});
+    return QTest::qWaitFor([&] { return m_model->jobCount() == expected; }, patience);
 }
 
-void Queue::release() const
+bool Queue::runBatch()
 {
-    QFile file(m_tools.path(u"released"_s));
-    if (!file.open(QIODevice::WriteOnly))
-        qFatal("Cannot release the stand-in tool");
+    m_model->start();
+    return m_model->isConverting() && awaitEnd();
 }
 
-bool runBatch(ConverterViewModel &model, int milliseconds)
+bool Queue::awaitEnd()
 {
-    QSignalSpy changes(&model, &ConverterViewModel::isConvertingChanged);
-    model.start();
-    bool isInTime = true;
-    while (model.isConverting() && isInTime)
-        isInTime = changes.wait(milliseconds);
-    return isInTime;
+    QEventLoop loop;
+    QTimer silence;
+    QObject::connect(m_model.get(), &ConverterViewModel::isConvertingChanged, &loop,
+                     [&] { loop.quit(); });
+    QObject::connect(m_model.get(), &ConverterViewModel::jobsChanged, &silence,
+                     [&] { silence.start(patience); });
+    QObject::connect(&silence, &QTimer::timeout, &loop, [&] { loop.exit(EXIT_FAILURE); });
+    silence.start(patience);
+    if (!m_model->isConverting() || loop.exec() == EXIT_SUCCESS)
+        return true;
+    qWarning("Nothing changes in the batch, which does not end");
+    return false;
+}
+
+bool isConverted(const ConversionJob &job)
+{
+    if (job.state.is(JobState::Case::completed))
+        return true;
+    qWarning("%s is in state %d instead of completed: %s", qPrintable(job.source().fileName()),
+             static_cast<int>(job.state.kind()), qPrintable(job.state.message()));
+    return false;
 }
 
 } // namespace quorvale::test

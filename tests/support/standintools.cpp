@@ -3,41 +3,17 @@
 
 #include "standintools.h"
 
+#include "filetree.h"
+#include "patience.h"
 #include "testtooldirectories.h"
 
 #include <QDir>
 #include <QFile>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 
 namespace quorvale::test {
-
-namespace {
-
-void write(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("Cannot write %s", qPrintable(path));
-}
-
-QByteArray read(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-} // namespace
-
-Script &Script::outRepeatedly(int count, const QByteArray &bytes)
-{
-    return add("out-repeat " + QByteArray::number(count), bytes);
-}
-
-Script &Script::errRepeatedly(int count, const QByteArray &bytes)
-{
-    return add("err-repeat " + QByteArray::number(count), bytes);
-}
 
 Script &Script::add(const QByteArray &command)
 {
@@ -104,7 +80,8 @@ QList<QList<QByteArray>> StandInTools::runs(const QString &tool) const
     QList<QList<QByteArray>> runs;
     QList<QByteArray> run;
     QByteArray word;
-    for (const char c : read(path(tool + u".arguments"_s))) {
+    const QString record = path(tool + u".arguments"_s);
+    for (const char c : QFile::exists(record) ? contentsOf(record) : QByteArray()) {
         if (c == '\0') {
             run << word;
             word.clear();
@@ -127,6 +104,21 @@ void StandInTools::forgetRuns()
 int StandInTools::countedInterrupts(const QString &tool) const
 {
     return static_cast<int>(QFileInfo(path(tool + u".interrupts"_s)).size());
+}
+
+Script StandInTools::untilReleased(Script script) const
+{
+    return script.touch(path(u"running"_s)).await(path(u"released"_s));
+}
+
+bool StandInTools::awaitWaiting() const
+{
+    return QTest::qWaitFor([this] { return QFile::exists(path(u"running"_s)); }, patience);
+}
+
+void StandInTools::release() const
+{
+    write(path(u"released"_s), {});
 }
 
 } // namespace quorvale::test

@@ -16,8 +16,14 @@ class Script
 public:
     Script &out(const QByteArray &bytes) { return add("out", bytes); }
     Script &err(const QByteArray &bytes) { return add("err", bytes); }
-    Script &outRepeatedly(int count, const QByteArray &bytes);
-    Script &errRepeatedly(int count, const QByteArray &bytes);
+    Script &outRepeatedly(int count, const QByteArray &bytes)
+    {
+        return add("out-repeat " + QByteArray::number(count), bytes);
+    }
+    Script &errRepeatedly(int count, const QByteArray &bytes)
+    {
+        return add("err-repeat " + QByteArray::number(count), bytes);
+    }
     Script &writeOutput(const QByteArray &bytes) { return add("write-output", bytes); }
     Script &wait(int milliseconds) { return add("wait", milliseconds); }
     Script &touch(const QString &path) { return add("touch", path.toUtf8()); }
@@ -75,6 +81,12 @@ public:
 
     /// What the run `number`, counted from 1, of `tool` does.
     void setScript(const QString &tool, int number, const Script &script);
+
+    /// Appends to `script`: say that the tool runs, then wait for release().
+    Script untilReleased(Script script = {}) const;
+    /// Whether a tool with such a script runs before long. Processes events.
+    [[nodiscard]] bool awaitWaiting() const;
+    void release() const;
 
     /// The arguments of every run of `tool` so far, byte for byte.
     QList<QList<QByteArray>> runs(const QString &tool) const;
