@@ -20,7 +20,7 @@ using quorvale::chooseRenderer;
 
 namespace {
 
-int runTask(const QStringList &arguments)
+int perform(const QStringList &arguments)
 {
     const QString task = arguments.value(0);
     const QString first = arguments.value(1);
@@ -70,7 +70,7 @@ int main(int argc, char *argv[])
         chooseRenderer();
     const QStringList arguments = QApplication::arguments().sliced(1);
     if (!arguments.isEmpty())
-        return runTask(arguments);
+        return perform(arguments);
 
     QTextStream out(stdout);
     out << "Measured on " << QThread::idealThreadCount() << " of the processors of a machine with "
