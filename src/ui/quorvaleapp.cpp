@@ -5,10 +5,12 @@
 
 #include "controller/converterviewmodel.h"
 #include "desktop/desktop.h"
+#include "style/textstyles.h"
 
 #include <QFontDatabase>
 #include <QGuiApplication>
 #include <QIcon>
+#include <QQmlComponent>
 #include <QThreadPool>
 #include <QVariantMap>
 
@@ -20,7 +22,6 @@ QuorvaleApp::QuorvaleApp() : m_model(ConverterViewModel::create(makeOpenPanel(),
 {
     // By this name a desktop finds the entry of its menu, and with that the icon, too.
     QGuiApplication::setDesktopFileName(u"quorvale"_s);
-    QGuiApplication::setWindowIcon(QIcon(u":/qt/qml/Quorvale/quorvale.svg"_s));
     QQmlEngine::setObjectOwnership(m_model.get(), QQmlEngine::CppOwnership);
     m_engine.addImportPath(u":/qt/qml"_s);
     m_engine.setInitialProperties({{u"model"_s, QVariant::fromValue(m_model.get())}});
@@ -28,9 +29,18 @@ QuorvaleApp::QuorvaleApp() : m_model(ConverterViewModel::create(makeOpenPanel(),
 
 bool QuorvaleApp::open()
 {
-    // Looked for while the QML is read: together the larger part of the start.
-    QThreadPool::globalInstance()->start([] { QFontDatabase::families(); });
-    m_engine.load(QUrl(u"qrc:/qt/qml/Quorvale/MainWindow.qml"_s));
+    // The larger part of the start, at the same time: a thread of the engine's reads the QML,
+    // another one looks for the fonts of the system, and then this one for the window's.
+    const QUrl window(u"qrc:/qt/qml/Quorvale/MainWindow.qml"_s);
+    const QQmlComponent reading(&m_engine, window, QQmlComponent::Asynchronous);
+    QThreadPool::globalInstance()->start([] {
+        QFontDatabase::families();
+        QMetaObject::invokeMethod(qApp, &TextStyles::lookUp);
+    });
+    QGuiApplication::setWindowIcon(QIcon(u":/qt/qml/Quorvale/quorvale.svg"_s));
+    while (reading.isLoading())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    m_engine.load(window);
     return !m_engine.rootObjects().isEmpty();
 }
 

@@ -7,7 +7,7 @@ import QtQuick
 import Quorvale.Style
 
 // The window's colours, text styles and metrics. Lengths are logical pixels.
-QtObject {
+TextStyles {
     id: theme
 
     readonly property ColorScheme current: SystemLook.isDark ? dark : light
@@ -72,28 +72,10 @@ QtObject {
     readonly property color sidebarStart: Qt.rgba(0.08, 0.10, 0.16, 1)
     readonly property color sidebarEnd: Qt.rgba(0.10, 0.07, 0.16, 1)
 
-    /// Scales every text style.
-    readonly property real textScale: 1
-
-    readonly property font title2Bold: Qt.font({pixelSize: 17 * textScale, weight: Font.Bold})
-    readonly property font title3Bold: Qt.font({pixelSize: 15 * textScale, weight: Font.Bold})
-    readonly property font body: Qt.font({pixelSize: 13 * textScale})
-    readonly property font bodyMedium: Qt.font({pixelSize: 13 * textScale, weight: Font.Medium})
-    readonly property font bodySemibold: Qt.font({pixelSize: 13 * textScale, weight: Font.DemiBold})
-    readonly property font subheadline: Qt.font({pixelSize: 11 * textScale})
-    readonly property font subheadlineSemibold:
-        Qt.font({pixelSize: 11 * textScale, weight: Font.DemiBold})
-    readonly property font caption: Qt.font({pixelSize: 10 * textScale})
-    readonly property font caption2: Qt.font({pixelSize: 10 * textScale})
     readonly property font captionFixed: Qt.font({
         family: SystemLook.fixedFamily,
-        pixelSize: 10 * textScale,
+        pixelSize: 10,
         weight: Font.DemiBold
-    })
-    readonly property font sectionLabel: Qt.font({
-        pixelSize: 10 * textScale,
-        weight: Font.Bold,
-        letterSpacing: 1.1
     })
 
     readonly property int spacing: 8
