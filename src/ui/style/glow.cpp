@@ -9,6 +9,7 @@
 #include <cmath>
 #include <numbers>
 #include <numeric>
+#include <utility>
 #include <vector>
 
 namespace quorvale {
@@ -49,9 +50,14 @@ public:
     std::vector<qreal> column(qreal x) const
     {
         std::vector<qreal> rows(size_t(m_rowCount), 0);
+        qreal half = -1;
+        qreal depth = 0;
         for (int row = 0; row < m_rowCount; ++row) {
-            const qreal half = halfWidthAt(top(row) + m_rowHeight / 2);
-            rows[size_t(row)] = bellBetween(x - half, x + half, m_deviation);
+            // Between the corners it is that of the row above.
+            const qreal above = std::exchange(half, halfWidthAt(top(row) + m_rowHeight / 2));
+            if (half != above)
+                depth = bellBetween(x - half, x + half, m_deviation);
+            rows[size_t(row)] = depth;
         }
         std::vector<qreal> depths;
         depths.reserve(m_views.size());
@@ -151,9 +157,10 @@ void Glow::draw(QPainter &painter, qreal pixel) const
         for (int y = 0; y < int(ys.size()); ++y) {
             QColor color = m_color;
             color.setAlpha(qRound(m_color.alphaF() * 255 * depths[size_t(y)]));
+            const QRgb shade = color.rgba64().premultiplied().toArgb32();
             for (const int column : {x, pixels.width() - 1 - x}) {
                 for (const int row : {y, pixels.height() - 1 - y})
-                    image.setPixelColor(column, row, color);
+                    image.setPixel(column, row, shade);
             }
         }
     }
