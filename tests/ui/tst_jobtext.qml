@@ -72,6 +72,22 @@ ViewTest {
         verifyNoTip(textOf(row(), "clip.mkv"), 5, 5);
     }
 
+    function test_aTipComesAfterAWhileBelowItsText() {
+        const name = "<b>" + longName;
+        Bench.queue(["/in/" + name]);
+        show(lists);
+        const line = textOf(row(), name);
+        const start = Date.now();
+        mouseMove(line, 50, 5);
+        tryVerify(() => tip() !== null, 3000);
+        verify(Date.now() - start >= 500, Date.now() - start);
+        compare(tip().text, name);
+        compare(tip().textFormat, Text.PlainText);
+        const ground = area(all(overlay, Rectangle)[0]);
+        compare(ground.x, area(line).x);
+        compare(ground.y, area(line).y + line.height + 6);
+    }
+
     function test_nameInSeveralLinesStaysOneLine() {
         Bench.queue(["/in/first\nsecond.mkv"]);
         show(lists);

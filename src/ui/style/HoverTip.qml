@@ -44,9 +44,11 @@ Item {
             rightPadding: 8
             text: tip.text
             topPadding: 5
-            visible: true
             y: tip.height + 6
-            Component.onCompleted: tip.movements().forEach(movement => movement.connect(popup.close))
+            Component.onCompleted: {
+                tip.movements().forEach(movement => movement.connect(popup.close));
+                open(); // after the delay, which a popup that is made visible does not keep
+            }
             Component.onDestruction: tip.movements().forEach(movement => movement.disconnect(popup.close))
 
             background: PopupGround {
