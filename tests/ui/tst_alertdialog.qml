@@ -166,6 +166,18 @@ ViewTest {
         compare(presses, 1);
     }
 
+    function test_takesTheKeyboard() {
+        show(stages);
+        presses = 0;
+        const behind = one(view, BorderedButton);
+        behind.forceActiveFocus(Qt.TabFocusReason);
+        raise();
+        verify(okButton().activeFocus);
+        keyClick(Qt.Key_Return);
+        verifyGone();
+        compare(presses, 0);
+    }
+
     function test_standsInTheMiddle() {
         show(stages);
         raise();

@@ -106,6 +106,13 @@ ViewTest {
         compare(texts(view), ["H.265 (HEVC) <i>"]);
     }
 
+    function test_aLongLabelLeavesRoomForTheMark() {
+        show(buttons, {"label": "H.264 ".repeat(30)});
+        const label = one(view, Text);
+        verify(label.truncated);
+        verify(area(label).x + label.width <= area(symbolOf(view, Symbol.CheckmarkCircleFill)).x);
+    }
+
     function hold(key) {
         keyPress(key);
         Bench.repeatKey(key, 4);

@@ -96,6 +96,14 @@ ViewTest {
         compare(Bench.model.alertMessage, "");
     }
 
+    function test_theMenuIsSeenAboveTheSidebar() {
+        show(views);
+        const file = one(view, PlainButton, button => button.text === "File");
+        const before = Pixels.at(file, 3, file.height / 2);
+        mouseMove(file, 5, 5);
+        tryVerify(() => !Qt.colorEqual(Pixels.at(file, 3, file.height / 2), before));
+    }
+
     function test_shortcuts() {
         show(views);
         keyClick(Qt.Key_O, Qt.ControlModifier);

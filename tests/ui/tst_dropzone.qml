@@ -154,6 +154,7 @@ ViewTest {
     function test_buttonsOpenOnePanelEach(data) {
         show(zones);
         mouseClick(button(data.tag));
+        compare(Bench.openedPanels, []); // before the click is over
         tryVerify(() => Bench.openedPanels.length > 0);
         compare(Bench.openedPanels, [data.panel]);
         button(data.tag).forceActiveFocus(Qt.TabFocusReason);

@@ -87,7 +87,9 @@ ViewTest {
     function test_shadow() {
         show(bars);
         open();
-        verifyShadow(one(overlay, Rectangle, item => Qt.colorEqual(item.color, Theme.dark.popup)));
+        const ground = one(overlay, Rectangle, item => Qt.colorEqual(item.color, Theme.dark.popup));
+        verifyShadow(ground);
+        compare(Pixels.at(ground, ground.width / 2, 2), Theme.dark.popup); // and not on it
     }
 
     function test_entriesOpenOnePanelEach_data() {
@@ -212,8 +214,19 @@ ViewTest {
         compare(fileButton().Accessible.role, Accessible.ButtonMenu);
         open();
         compare(entries().map(entry => entry.Accessible.name), entries().map(entry => entry.text));
-        Assistant.act(entries()[1], "Press");
+        const entry = entries()[1];
+        Assistant.act(entry, "Press");
         tryCompare(Bench, "openedPanels", ["Choose a folder of videos"]);
+        // Once the menu is closed there is nothing to press.
+        tryVerify(() => entries().length === 0);
+        Assistant.act(entry, "Press");
+        wait(20);
+        compare(Bench.openedPanels.length, 1);
+        view.enabled = false;
+        compare(Assistant.description(fileButton()), "unavailable");
+        Assistant.act(fileButton(), "Press");
+        wait(20);
+        compare(entries(), []);
     }
 
     function test_readableInBothSchemes() {

@@ -117,6 +117,16 @@ ViewTest {
         compare(Pixels.count(bar, Theme.current.accent), 0);
     }
 
+    // As wide as it is high, so that its ends are round.
+    function test_theFirstOfTheProgressIsADot() {
+        Bench.queue(["a.mp4"]);
+        show(lists);
+        convertFirst([0.001]);
+        const bar = bars()[0];
+        compare(bar.height, 6);
+        compareArea(one(bar.contentItem, Rectangle), 26, 0, 6, 6);
+    }
+
     function test_rowsStayTheSameThroughEveryChange() {
         Bench.queue(["a.mp4", "b.mp4", "c.mp4", "d.mp4"]);
         show(lists);
@@ -288,5 +298,49 @@ ViewTest {
         compare(area(bar).x + bar.width, 649);
         mouseDrag(bar, bar.width / 2, 10, 0, 300);
         verify(list().contentY > 1000);
+    }
+
+    function scrollBar() {
+        return all(view, VerticalScrollBar)[0];
+    }
+
+    function test_scrollBarIsWorkedByAssistiveTechnology() {
+        Bench.queueMany(100);
+        show(lists);
+        compare(scrollBar().Accessible.name, "Scroll bar");
+        const start = list().contentY;
+        Assistant.act(scrollBar(), "Increase");
+        const below = list().contentY;
+        verify(below > start);
+        Assistant.act(scrollBar(), "Increase");
+        verify(list().contentY > below);
+        Assistant.act(scrollBar(), "Decrease");
+        fuzzyCompare(list().contentY, below, 1);
+        view.enabled = false;
+        Assistant.act(scrollBar(), "Increase");
+        Assistant.act(scrollBar(), "Decrease");
+        Assistant.act(scrollBar(), "Decrease");
+        fuzzyCompare(list().contentY, below, 1);
+    }
+
+    function test_scrollBarOfALongListCanBeGrasped() {
+        Bench.queueMany(10000);
+        show(lists);
+        verify(scrollBar().contentItem.height >= 30, scrollBar().contentItem.height);
+        compare(scrollBar().contentItem.width, 6);
+    }
+
+    function test_scrollBarAnswersThePointer() {
+        Bench.queueMany(100);
+        show(lists);
+        const bar = scrollBar();
+        compare(bar.contentItem.opacity, 0.5);
+        mouseMove(bar, bar.width / 2, 10);
+        tryCompare(bar.contentItem, "opacity", 0.8);
+        mousePress(bar, bar.width / 2, 10);
+        compare(bar.contentItem.opacity, 1);
+        mouseRelease(bar, bar.width / 2, 10);
+        restPointer();
+        tryCompare(bar.contentItem, "opacity", 0.5);
     }
 }

@@ -134,6 +134,69 @@ ViewTest {
         verifyRowsAreShown();
     }
 
+    // As assistive technology reads them.
+    function verifyRowsAreStackedInOrder() {
+        settle();
+        wait(0);
+        const rows = all(list().contentItem, JobRow);
+        verify(rows.length >= 5);
+        // The current row is kept wherever it is; those that wait to be used again are not read.
+        const current = list().currentIndex;
+        const indices = rows.map(row => row.index);
+        for (let i = 1; i < indices.length; ++i) {
+            const isNext = indices[i] === indices[i - 1] + 1;
+            verify(isNext || indices[i - 1] === current || indices[i] === current, indices);
+            verify(indices[i] > indices[i - 1], indices);
+        }
+    }
+
+    function test_rowsAreReadInTheirOrder() {
+        showRows(300);
+        verifyRowsAreStackedInOrder();
+        Bench.model.moveJob(list().itemAtIndex(4).job.id, -3);
+        verifyRowsAreStackedInOrder();
+        for (const y of [700, 1400, 9000, 8000, 400]) {
+            list().contentY = y;
+            verifyRowsAreStackedInOrder();
+        }
+        keyClick(Qt.Key_End);
+        verifyRowsAreStackedInOrder();
+        keyClick(Qt.Key_Home);
+        verifyRowsAreStackedInOrder();
+    }
+
+    function test_rowsKeepClearOfTheListsEnds() {
+        showRows(30);
+        fuzzyCompare(area(list().itemAtIndex(0)).y, 6, 0.51);
+        for (let i = 0; i < 20; ++i)
+            mouseWheel(list(), 300, 200, 0, -1200);
+        tryVerify(() => list().atYEnd && !list().moving);
+        settle();
+        fuzzyCompare(area(list().itemAtIndex(29)).y + 56, 460 - 6, 0.51);
+    }
+
+    function test_rowsAreCutAtTheListsEnds() {
+        showRows(30);
+        list().contentY = 340;
+        settle();
+        const handle = symbolOf(list().itemAtIndex(14), Symbol.Lines); // just below the end
+        verify(area(handle).y >= 460 && area(handle).y < 480);
+        compare(Pixels.count(handle, Theme.current.window), handle.width * handle.height);
+    }
+
+    // With a finger; the mouse moves rows.
+    function test_stopsAtItsEnds() {
+        showRows(30);
+        const start = list().contentY;
+        const touch = touchEvent(list());
+        touch.press(0, list(), 300, 100).commit();
+        for (let y = 110; y <= 300; y += 10) {
+            touch.move(0, list(), 300, y).commit();
+            compare(list().contentY, start);
+        }
+        touch.release(0, list(), 300, 300).commit();
+    }
+
     function test_tabGoesThroughTheCurrentRowOnly() {
         showRows(5);
         keyClick(Qt.Key_Down);

@@ -158,6 +158,7 @@ ViewTest {
         showState("converting");
         const bar = bars()[0];
         compare([bar.from, bar.to, bar.value], [0, 1, 0.375]);
+        compare(Assistant.description(bar), "37%");
         const text = textOf(row(), "clip.mkv");
         compare(area(bar).x, area(text).x);
         compare(gapBelow(textOf(row(), "Converting"), bar), 6);

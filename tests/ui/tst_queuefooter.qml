@@ -57,6 +57,8 @@ ViewTest {
         verify(!convertButton().enabled);
         verify(convertButton().opacity < 1);
         mouseClick(convertButton());
+        compare(Assistant.description(convertButton()), "unavailable");
+        Assistant.act(convertButton(), "Press");
         verify(!Bench.model.isConverting);
         compare(Bench.model.alertMessage, "");
     }
@@ -66,7 +68,10 @@ ViewTest {
         Bench.queue(["a.mp4"]);
         compare(convertButton().text, "Convert 1 Video");
         verify(convertButton().enabled);
+        compare(Assistant.description(convertButton()), "");
         compare(convertButton().opacity, 1);
+        Assistant.act(convertButton(), "Press");
+        verify(Bench.model.alertMessage !== ""); // which asks for a folder
     }
 
     function test_theTotalDecidesThePlural() {
@@ -126,12 +131,14 @@ ViewTest {
         show(footers);
         Bench.queue(["a.mp4"]);
         compare(cancelButtons(), []);
+        const height = view.height;
         startConversion();
         compare(convertButtons(), []);
         compare(cancelButtons().length, 1);
         const cancel = cancelButtons()[0];
         verify(!(cancel instanceof ProminentButton));
         compare(cancel.height, 26);
+        compare(view.height, height);
         compare(all(cancel, Symbol), []);
         compare(textOf(cancel, "Cancel").color, Theme.current.red);
         mouseClick(cancel);
@@ -286,6 +293,10 @@ ViewTest {
         show(footers);
         const convert = convertButton();
         compare(convert.contentItem.width, 138);
+        convert.text = "";
+        settle();
+        compare(convert.contentItem.width, 138);
+        convert.text = Qt.binding(() => view.convertText);
         const wide = convert.width;
         Bench.queueMany(100000);
         settle();

@@ -305,6 +305,16 @@ ViewTest {
         compare(Bench.openedPanels, []);
     }
 
+    // Two wide, and two beyond the button.
+    function test_theRingIsApartFromItsButton() {
+        show(headers);
+        const folder = button("Folder");
+        folder.forceActiveFocus(Qt.TabFocusReason);
+        settle();
+        const isRing = y => Qt.colorEqual(Pixels.at(folder, folder.width / 2, y), Theme.current.accent);
+        compare([-5, -4, -3, -2, -1].map(isRing), [false, true, true, false, false]);
+    }
+
     function test_longCountsDoNotPushTheButtonsOut() {
         Bench.queueMany(12345);
         show(headers);

@@ -141,6 +141,35 @@ ViewTest {
         [2, 1, 3, 4, 5].forEach((number, i) => fuzzyCompare(shownTop(number), tops[i], 0.51));
     }
 
+    function test_theyGlide() {
+        showRows(5);
+        const top = shownTop(3);
+        drag(2, 20);
+        mouseMove(view, 216, pointerY + rowHeight, -1, Qt.LeftButton);
+        verify(shownTop(3) > top - rowHeight + 1, "at once");
+        tryTops([3], [top - rowHeight]);
+        mouseRelease(view, 216, pointerY + rowHeight);
+        settle();
+        compare(names(), [1, 3, 2, 4, 5]);
+    }
+
+    // Without a stop on the way, where the rows have said so already.
+    function test_reachesTheEndsInOneMovement_data() {
+        return [
+            {"tag": "above the first", "row": 3, "to": -100, "order": [3, 1, 2]},
+            {"tag": "below the last", "row": 1, "to": 400, "order": [2, 3, 1]},
+        ];
+    }
+
+    function test_reachesTheEndsInOneMovement(data) {
+        showRows(3);
+        drag(data.row, 10);
+        pointerY = data.to;
+        mouseMove(view, 216, pointerY, -1, Qt.LeftButton);
+        letGo();
+        compare(names(), data.order);
+    }
+
     function test_thePictureFollowsThePointer() {
         showRows(5);
         const start = shownTop(2);

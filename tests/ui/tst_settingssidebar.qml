@@ -406,6 +406,11 @@ ViewTest {
         verifyKnob(hardware, knob);
         verify(!Bench.model.useHardware);
         tryVerify(() => place() === 2);
+        // It glides there rather than jumps.
+        Bench.model.useHardware = true;
+        verify(place() < hardware.indicator.width - knob.width - 2);
+        tryVerify(() => place() === hardware.indicator.width - knob.width - 2);
+        verifyRing(hardware);
     }
 
     function test_pickersListIsBelowIt() {
@@ -425,7 +430,7 @@ ViewTest {
     function test_hardwareSwitch() {
         const toggle = hardwareSwitch();
         compare(toggle.text, "Apple media engine");
-        compare(one(toggle, Symbol).name, Symbol.Cpu);
+        compare(area(symbolOf(toggle, Symbol.Cpu)).x, 24); // below the labels of the others
         compare(toggle.indicator.color, Theme.dark.accentFill);
         mouseClick(toggle);
         compare(settings.count, 1);
@@ -488,6 +493,38 @@ ViewTest {
             keyClick(Qt.Key_Tab);
         }
         compare(seen, ["H.264", "Encoding goal", "Apple media engine", "Audio"]);
+    }
+
+    function test_tabStopsAtTheSlider() {
+        Bench.model.goalIndex = EncodingGoal.ConstantQuality;
+        settle();
+        goalPicker().forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Tab);
+        verify(slider().visualFocus);
+        keyClick(Qt.Key_Tab);
+        verify(hardwareSwitch().visualFocus);
+    }
+
+    // Whatever has set it.
+    function test_aQualityBeyondTheSliderIsShownAndKept() {
+        Bench.model.goalIndex = EncodingGoal.ConstantQuality;
+        settle();
+        Bench.model.quality = 10;
+        settings.clear();
+        compare(slider().value, 30);
+        compare(Bench.model.quality, 10);
+        compare(settings.count, 0);
+    }
+
+    function test_assistiveTechnologyChoosesNothingInAClosedList() {
+        Assistant.act(goalPicker(), "Press");
+        tryVerify(() => goalPicker().popup.opened);
+        const entry = all(goalPicker().popup.contentItem, DropDownEntry)[0];
+        Assistant.act(goalPicker(), "Press");
+        tryVerify(() => !goalPicker().popup.visible);
+        Assistant.act(entry, "Press");
+        compare(settings.count, 0);
+        compare(Bench.model.goalIndex, EncodingGoal.Balanced);
     }
 
     function test_readableInBothSchemes() {
