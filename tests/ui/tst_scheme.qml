@@ -18,7 +18,7 @@ ViewTest {
         Item {
             readonly property Item dark: darkPlace
             readonly property Item light: lightPlace
-            readonly property Item inner: innerItem
+            readonly property alias inner: innerItem
             readonly property T.Popup popup: darkPopup
 
             Item {
@@ -29,6 +29,8 @@ ViewTest {
                 Item {
                     Item {
                         id: innerItem
+
+                        readonly property ColorScheme colors: Scheme.colors
                     }
                 }
 
@@ -49,29 +51,33 @@ ViewTest {
 
     function test_followsWhatIsGivenToTheWindow() {
         const place = show(places);
-        inBothSchemes(() => compare(place.Scheme.colors, Theme.current));
+        place.dark.Scheme.colors = null;
+        inBothSchemes(() => {
+            compare(place.Scheme.colors, Theme.current);
+            compare(place.inner.colors, Theme.current);
+        });
     }
 
     function test_takesWhatIsGivenToTheNearest() {
         const place = show(places);
-        compare(place.inner.Scheme.colors, Theme.dark);
-        inBothSchemes(() => compare(place.inner.Scheme.colors, Theme.dark));
+        compare(place.inner.colors, Theme.dark);
+        inBothSchemes(() => compare(place.inner.colors, Theme.dark));
         place.dark.Scheme.colors = Theme.light;
-        compare(place.inner.Scheme.colors, Theme.light);
+        compare(place.inner.colors, Theme.light);
         place.inner.Scheme.colors = Theme.dark;
-        compare(place.inner.Scheme.colors, Theme.dark);
+        compare(place.inner.colors, Theme.dark);
         compare(place.dark.Scheme.colors, Theme.light);
     }
 
     function test_goesAlongToAnotherPlace() {
         const place = show(places);
-        compare(place.inner.Scheme.colors, Theme.dark);
+        compare(place.inner.colors, Theme.dark);
         place.inner.parent.parent = place.light;
-        compare(place.inner.Scheme.colors, Theme.light);
+        compare(place.inner.colors, Theme.light);
         place.dark.Scheme.colors = null;
-        compare(place.inner.Scheme.colors, Theme.light);
+        compare(place.inner.colors, Theme.light);
         place.light.Scheme.colors = Theme.dark;
-        compare(place.inner.Scheme.colors, Theme.dark);
+        compare(place.inner.colors, Theme.dark);
     }
 
     function test_aPopupIsAsTheItemThatItBelongsTo() {
