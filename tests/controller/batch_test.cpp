@@ -111,8 +111,9 @@ private Q_SLOTS:
     void jobsGoThroughTheirStates()
     {
         Queue queue;
-        queue.setConversions(
-            queue.tools().untilReleased(Script().out("out_time_ms=2500000\n")).out("progress=end\n"));
+        queue.setConversions(queue.tools()
+                                 .untilReleased(Script().out("out_time_ms=2500000\n"))
+                                 .out("progress=end\n"));
         queue.add({u"1.mkv"_s, u"2.mkv"_s});
         queue.model().start();
         QVERIFY(queue.model().isConverting());

@@ -189,7 +189,7 @@ private Q_SLOTS:
     void theOtherPanelStepsInForAPortalWithoutFolders()
     {
         m_portal->end();
-        m_portal = std::make_unique<StandInPortal>(*m_bus, 2);
+        m_portal = std::make_unique<StandInPortal>(*m_bus, QVariant(), 2);
         answer(StandInPortal::success, {u"file:///portal"_s});
         stepsIn();
         QCOMPARE(opened().size(), 0);
@@ -198,7 +198,7 @@ private Q_SLOTS:
     void theFirstPortalWithFoldersIsAsked()
     {
         m_portal->end();
-        m_portal = std::make_unique<StandInPortal>(*m_bus, 3);
+        m_portal = std::make_unique<StandInPortal>(*m_bus, QVariant(), 3);
         answer(StandInPortal::success, {u"file:///v"_s});
         QVERIFY(m_panel->run(severalFolders) == Answer(QList{QUrl::fromLocalFile(u"/v"_s)}));
         QCOMPARE(m_otherwise->requests.size(), 0);

@@ -5,7 +5,7 @@
 
 #include "support/patience.h"
 #include "support/privatebus.h"
-#include "support/standinsettings.h"
+#include "support/standinportal.h"
 #include "support/testclass.h"
 
 #include <QFontDatabase>
@@ -78,10 +78,10 @@ private Q_SLOTS:
     void theSettingsDecide()
     {
         QFETCH(const QVariant, colorScheme);
-        const StandInSettings settings(m_bus, colorScheme);
+        StandInPortal settings(m_bus, colorScheme);
         SystemLook look;
         QSignalSpy changed(&look, &SystemLook::changed);
-        QTRY_COMPARE_WITH_TIMEOUT(settings.reads(),
+        QTRY_COMPARE_WITH_TIMEOUT(settings.calls(u"Read"_s),
                                   QList<QVariantList>(1, {appearance, colorSchemeKey}), patience);
         QFETCH(const int, changes);
         QTRY_COMPARE_WITH_TIMEOUT(changed.size(), changes, patience);
@@ -90,12 +90,12 @@ private Q_SLOTS:
         QTEST(look.isDark(), "isDarkOnLight");
         setWindowColor(darkWindow);
         QTEST(look.isDark(), "isDarkOnDark");
-        QCOMPARE(settings.reads().size(), 1);
+        QCOMPARE(settings.calls(u"Read"_s).size(), 1);
     }
 
     void aChangeOfTheSettingIsFollowed()
     {
-        const StandInSettings settings(m_bus, 2U);
+        StandInPortal settings(m_bus, 2U);
         SystemLook look;
         QSignalSpy changes(&look, &SystemLook::changed);
         QTRY_COMPARE_WITH_TIMEOUT(changes.size(), 1, patience);
@@ -113,7 +113,7 @@ private Q_SLOTS:
 
     void otherSettingsAreNothing()
     {
-        const StandInSettings settings(m_bus, 2U);
+        StandInPortal settings(m_bus, 2U);
         SystemLook look;
         QSignalSpy changes(&look, &SystemLook::changed);
         QTRY_COMPARE_WITH_TIMEOUT(changes.size(), 1, patience);
@@ -130,7 +130,7 @@ private Q_SLOTS:
     {
         SystemLook look;
         QTest::qWait(50);
-        const StandInSettings settings(m_bus, 1U);
+        StandInPortal settings(m_bus, 1U);
         QTRY_VERIFY_WITH_TIMEOUT(look.isDark(), patience);
         settings.changeColorScheme(2U);
         QTRY_VERIFY_WITH_TIMEOUT(!look.isDark(), patience);
@@ -138,7 +138,7 @@ private Q_SLOTS:
 
     void theWindowIsThePalettes()
     {
-        const StandInSettings settings(m_bus, 1U);
+        StandInPortal settings(m_bus, 1U);
         SystemLook look;
         QTRY_VERIFY_WITH_TIMEOUT(look.isDark(), patience);
         // The desktop has not said so to the palette.

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 // A stand-in for a file manager: a small window that drags the local files named on the command
-// line, or after "--text" that text, when the mouse presses and moves it. What becomes of a drag is
+// line when the mouse presses and moves it. What becomes of a drag is
 // said on standard output, a line each:
 //
 //   dragging       the drag begins
@@ -72,10 +72,6 @@ private:
     QMimeData *content() const
     {
         auto *data = new QMimeData;
-        if (m_arguments.value(0) == "--text"_L1) {
-            data->setText(m_arguments.value(1));
-            return data;
-        }
         QList<QUrl> urls;
         for (const QString &file : m_arguments)
             urls << (file.startsWith(u'/') ? QUrl::fromLocalFile(file)
@@ -95,7 +91,7 @@ int main(int argc, char **argv)
     QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments().sliced(1);
     if (arguments.isEmpty()) {
-        std::fputs("usage: dragsource FILE... | --text TEXT\n", stderr);
+        std::fputs("usage: dragsource FILE...\n", stderr);
         return EXIT_FAILURE;
     }
     DragSource source(arguments);

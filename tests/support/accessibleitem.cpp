@@ -24,13 +24,6 @@ constexpr const char *textInterface = "org.a11y.atspi.Text";
 constexpr const char *properties = "org.freedesktop.DBus.Properties";
 constexpr const char *valueInterface = "org.a11y.atspi.Value";
 
-QString line(const AccessibleItem &item)
-{
-    return u"role %1 \"%2\" states %3"_s.arg(static_cast<uint>(item.role()))
-        .arg(item.name())
-        .arg(item.states(), 0, 16);
-}
-
 } // namespace
 
 AccessibleItem::Condition AccessibleItem::named(Role role, const QString &name)
@@ -83,12 +76,6 @@ quint64 AccessibleItem::states() const
 {
     const auto words = qdbus_cast<QList<uint>>(call(accessible, "GetState").value(0));
     return quint64(words.value(1)) << 32 | words.value(0);
-}
-
-bool AccessibleItem::isAll(std::initializer_list<State> states) const
-{
-    const quint64 present = this->states();
-    return std::ranges::all_of(states, [&](State state) { return (present & bit(state)) != 0; });
 }
 
 QRect AccessibleItem::extents() const
@@ -198,12 +185,14 @@ QList<AccessibleItem> AccessibleItem::findAll(Role role) const
 
 QString toString(const AccessibleItem &item)
 {
-    return line(item);
+    return u"role %1 \"%2\" states %3"_s.arg(static_cast<uint>(item.role()))
+        .arg(item.name())
+        .arg(item.states(), 0, 16);
 }
 
 QString describe(const AccessibleItem &root)
 {
-    QString tree = line(root) + u'\n';
+    QString tree = toString(root) + u'\n';
     for (const AccessibleItem &child : root.children()) {
         for (const QString &below : describe(child).split(u'\n', Qt::SkipEmptyParts))
             tree += u"  "_s + below + u'\n';

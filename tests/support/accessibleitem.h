@@ -73,7 +73,6 @@ public:
     /// The state's bits.
     quint64 states() const;
     bool is(State state) const { return (states() & bit(state)) != 0; }
-    bool isAll(std::initializer_list<State> states) const;
 
     /// Where it is on the screen, in pixels; a null rectangle for what has no place.
     QRect extents() const;

@@ -9,6 +9,8 @@
 
 #include <sys/prctl.h>
 
+using namespace Qt::StringLiterals;
+
 namespace quorvale::test {
 
 namespace {
@@ -19,6 +21,22 @@ void dieWithTheTest()
 }
 
 } // namespace
+
+QProcessEnvironment environmentWithoutDesktop(const QString &home)
+{
+    auto environment = QProcessEnvironment::systemEnvironment();
+    for (const QString &name : environment.keys()) {
+        for (const auto prefix :
+             {"QT_"_L1, "QML"_L1, "QSG_"_L1, "XDG_"_L1, "DBUS_"_L1, "GTK_"_L1, "KDE_"_L1,
+              "DESKTOP_"_L1, "WAYLAND_"_L1, "DISPLAY"_L1, "SESSION_MANAGER"_L1, "XAUTHORITY"_L1}) {
+            if (name.startsWith(prefix))
+                environment.remove(name);
+        }
+    }
+    environment.insert(u"HOME"_s, home);
+    environment.insert(u"XDG_RUNTIME_DIR"_s, home);
+    return environment;
+}
 
 ChildOfTheTest::ChildOfTheTest()
 {
@@ -44,6 +62,16 @@ QByteArray ChildOfTheTest::startAndReadLine(const QString &program, const QStrin
                    readAllStandardError().constData());
     }
     return readLine().trimmed();
+}
+
+std::optional<QByteArray> ChildOfTheTest::run(const QString &program, const QStringList &arguments)
+{
+    start(program, arguments);
+    if (waitForFinished(patience) && exitStatus() == NormalExit && exitCode() == 0)
+        return readAllStandardOutput();
+    qWarning("%s %s: %s %s", qPrintable(program), qPrintable(arguments.join(u' ')),
+             qPrintable(errorString()), readAllStandardError().constData());
+    return std::nullopt;
 }
 
 void ChildOfTheTest::setPreparation(const std::function<void()> &preparation)

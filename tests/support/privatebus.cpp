@@ -3,8 +3,6 @@
 
 #include "privatebus.h"
 
-#include "desktopenvironment.h"
-
 #include <QFile>
 
 using namespace Qt::StringLiterals;

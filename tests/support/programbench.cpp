@@ -2,12 +2,10 @@
 // SPDX-License-Identifier: MIT
 
 #include "programbench.h"
+
 #include "patience.h"
 
-#include "processtable.h"
-
 #include <QDebug>
-#include <QDir>
 #include <QTest>
 
 #include <csignal>
@@ -19,9 +17,7 @@ namespace quorvale::test {
 ProgramBench::ProgramBench(const VirtualDesktop &desktop)
     : m_desktop(desktop), m_window(desktop, m_run)
 {
-    m_run.showOn(desktop.display());
-    m_run.speakOn(desktop.accessibility());
-    m_run.set(u"LC_ALL"_s, u"C.UTF-8"_s); // Qt remarks on locales of other encodings
+    m_run.showOn(desktop);
 }
 
 ProgramBench::~ProgramBench()
@@ -31,15 +27,39 @@ ProgramBench::~ProgramBench()
     m_desktop.display().waitForNoWindow(u"Quorvale"_s, patience);
 }
 
-bool ProgramBench::start()
-{
-    return m_run.start() && m_window.find();
-}
-
 bool ProgramBench::drop(const QStringList &paths) const
 {
-    return MouseDrag(m_desktop.display()).dropFiles(paths, m_window.window())
-           == MouseDrag::End::taken;
+    const VirtualDisplay &display = m_desktop.display();
+    ChildOfTheTest source; // see tests/fakes/dragsource.cpp
+    source.setProcessEnvironment(display.environment());
+    source.setStandardErrorFile(QProcess::nullDevice());
+    source.start(QStringLiteral(DRAG_SOURCE), paths);
+    const auto sourceWindow = display.waitForWindow(u"Drag source"_s);
+    if (!sourceWindow || !display.activate(*sourceWindow))
+        return false;
+
+    // Has the mouse move about the middle of the window until the source says so.
+    QByteArray said;
+    const auto moveUntil = [&](const QString &window, const char *awaited) {
+        const QPoint middle = display.areaOf(window).center() - display.areaOf(window).topLeft();
+        int step = 0;
+        const auto hasSaid = [&] {
+            display.xdotool({u"mousemove"_s, u"--window"_s, window,
+                             QString::number(middle.x() + ++step % 20),
+                             QString::number(middle.y())});
+            said += source.readAllStandardOutput();
+            return said.contains(awaited);
+        };
+        if (QTest::qWaitFor(hasSaid, patience))
+            return true;
+        qWarning("The drag never comes to \"%s\", but to: %s", awaited, said.constData());
+        return false;
+    };
+    return moveUntil(*sourceWindow, "") && display.xdotool({u"mousedown"_s, u"1"_s})
+           && moveUntil(*sourceWindow, "dragging") && moveUntil(m_window.window(), "action take")
+           && display.xdotool({u"mouseup"_s, u"1"_s})
+           && moveUntil(m_window.window(), "dropped take")
+           && moveUntil(m_window.window(), "fetched");
 }
 
 bool ProgramBench::queue(const QStringList &paths) const
@@ -53,22 +73,18 @@ bool ProgramBench::queue(const QStringList &paths) const
     return true;
 }
 
-QStringList ProgramBench::outputs() const
+QStringList ProgramBench::outputs(QDir::SortFlags order) const
 {
-    return QDir(m_outputs.path()).entryList(QDir::Files, QDir::Name);
-}
-
-QStringList ProgramBench::outputsByTime() const
-{
-    return QDir(m_outputs.path()).entryList(QDir::Files, QDir::Time | QDir::Reversed);
+    return QDir(m_outputs.path()).entryList(QDir::Files, order);
 }
 
 bool ProgramBench::waitForOutputs(const QStringList &names) const
 {
     if (QTest::qWaitFor([&] { return outputs() == names && m_run.processes().size() == 1; },
-                        2 * patience)) // for several conversions
+                        patience))
         return true;
-    qWarning() << outputs() << m_run.processes() << m_run.standardError();
+    qWarning() << "There are other outputs, or other processes than the program:" << outputs()
+               << m_run.processes() << m_run.standardError();
     return false;
 }
 
@@ -83,7 +99,7 @@ bool ProgramBench::waitForTool(const QByteArray &argument, pid_t &tool) const
     };
     if (QTest::qWaitFor(isAtWork, patience))
         return true;
-    qWarning("No such tool gets to work.");
+    qWarning("No tool gets to work with %s.", argument.constData());
     return false;
 }
 

@@ -3,17 +3,18 @@
 
 #pragma once
 
-#include "mousedrag.h"
 #include "programrun.h"
 #include "virtualdesktop.h"
 #include "windowdriver.h"
 
+#include <QDir>
 #include <QStringList>
 #include <QTemporaryDir>
 
 namespace quorvale::test {
 
-/// A run of the program on the desktop, and a folder for its outputs.
+/// A run of the program on the desktop, and a folder for its outputs. What returns a bool returns
+/// false, with a warning, when it fails.
 class ProgramBench
 {
 public:
@@ -25,25 +26,24 @@ public:
     ProgramBench(const ProgramBench &) = delete;
     ProgramBench &operator=(const ProgramBench &) = delete;
 
-    /// Starts the program and finds its window. False, with a warning, when that fails.
-    bool start();
+    /// Starts the program and finds its window.
+    bool start() { return m_run.start() && m_window.find(); }
 
     ProgramRun &run() { return m_run; }
     const WindowDriver &window() const { return m_window; }
     QString outputFolder() const { return m_outputs.path(); }
     QString output(const QString &name) const { return m_outputs.filePath(name); }
 
-    /// Drops files and folders, by their paths or encoded URLs, on the window. False when it does
-    /// not take them.
+    /// Drags files and folders, by their paths or encoded URLs, from another program and drops them
+    /// on the window, which is to take them.
     bool drop(const QStringList &paths) const;
 
     /// Drops the files one after the other, so that the rows are in this order.
     bool queue(const QStringList &paths) const;
 
-    /// The names of the files in the output folder, by name.
-    QStringList outputs() const;
-    /// The same, by the time when they were finished.
-    QStringList outputsByTime() const;
+    /// The names of the files in the output folder, in the order of the names or of the times when
+    /// they were finished.
+    QStringList outputs(QDir::SortFlags order = QDir::Name) const;
 
     /// Waits until the output folder has exactly these files and no tool is at work any more.
     bool waitForOutputs(const QStringList &names) const;

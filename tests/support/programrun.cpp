@@ -3,11 +3,11 @@
 
 #include "programrun.h"
 
-#include "accessibilitybus.h"
-#include "desktopenvironment.h"
-#include "processtable.h"
-#include "virtualdisplay.h"
+#include "patience.h"
+#include "virtualdesktop.h"
 
+#include <QDir>
+#include <QFile>
 #include <QTest>
 #include <QUuid>
 
@@ -17,7 +17,16 @@ using namespace Qt::StringLiterals;
 
 namespace quorvale::test {
 
-ProgramRun::ProgramRun() : ProgramRun(QStringLiteral(QUORVALE_PROGRAM)) {}
+namespace {
+
+// What the kernel tells of the process; nothing when it is gone.
+QByteArray told(pid_t process, const QString &file)
+{
+    QFile answer(u"/proc/%1/%2"_s.arg(process).arg(file));
+    return answer.open(QIODevice::ReadOnly) ? answer.readAll() : QByteArray();
+}
+
+} // namespace
 
 ProgramRun::ProgramRun(const QString &executable)
     : m_executable(executable), m_environment(environmentWithoutDesktop(m_home.path()))
@@ -25,10 +34,10 @@ ProgramRun::ProgramRun(const QString &executable)
     const QString run = QUuid::createUuid().toString(QUuid::WithoutBraces);
     m_mark = "QUORVALE_TEST_RUN=" + run.toLatin1();
     set(u"QUORVALE_TEST_RUN"_s, run);
+    set(u"LC_ALL"_s, u"C.UTF-8"_s); // Qt remarks on locales of other encodings
     // Where sanitizers are built in: plugins that Qt has unloaded by then leak, and a leak would
     // change the exit status.
     set(u"ASAN_OPTIONS"_s, u"detect_leaks=0"_s);
-    m_process.setProcessChannelMode(QProcess::SeparateChannels);
     QObject::connect(&m_process, &QProcess::readyReadStandardError, &m_process,
                      [this] { m_standardError += m_process.readAllStandardError(); });
 }
@@ -45,20 +54,16 @@ void ProgramRun::showOn(const VirtualDisplay &display)
     set(u"DISPLAY"_s, display.name());
 }
 
-void ProgramRun::speakOn(const AccessibilityBus &bus)
+void ProgramRun::showOn(const VirtualDesktop &desktop)
 {
-    set(u"DBUS_SESSION_BUS_ADDRESS"_s, bus.session().address());
+    showOn(desktop.display());
+    set(u"DBUS_SESSION_BUS_ADDRESS"_s, desktop.session().address());
     set(u"QT_LINUX_ACCESSIBILITY_ALWAYS_ON"_s, u"1"_s);
 }
 
 void ProgramRun::set(const QString &variable, const QString &value)
 {
     m_environment.insert(variable, value);
-}
-
-void ProgramRun::unset(const QString &variable)
-{
-    m_environment.remove(variable);
 }
 
 bool ProgramRun::start()
@@ -71,9 +76,14 @@ bool ProgramRun::start()
     return false;
 }
 
-bool ProgramRun::waitForEnd(int milliseconds)
+std::optional<int> ProgramRun::waitForEnd()
 {
-    return QTest::qWaitFor([this] { return !isRunning(); }, milliseconds);
+    if (!QTest::qWaitFor([this] { return !isRunning(); }, patience)) {
+        qWarning("The program does not end.");
+        return std::nullopt;
+    }
+    const bool isBySignal = m_process.exitStatus() == QProcess::CrashExit;
+    return isBySignal ? -m_process.exitCode() : m_process.exitCode();
 }
 
 QByteArray ProgramRun::complaints() const
@@ -90,7 +100,25 @@ QByteArray ProgramRun::complaints() const
 
 QList<pid_t> ProgramRun::processes() const
 {
-    return processesWithEnvironment(m_mark);
+    QList<pid_t> found;
+    for (const QString &name : QDir(u"/proc"_s).entryList(QDir::Dirs)) {
+        const pid_t process = name.toInt();
+        if (process > 0 && told(process, u"environ"_s).split('\0').contains(m_mark))
+            found << process;
+    }
+    return found;
+}
+
+bool ProgramRun::hasMapped(const QByteArray &file) const
+{
+    return told(id(), u"maps"_s).contains(file);
+}
+
+QList<QByteArray> commandLine(pid_t process)
+{
+    QList<QByteArray> words = told(process, u"cmdline"_s).split('\0');
+    words.removeLast(); // behind the last NUL
+    return words;
 }
 
 } // namespace quorvale::test

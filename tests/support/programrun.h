@@ -5,24 +5,24 @@
 
 #include "childofthetest.h"
 
-#include <QByteArray>
 #include <QTemporaryDir>
+
+#include <optional>
 
 #include <sys/types.h>
 
 namespace quorvale::test {
 
-class AccessibilityBus;
+class VirtualDesktop;
 class VirtualDisplay;
 
 /// One run of the program as it is built, or of a copy, in an environment of its own.
 class ProgramRun
 {
 public:
-    ProgramRun();
-    explicit ProgramRun(const QString &executable);
+    explicit ProgramRun(const QString &executable = QStringLiteral(QUORVALE_PROGRAM));
 
-    /// Ends what is left of the run.
+    /// Ends what is left of the run, its tools included.
     ~ProgramRun();
 
     ProgramRun(const ProgramRun &) = delete;
@@ -31,12 +31,11 @@ public:
     /// Where it shows its window; on no platform in particular without these. To be called before
     /// start(), like the following.
     void showOn(const VirtualDisplay &display);
-    /// Where it finds the session's services, and tells about its window.
-    void speakOn(const AccessibilityBus &bus);
+    /// The same, and where it finds the session's services and tells about its window.
+    void showOn(const VirtualDesktop &desktop);
     void showNowhere() { set(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen")); }
 
     void set(const QString &variable, const QString &value);
-    void unset(const QString &variable);
     ChildOfTheTest &process() { return m_process; }
 
     /// Starts it. False, with a warning, when that fails.
@@ -45,18 +44,19 @@ public:
     pid_t id() const { return static_cast<pid_t>(m_process.processId()); }
     bool isRunning() const { return m_process.state() == QProcess::Running; }
 
-    /// Waits for the end. False when it does not come in time.
-    bool waitForEnd(int milliseconds);
+    /// Waits for the end. The exit status, or the number of the signal that ended it below zero;
+    /// none when it does not end.
+    std::optional<int> waitForEnd();
 
-    bool endedBySignal() const { return m_process.exitStatus() == QProcess::CrashExit; }
-    /// The exit status, or the number of the signal that ended it.
-    int status() const { return m_process.exitCode(); }
     QByteArray standardError() const { return m_standardError; }
     /// What it said on standard error, apart from the graphics drivers' remarks on the machine.
     QByteArray complaints() const;
 
     /// The processes of this run, its tools included, that are there now, even when it has ended.
     QList<pid_t> processes() const;
+
+    /// Whether the program has the file, as a path or a part of one, in its memory, as it has code.
+    bool hasMapped(const QByteArray &file) const;
 
 private:
     QTemporaryDir m_home;
@@ -66,5 +66,8 @@ private:
     QByteArray m_standardError;
     ChildOfTheTest m_process;
 };
+
+/// The words of a process's command line; none when there is no such process.
+QList<QByteArray> commandLine(pid_t process);
 
 } // namespace quorvale::test

@@ -4,28 +4,17 @@
 #pragma once
 
 #include <QString>
-#include <QStringList>
 
 #include <optional>
 
 namespace quorvale::test {
 
-/// What ffprobe reads in a video file.
-struct VideoFile
-{
-    QString videoCodec;
-    QString profile;    ///< in ffprobe's words
-    QString audioCodec; ///< empty without audio
-    double duration = 0;
+/// Makes a video of one small moving picture that goes on for so many seconds, in next to no time,
+/// by ffmpeg. False, with a warning, when that fails.
+bool makeVideo(const QString &path, int seconds);
 
-    /// None when it cannot be read as a video.
-    static std::optional<VideoFile> read(const QString &path);
-};
-
-/// Makes a short video with sound by ffmpeg. False, with a warning, when that fails.
-bool makeVideo(const QString &path, const QStringList &encoders, double seconds);
-
-/// Makes a video of one small moving picture that goes on for the time, in next to no time.
-bool makeLongVideo(const QString &path, int seconds);
+/// How many seconds the video in the file goes on, as ffprobe reads it. None, with a
+/// warning, when it cannot be read as a video.
+std::optional<double> videoDuration(const QString &path);
 
 } // namespace quorvale::test

@@ -3,26 +3,39 @@
 
 #pragma once
 
-#include "accessibilitybus.h"
+#include "accessibleitem.h"
+#include "privatebus.h"
 #include "virtualdisplay.h"
+
+#include <optional>
+
+#include <sys/types.h>
 
 namespace quorvale::test {
 
-/// What a desktop session offers a program: a display and the bus of the screen readers. There is
-/// nothing else on its session bus, so that the program shows panels of its own, unless the test
-/// puts a portal there.
+/// What a desktop session offers a program: a display, and a bus with what a screen reader uses.
+/// There is nothing else on that bus, so that the program shows panels of its own, unless the test
+/// puts a portal there. Ends the test when that cannot be had.
 class VirtualDesktop
 {
 public:
-    /// Starts it. False, with a warning, when that fails.
-    bool start() { return m_display.start() && m_accessibility.start(); }
+    VirtualDesktop();
+    ~VirtualDesktop();
+
+    VirtualDesktop(const VirtualDesktop &) = delete;
+    VirtualDesktop &operator=(const VirtualDesktop &) = delete;
 
     const VirtualDisplay &display() const { return m_display; }
-    const AccessibilityBus &accessibility() const { return m_accessibility; }
+    const PrivateBus &session() const { return m_session; }
+
+    /// The program of the process as it tells about its windows, which are its children; none as
+    /// long as it does not.
+    std::optional<AccessibleItem> application(pid_t process) const;
 
 private:
     VirtualDisplay m_display;
-    AccessibilityBus m_accessibility;
+    PrivateBus m_session{{QStringLiteral("org.a11y.Bus")}};
+    QString m_accessibility; // the address of the bus on which programs tell about their windows
 };
 
 } // namespace quorvale::test

@@ -4,12 +4,10 @@
 #include "virtualdisplay.h"
 #include "patience.h"
 
-#include "desktopenvironment.h"
-
 #include <QElapsedTimer>
 #include <QFile>
+#include <QHash>
 #include <QRegularExpression>
-#include <QStandardPaths>
 #include <QTest>
 #include <QtEndian>
 
@@ -41,61 +39,28 @@ constexpr const char *windowManagerSettings = R"(<?xml version="1.0"?>
 </openbox_config>
 )";
 
-bool hasStarted(ChildOfTheTest &process, const QString &tool, const QStringList &arguments)
-{
-    process.start(tool, arguments);
-    if (process.waitForStarted(-1))
-        return true;
-    qWarning("%s: %s", qPrintable(tool), qPrintable(process.errorString()));
-    return false;
-}
-
 } // namespace
 
-bool VirtualDisplay::start()
-{
-    if (QStandardPaths::findExecutable(u"xdotool"_s).isEmpty()) {
-        qWarning("xdotool is missing.");
-        return false;
-    }
-    return startServer() && startWindowManager();
-}
-
-bool VirtualDisplay::startServer()
+VirtualDisplay::VirtualDisplay()
 {
     // It chooses a free number itself and says it when it is ready.
     m_server.setStandardErrorFile(QProcess::nullDevice());
-    if (!hasStarted(m_server, u"Xvfb"_s,
-                    {u"-displayfd"_s, u"1"_s, u"-screen"_s, u"0"_s, u"1280x800x24"_s, u"-noreset"_s,
-                     u"-nolisten"_s, u"tcp"_s, u"-fbdir"_s, m_folder.path()}))
-        return false;
-    if (!QTest::qWaitFor([this] { return m_server.canReadLine(); }, patience)) {
-        qWarning("Xvfb does not get ready.");
-        return false;
-    }
-    m_name = u':' + QString::fromLatin1(m_server.readLine().trimmed());
-    return true;
-}
+    const QByteArray number = m_server.startAndReadLine(
+        u"Xvfb"_s, {u"-displayfd"_s, u"1"_s, u"-screen"_s, u"0"_s, u"1280x800x24"_s, u"-noreset"_s,
+                    u"-nolisten"_s, u"tcp"_s, u"-fbdir"_s, m_folder.path()});
+    m_name = u':' + QString::fromLatin1(number);
 
-bool VirtualDisplay::startWindowManager()
-{
-    const QString settings = m_folder.filePath(u"openbox.xml"_s);
-    QFile file(settings);
-    if (!file.open(QIODevice::WriteOnly) || file.write(windowManagerSettings) < 0) {
-        qWarning("%s: %s", qPrintable(settings), qPrintable(file.errorString()));
-        return false;
-    }
-    file.close();
+    QFile settings(m_folder.filePath(u"openbox.xml"_s));
+    if (!settings.open(QIODevice::WriteOnly) || settings.write(windowManagerSettings) < 0)
+        qFatal("Cannot write %s", qPrintable(settings.fileName()));
+    settings.close();
     m_windowManager.setProcessEnvironment(environment());
     m_windowManager.setStandardErrorFile(QProcess::nullDevice());
-    if (!hasStarted(m_windowManager, u"openbox"_s,
-                    {u"--sm-disable"_s, u"--config-file"_s, settings}))
-        return false;
+    m_windowManager.start(u"openbox"_s,
+                          {u"--sm-disable"_s, u"--config-file"_s, settings.fileName()});
     // It is what knows the number of desktops.
-    if (QTest::qWaitFor([this] { return run({u"get_num_desktops"_s}).has_value(); }, patience))
-        return true;
-    qWarning("openbox does not get ready.");
-    return false;
+    if (!QTest::qWaitFor([this] { return run({u"get_num_desktops"_s}).has_value(); }, patience))
+        qFatal("openbox or xdotool is missing or does not get ready.");
 }
 
 QProcessEnvironment VirtualDisplay::environment() const
@@ -110,8 +75,9 @@ std::optional<QByteArray> VirtualDisplay::run(const QStringList &arguments) cons
 {
     ChildOfTheTest process;
     process.setProcessEnvironment(environment());
-    if (!hasStarted(process, u"xdotool"_s, arguments) || !process.waitForFinished(patience)
-        || process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0)
+    process.start(u"xdotool"_s, arguments);
+    if (!process.waitForFinished(patience) || process.exitStatus() != QProcess::NormalExit
+        || process.exitCode() != 0)
         return std::nullopt;
     return process.readAllStandardOutput();
 }
@@ -163,28 +129,20 @@ bool VirtualDisplay::activate(const QString &window) const
     return false;
 }
 
-std::optional<QSize> VirtualDisplay::sizeOf(const QString &window) const
-{
-    const auto output = xdotool({u"getwindowgeometry"_s, u"--shell"_s, window});
-    if (!output)
-        return std::nullopt;
-    static const QRegularExpression size(u"WIDTH=(\\d+)\\s+HEIGHT=(\\d+)"_s);
-    const auto match = size.match(QString::fromLatin1(*output));
-    return QSize(match.captured(1).toInt(), match.captured(2).toInt());
-}
-
-std::optional<QRect> VirtualDisplay::areaOf(const QString &window) const
+QRect VirtualDisplay::areaOf(const QString &window) const
 {
     // Where xdotool says that a window is, some versions count its frame twice.
-    const auto size = sizeOf(window);
-    if (!size || !xdotool({u"mousemove"_s, u"--window"_s, window, u"0"_s, u"0"_s}))
-        return std::nullopt;
-    const auto output = xdotool({u"getmouselocation"_s, u"--shell"_s});
-    if (!output || !parkMouse())
-        return std::nullopt;
-    static const QRegularExpression location(u"X=(\\d+)\\s+Y=(\\d+)"_s);
-    const auto match = location.match(QString::fromLatin1(*output));
-    return QRect(QPoint(match.captured(1).toInt(), match.captured(2).toInt()), *size);
+    const auto said =
+        xdotool({u"getwindowgeometry"_s, u"--shell"_s, window, u"mousemove"_s, u"--window"_s,
+                 window, u"0"_s, u"0"_s, u"getmouselocation"_s, u"--shell"_s});
+    static const QRegularExpression number(u"^(WIDTH|HEIGHT|X|Y)=(\\d+)$"_s,
+                                           QRegularExpression::MultilineOption);
+    QHash<QString, int> last;
+    for (const auto &match : number.globalMatch(QString::fromLatin1(said.value_or(QByteArray()))))
+        last[match.captured(1)] = match.captured(2).toInt();
+    if (last.size() < 4 || !parkMouse())
+        return {};
+    return {last[u"X"_s], last[u"Y"_s], last[u"WIDTH"_s], last[u"HEIGHT"_s]};
 }
 
 bool VirtualDisplay::parkMouse() const

@@ -5,9 +5,7 @@
 
 #include "childofthetest.h"
 
-#include <QProcessEnvironment>
 #include <QRect>
-#include <QSize>
 #include <QStringList>
 #include <QTemporaryDir>
 
@@ -20,8 +18,8 @@ namespace quorvale::test {
 class VirtualDisplay
 {
 public:
-    /// Starts it. False, with a warning, when that fails, such as for a missing tool.
-    bool start();
+    /// Starts it. Ends the test when that fails, such as for a missing tool.
+    VirtualDisplay();
 
     /// The name for the environment variable DISPLAY.
     QString name() const { return m_name; }
@@ -44,10 +42,9 @@ public:
     /// Gives the window the keyboard.
     bool activate(const QString &window) const;
 
-    std::optional<QSize> sizeOf(const QString &window) const;
-
-    /// Where the window's content is on the screen. Parks the mouse.
-    std::optional<QRect> areaOf(const QString &window) const;
+    /// Where the window's content is on the screen; null, with a warning, when it is not. Parks the
+    /// mouse.
+    QRect areaOf(const QString &window) const;
 
     /// Puts the mouse into the screen's corner, out of the way.
     bool parkMouse() const;
@@ -60,8 +57,6 @@ public:
     QByteArray restingPicture(const QRect &area) const;
 
 private:
-    bool startServer();
-    bool startWindowManager();
     std::optional<QByteArray> run(const QStringList &arguments) const;
 
     QTemporaryDir m_folder;

@@ -2,16 +2,14 @@
 // SPDX-License-Identifier: MIT
 
 #include "windowdriver.h"
-#include "patience.h"
 
-#include "model/option.h"
+#include "patience.h"
 #include "programrun.h"
 #include "virtualdesktop.h"
 
+#include <QMultiMap>
 #include <QRegularExpression>
 #include <QTest>
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -26,7 +24,7 @@ namespace {
 // is disabled.
 bool canBeWorked(const AccessibleItem &item)
 {
-    if (!item.isAll({State::showing, State::enabled, State::sensitive}))
+    if (!item.is(State::showing) || !item.is(State::enabled) || !item.is(State::sensitive))
         return false;
     const QRect extents = item.extents();
     QTest::qWait(60);
@@ -48,24 +46,27 @@ bool WindowDriver::find()
     m_window = m_desktop.display().waitForWindow(u"Quorvale"_s).value_or(QString());
     if (m_window.isEmpty())
         return false;
-    m_area = m_desktop.display().areaOf(m_window).value_or(QRect());
+    m_area = m_desktop.display().areaOf(m_window);
     const auto isDrawn = [this] { // with more than the blank that a new window is
         const QByteArray picture = m_desktop.display().picture(m_area);
         return !picture.isEmpty() && picture.sliced(4) != picture.chopped(4);
     };
-    if (!QTest::qWaitFor(isDrawn, patience)) {
-        qWarning("The window stays blank.");
-        return false;
-    }
     const auto isOnTheBus = [this] {
-        m_application = m_desktop.accessibility().application(m_run.id());
+        m_application = m_desktop.application(m_run.id());
         return m_application.has_value();
     };
-    if (!QTest::qWaitFor(isOnTheBus, patience)) {
-        qWarning("The program does not come to the accessibility bus.");
-        return false;
-    }
-    return waitFor(AccessibleItem::named(Role::button, u"Add Videos"_s)).has_value();
+    return waitUntil(isDrawn, u"a drawn window"_s)
+           && waitUntil(isOnTheBus, u"the program on the accessibility bus"_s)
+           && waitFor(AccessibleItem::named(Role::button, u"Add Videos"_s));
+}
+
+bool WindowDriver::waitUntil(const std::function<bool()> &isSo, const QString &awaited) const
+{
+    if (QTest::qWaitFor(isSo, patience))
+        return true;
+    qWarning("This does not come: %s. There is this:\n%s", qPrintable(awaited),
+             m_application ? qPrintable(describe(*m_application)) : "nothing");
+    return false;
 }
 
 QByteArray WindowDriver::restingPicture() const
@@ -81,53 +82,37 @@ WindowDriver::waitFor(const AccessibleItem::Condition &condition) const
         found = application().find(condition);
         return found.has_value();
     };
-    if (!QTest::qWaitFor(isThere, patience))
-        qWarning("What is looked for is not there:\n%s", qPrintable(describe(application())));
+    waitUntil(isThere, u"what is looked for"_s);
     return found;
 }
 
 bool WindowDriver::waitForNo(const AccessibleItem::Condition &condition) const
 {
-    if (QTest::qWaitFor([&] { return !application().find(condition); }, patience))
-        return true;
-    qWarning("What should go stays:\n%s", qPrintable(describe(application())));
-    return false;
+    return waitUntil([&] { return !application().find(condition); }, u"the end of what is there"_s);
 }
 
-QList<AccessibleItem> WindowDriver::rowsInReadingOrder() const
+QStringList WindowDriver::rowNamesInReadingOrder() const
+{
+    return names(rows());
+}
+
+QStringList WindowDriver::rowNames() const
+{
+    QMultiMap<int, AccessibleItem> rowsByPlace;
+    for (const AccessibleItem &row : rows())
+        rowsByPlace.insert(row.extents().top(), row);
+    return names(rowsByPlace.values());
+}
+
+QList<AccessibleItem> WindowDriver::rows() const
 {
     const auto list = application().find(AccessibleItem::named(Role::list, u"Conversion queue"_s));
     return list ? list->findAll(Role::listItem) : QList<AccessibleItem>();
 }
 
-QList<AccessibleItem> WindowDriver::rows() const
-{
-    QList<std::pair<int, AccessibleItem>> rows;
-    for (const AccessibleItem &row : rowsInReadingOrder())
-        rows.emplace_back(row.extents().top(), row);
-    std::ranges::stable_sort(rows, {}, [](const auto &row) { return row.first; });
-    QList<AccessibleItem> sorted;
-    for (const auto &[top, row] : rows)
-        sorted << row;
-    return sorted;
-}
-
-QStringList WindowDriver::rowNames() const
-{
-    return names(rows());
-}
-
-QStringList WindowDriver::rowNamesInReadingOrder() const
-{
-    return names(rowsInReadingOrder());
-}
-
 bool WindowDriver::waitForRows(const QStringList &names) const
 {
-    if (QTest::qWaitFor([&] { return rowNames() == names; }, patience))
-        return true;
-    qWarning("The rows are %s.", qPrintable(rowNames().join(u", "_s)));
-    return false;
+    return waitUntil([&] { return rowNames() == names; }, u"the rows "_s + names.join(u' '));
 }
 
 QString WindowDriver::description(const QString &row) const
@@ -138,20 +123,14 @@ QString WindowDriver::description(const QString &row) const
 
 bool WindowDriver::waitForDescription(const QString &row, const QString &part) const
 {
-    if (QTest::qWaitFor([&] { return description(row).contains(part); }, patience))
-        return true;
-    qWarning("%s: %s", qPrintable(row), qPrintable(description(row)));
-    return false;
+    return waitUntil([&] { return description(row).contains(part); }, row + part);
 }
 
 bool WindowDriver::waitForProgress(const QString &row) const
 {
     // Any will do: how long one percentage stands is up to the machine.
     const QRegularExpression underWay(u", Converting [1-9]\\d*%"_s);
-    if (QTest::qWaitFor([&] { return description(row).contains(underWay); }, patience))
-        return true;
-    qWarning("%s: %s", qPrintable(row), qPrintable(description(row)));
-    return false;
+    return waitUntil([&] { return description(row).contains(underWay); }, u"progress of "_s + row);
 }
 
 std::optional<AccessibleItem> WindowDriver::focused() const
@@ -162,6 +141,18 @@ std::optional<AccessibleItem> WindowDriver::focused() const
     return items.isEmpty() ? std::nullopt : std::optional(items.last());
 }
 
+std::optional<AccessibleItem> WindowDriver::inRow(const QString &row, const QString &button) const
+{
+    std::optional<AccessibleItem> found;
+    const auto isThere = [&] {
+        const auto item = application().find(AccessibleItem::named(Role::listItem, row));
+        found = item ? item->find(AccessibleItem::named(Role::button, button)) : std::nullopt;
+        return found.has_value();
+    };
+    waitUntil(isThere, row + u' ' + button);
+    return found;
+}
+
 bool WindowDriver::click(const AccessibleItem::Condition &condition) const
 {
     std::optional<AccessibleItem> item;
@@ -169,51 +160,51 @@ bool WindowDriver::click(const AccessibleItem::Condition &condition) const
         item = application().find(condition);
         return item && canBeWorked(*item);
     };
-    if (QTest::qWaitFor(isReady, patience))
-        return clickAt(item->extents().center());
-    qWarning("What is to be clicked is not there, or disabled:\n%s",
-             qPrintable(describe(application())));
-    return false;
-}
-
-bool WindowDriver::click(Role role, const QString &name) const
-{
-    return click(AccessibleItem::named(role, name));
+    return waitUntil(isReady, u"what is to be clicked"_s) && activate()
+           && mouse(item->extents().center(), {u"click"_s, u"1"_s})
+           && m_desktop.display().parkMouse();
 }
 
 bool WindowDriver::clickInRow(const QString &row, const QString &button) const
 {
-    const auto item = waitFor(AccessibleItem::named(Role::listItem, row));
-    return item && click([&](const AccessibleItem &candidate) {
-               return candidate.role() == Role::button && candidate.name() == button
-                      && item->extents().contains(candidate.extents());
-           });
+    const auto item = inRow(row, button);
+    return item && click([&](const AccessibleItem &candidate) { return candidate == *item; });
 }
 
 bool WindowDriver::act(const QString &action, const AccessibleItem::Condition &condition) const
 {
-    const auto canAct = [&](const AccessibleItem &item) {
-        return condition(item) && item.actions().contains(action);
-    };
-    const auto item = waitFor(canAct);
+    const auto item = waitFor([&](const AccessibleItem &candidate) {
+        return condition(candidate) && candidate.actions().contains(action);
+    });
     return item && item->act(action);
-}
-
-bool WindowDriver::act(const QString &action, Role role, const QString &name) const
-{
-    return act(action, AccessibleItem::named(role, name));
 }
 
 bool WindowDriver::actInRow(const QString &row, const QString &button) const
 {
-    const auto item = waitFor(AccessibleItem::named(Role::listItem, row));
-    const auto found =
-        item ? item->find(AccessibleItem::named(Role::button, button)) : std::nullopt;
-    if (found && found->act(u"Press"_s))
-        return true;
-    qWarning("The row has no such button, or none that can be pressed:\n%s",
-             item ? qPrintable(describe(*item)) : "");
-    return false;
+    const auto item = inRow(row, button);
+    return item && item->act(u"Press"_s);
+}
+
+bool WindowDriver::dragRow(const QString &row, const QString &other) const
+{
+    const auto from = waitFor(AccessibleItem::named(Role::listItem, row));
+    const auto to = waitFor(AccessibleItem::named(Role::listItem, other));
+    if (!from || !to || !activate())
+        return false;
+    const QPoint begin = from->extents().center();
+    const QPoint end = to->extents().center();
+    bool isWorked = mouse(begin, {u"mousedown"_s, u"1"_s});
+    constexpr int steps = 10;
+    for (int step = 1; step <= steps && isWorked; ++step) {
+        QTest::qWait(20); // as a hand does
+        isWorked = mouse(begin + (end - begin) * step / steps);
+    }
+    return isWorked;
+}
+
+bool WindowDriver::releaseRow() const
+{
+    return m_desktop.display().xdotool({u"mouseup"_s, u"1"_s}) && m_desktop.display().parkMouse();
 }
 
 bool WindowDriver::press(const QString &key) const
@@ -243,10 +234,7 @@ bool WindowDriver::tabTo(const AccessibleItem::Condition &condition) const
 bool WindowDriver::openPanel(const QString &title) const
 {
     const auto panel = m_desktop.display().waitForWindow(title);
-    if (panel)
-        return m_desktop.display().activate(*panel);
-    qWarning("What is there is this:\n%s", qPrintable(describe(application())));
-    return false;
+    return panel && m_desktop.display().activate(*panel);
 }
 
 bool WindowDriver::enter(const QString &text) const
@@ -298,34 +286,9 @@ bool WindowDriver::chooseOutputFolder(const QString &folder) const
            && waitFor(AccessibleItem::named(Role::button, u"Save to "_s + folder));
 }
 
-bool WindowDriver::chooseCodec(OutputCodec codec) const
-{
-    const auto button = AccessibleItem::named(Role::radioButton, rawValue(codec));
-    return click(button) && waitFor([&](const AccessibleItem &item) {
-               return button(item) && item.is(State::checked);
-           });
-}
-
 bool WindowDriver::convert(int videos) const
 {
     return click(AccessibleItem::beginning(Role::button, u"Convert %1 Video"_s.arg(videos)));
-}
-
-bool WindowDriver::resizeBy(const QPoint &offset) const
-{
-    const VirtualDisplay &display = m_desktop.display();
-    const QPoint start = display.areaOf(m_window).value_or(m_area).bottomRight() - QPoint(20, 20);
-    const QPoint end = start + offset;
-    const auto at = [](const QPoint &place) {
-        return QStringList{u"mousemove"_s, QString::number(place.x()), QString::number(place.y())};
-    };
-    const QStringList rest{u"sleep"_s, u"0.1"_s};
-    const QStringList press{u"keydown"_s, u"alt"_s, u"mousedown"_s, u"3"_s};
-    const QStringList release{u"mouseup"_s, u"3"_s, u"keyup"_s, u"alt"_s};
-    return activate()
-           && display.xdotool(at(start) + press + rest + at((start + end) / 2) + rest + at(end)
-                              + rest + release)
-           && display.parkMouse();
 }
 
 bool WindowDriver::close() const
@@ -333,12 +296,10 @@ bool WindowDriver::close() const
     return activate() && press(u"alt+F4"_s);
 }
 
-bool WindowDriver::clickAt(const QPoint &place) const
+bool WindowDriver::mouse(const QPoint &place, const QStringList &work) const
 {
-    return activate()
-           && m_desktop.display().xdotool({u"mousemove"_s, QString::number(place.x()),
-                                           QString::number(place.y()), u"click"_s, u"1"_s})
-           && m_desktop.display().parkMouse();
+    const QStringList move{u"mousemove"_s, QString::number(place.x()), QString::number(place.y())};
+    return m_desktop.display().xdotool(move + work).has_value();
 }
 
 } // namespace quorvale::test

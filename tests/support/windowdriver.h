@@ -5,12 +5,13 @@
 
 #include "accessibleitem.h"
 
-#include "model/outputcodec.h"
-
 #include <QByteArray>
 #include <QPoint>
 #include <QRect>
 #include <QString>
+
+#include <functional>
+#include <optional>
 
 namespace quorvale::test {
 
@@ -46,9 +47,10 @@ public:
     /// Waits until there is no such item.
     bool waitForNo(const AccessibleItem::Condition &condition) const;
 
-    /// The rows of the queue that are shown, from the top.
-    QList<AccessibleItem> rows() const;
+    /// The names of the queue's rows that are shown, from the top.
     QStringList rowNames() const;
+    /// The same in the order in which a screen reader goes through them.
+    QStringList rowNamesInReadingOrder() const;
     bool waitForRows(const QStringList &names) const;
 
     /// What is read out for the row beside its file name; empty when there is none.
@@ -58,24 +60,31 @@ public:
     /// Waits until it says that some of the row's conversion is done and some is not.
     bool waitForProgress(const QString &row) const;
 
-    /// The rows that are shown, in the order in which a screen reader goes through them.
-    QStringList rowNamesInReadingOrder() const;
-
     /// The item that has the keyboard.
     std::optional<AccessibleItem> focused() const;
 
     /// Clicks the middle of the item as soon as it can be worked.
     bool click(const AccessibleItem::Condition &condition) const;
-    bool click(AccessibleItem::Role role, const QString &name) const;
+    bool click(AccessibleItem::Role role, const QString &name) const
+    {
+        return click(AccessibleItem::named(role, name));
+    }
     /// Clicks the button of the row.
     bool clickInRow(const QString &row, const QString &button) const;
 
     /// Does the action of the item, without the mouse and the keyboard, as soon as the item is
     /// there and offers it.
     bool act(const QString &action, const AccessibleItem::Condition &condition) const;
-    bool act(const QString &action, AccessibleItem::Role role, const QString &name) const;
+    bool act(const QString &action, AccessibleItem::Role role, const QString &name) const
+    {
+        return act(action, AccessibleItem::named(role, name));
+    }
     /// Does the action "Press" of the button of the row.
     bool actInRow(const QString &row, const QString &button) const;
+
+    /// Takes the row by the mouse and drags it over another, where it is held until it is released.
+    bool dragRow(const QString &row, const QString &other) const;
+    bool releaseRow() const;
 
     /// Presses a key, or several at once as in "ctrl+o", in whatever window has the keyboard.
     bool press(const QString &key) const;
@@ -95,21 +104,19 @@ public:
     /// Chooses the folder in the panel that the button opens.
     bool chooseOutputFolder(const QString &folder) const;
 
-    bool chooseCodec(OutputCodec codec) const;
-
     /// Waits until there are so many videos to convert, which enables the button, and presses it.
     bool convert(int videos) const;
-
-    /// Drags the window's lower right corner by an offset, as far as the window lets it.
-    bool resizeBy(const QPoint &offset) const;
 
     /// Has the window manager ask the window to close.
     bool close() const;
 
 private:
-    QList<AccessibleItem> rowsInReadingOrder() const;
+    bool waitUntil(const std::function<bool()> &isSo, const QString &awaited) const;
+    QList<AccessibleItem> rows() const; // in reading order
+    std::optional<AccessibleItem> inRow(const QString &row, const QString &button) const;
     bool pressUntilClosed(const QString &key, const QString &title) const;
-    bool clickAt(const QPoint &place) const;
+    // Moves the mouse to a place of the screen and does something there, in xdotool's words.
+    bool mouse(const QPoint &place, const QStringList &work = {}) const;
     // Types into the field that has the keyboard, in place of what is in it.
     bool enter(const QString &text) const;
 

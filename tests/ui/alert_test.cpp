@@ -19,11 +19,7 @@ class AlertTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        QVERIFY(m_desktop.start());
-        QVERIFY(QFile(video()).open(QIODevice::WriteOnly));
-    }
+    void initTestCase() { QVERIFY(QFile(video()).open(QIODevice::WriteOnly)); }
 
     void init()
     {

@@ -62,8 +62,6 @@ class GraphicsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { QVERIFY(m_display.start()); }
-
     void findsNoProcessorInAnEmptySystem() { QVERIFY(!hasGraphicsProcessor(FakeSystem().root())); }
 
     // A screen alone, such as a server's or a virtual machine's, draws nothing.

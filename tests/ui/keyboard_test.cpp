@@ -4,7 +4,6 @@
 #include "support/patience.h"
 #include "support/programbench.h"
 #include "support/testclass.h"
-#include "support/videofile.h"
 
 #include <QDebug>
 #include <QTest>
@@ -25,9 +24,8 @@ class KeyboardTest : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        QVERIFY(m_desktop.start());
         for (const QString &name : {u"a.mp4"_s, u"b.mp4"_s, u"c.mp4"_s})
-            QVERIFY(makeLongVideo(m_folder.filePath(name), 3600));
+            QVERIFY(QFile(m_folder.filePath(name)).open(QIODevice::WriteOnly));
     }
 
     void init()
@@ -193,23 +191,6 @@ private Q_SLOTS:
         QVERIFY(window().tabTo(named(u"Remove from queue"_s)));
         QVERIFY(window().press(key));
         QVERIFY(window().waitForRows({u"a.mp4"_s, u"c.mp4"_s}));
-    }
-
-    void keysConvertAndCancel_data() { aPickerOpensAndCloses_data(); }
-    void keysConvertAndCancel()
-    {
-        QFETCH(const QString, key);
-        queueThree();
-        QVERIFY(window().chooseOutputFolder(m_bench->outputFolder()));
-        QVERIFY(window().activate());
-        QVERIFY(window().tabTo(named(u"Convert 3 Videos"_s)));
-        QVERIFY(window().press(key));
-        // The button in its place has the keyboard.
-        QVERIFY(waitForFocus(u"Cancel"_s));
-        pid_t ffmpeg = 0;
-        QVERIFY(m_bench->waitForTool("libx264", ffmpeg));
-        QVERIFY(window().press(key));
-        QVERIFY(waitForFocus(u"Convert 3 Videos"_s));
     }
 
 private:

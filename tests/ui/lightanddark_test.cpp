@@ -3,7 +3,7 @@
 
 #include "support/patience.h"
 #include "support/programbench.h"
-#include "support/standinsettings.h"
+#include "support/standinportal.h"
 #include "support/testclass.h"
 
 #include <QTest>
@@ -17,8 +17,6 @@ class LightAndDarkTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { QVERIFY(m_desktop.start()); }
-
     void init() { m_bench = std::make_unique<ProgramBench>(m_desktop); }
 
     void cleanup() { m_bench.reset(); }
@@ -33,7 +31,7 @@ private Q_SLOTS:
     {
         QFETCH(const uint, colorScheme);
         const uint other = colorScheme == dark ? light : dark;
-        const StandInSettings settings(session(), colorScheme);
+        StandInPortal settings(m_desktop.session(), colorScheme);
         QVERIFY(m_bench->start());
         QTRY_COMPARE_WITH_TIMEOUT(shown(), colorScheme, patience);
         settings.changeColorScheme(other);
@@ -47,10 +45,10 @@ private Q_SLOTS:
     {
         QVERIFY(m_bench->start());
         QTRY_COMPARE_WITH_TIMEOUT(shown(), light, patience);
-        auto settings = std::make_unique<StandInSettings>(session(), dark);
+        auto settings = std::make_unique<StandInPortal>(m_desktop.session(), dark);
         QTRY_COMPARE_WITH_TIMEOUT(shown(), dark, patience);
         settings->end();
-        settings = std::make_unique<StandInSettings>(session(), light);
+        settings = std::make_unique<StandInPortal>(m_desktop.session(), light);
         QTRY_COMPARE_WITH_TIMEOUT(shown(), light, patience);
         settings->changeColorScheme(dark);
         QTRY_COMPARE_WITH_TIMEOUT(shown(), dark, patience);
@@ -61,8 +59,6 @@ private:
     // As the portal numbers them.
     static constexpr uint dark = 1;
     static constexpr uint light = 2;
-
-    const PrivateBus &session() const { return m_desktop.accessibility().session(); }
 
     // What the window's background is; 0 when it cannot be seen.
     uint shown() const

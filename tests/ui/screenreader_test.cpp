@@ -25,9 +25,8 @@ class ScreenReaderTest : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        QVERIFY(m_desktop.start());
         QVERIFY(QDir(m_folder.path()).mkdir(u"Trip"_s));
-        QVERIFY(makeLongVideo(clip(u"a.mp4"_s), 1200));
+        QVERIFY(makeVideo(clip(u"a.mp4"_s), 1200));
         QFile broken(clip(u"b.mp4"_s));
         QVERIFY(broken.open(QIODevice::WriteOnly) && broken.write("no video") > 0);
     }
@@ -73,10 +72,10 @@ private Q_SLOTS:
         QVERIFY(hardware->is(State::checked));
         QVERIFY(window().waitFor(AccessibleItem::named(Role::label, u"FFmpeg ready"_s)));
 
-        QVERIFY(window().chooseCodec(OutputCodec::proRes422));
-        const auto former = window().waitFor(AccessibleItem::named(Role::radioButton, u"H.264"_s));
-        QVERIFY(former);
-        QVERIFY(!former->is(State::checked));
+        QVERIFY(window().click(Role::radioButton, u"ProRes 422"_s));
+        QVERIFY(window().waitForNo([](const AccessibleItem &item) {
+            return item.name() == u"H.264"_s && item.is(State::checked);
+        }));
         verifyChoice(u"Audio"_s, u"PCM (ProRes workflow)"_s);
     }
 
@@ -102,18 +101,6 @@ private Q_SLOTS:
         QVERIFY(window()
                     .description(u"b.mp4"_s)
                     .contains(u"Invalid data found when processing input"_s));
-    }
-
-    void aRowReadsWhyItFailedBeforeAllElse()
-    {
-        QVERIFY(m_bench->queue({clip(u"a.mp4"_s)}));
-        QVERIFY(window().chooseOutputFolder(m_bench->outputFolder()));
-        QVERIFY(window().convert(1));
-        QVERIFY(window().waitForProgress(u"a.mp4"_s));
-        QVERIFY(window().click(Role::button, u"Cancel"_s));
-        QVERIFY(window().waitForDescription(u"a.mp4"_s, u"Trip, Failed, "_s));
-        QCOMPARE(window().description(u"a.mp4"_s),
-                 u"Trip, Failed, Exiting normally, received signal 2."_s);
     }
 
     void theProgressIsRead()

@@ -4,7 +4,6 @@
 #include "support/patience.h"
 #include "support/programbench.h"
 #include "support/testclass.h"
-#include "support/virtualdesktop.h"
 
 #include <QTest>
 
@@ -19,7 +18,6 @@ class WindowSizeTest : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        QVERIFY(m_desktop.start());
         m_bench = std::make_unique<ProgramBench>(m_desktop);
         QVERIFY(m_bench->start());
     }
@@ -39,7 +37,7 @@ private Q_SLOTS:
     void cannotBeMadeSmaller()
     {
         QFETCH(const QPoint, offset);
-        QVERIFY(m_bench->window().resizeBy(offset));
+        QVERIFY(resizeBy(offset));
         // However late the window manager is.
         for (int i = 0; i < 20; ++i) {
             QTest::qWait(50);
@@ -51,16 +49,33 @@ private Q_SLOTS:
     void canBeMadeLarger()
     {
         const QPoint offset(60, 40);
-        QVERIFY(m_bench->window().resizeBy(offset));
+        QVERIFY(resizeBy(offset));
         const QSize large = least + QSize(offset.x(), offset.y());
         QTRY_COMPARE_WITH_TIMEOUT(size(), large, patience);
         QCOMPARE(m_bench->run().complaints(), QByteArray());
     }
 
 private:
-    QSize size() const
+    QSize size() const { return m_desktop.display().areaOf(m_bench->window().window()).size(); }
+
+    // Drags the window's lower right corner, as far as the window lets it.
+    bool resizeBy(const QPoint &offset) const
     {
-        return m_desktop.display().sizeOf(m_bench->window().window()).value_or(QSize());
+        const VirtualDisplay &display = m_desktop.display();
+        const QPoint start =
+            display.areaOf(m_bench->window().window()).bottomRight() - QPoint(20, 20);
+        const QPoint end = start + offset;
+        const auto at = [](const QPoint &place) {
+            return QStringList{u"mousemove"_s, QString::number(place.x()),
+                               QString::number(place.y())};
+        };
+        const QStringList rest{u"sleep"_s, u"0.1"_s};
+        const QStringList press{u"keydown"_s, u"alt"_s, u"mousedown"_s, u"3"_s};
+        const QStringList release{u"mouseup"_s, u"3"_s, u"keyup"_s, u"alt"_s};
+        return m_bench->window().activate()
+               && display.xdotool(at(start) + press + rest + at((start + end) / 2) + rest + at(end)
+                                  + rest + release)
+               && display.parkMouse();
     }
 
     const QSize least = QSize(960, 640);

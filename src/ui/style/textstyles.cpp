@@ -24,9 +24,10 @@ QFont interfaceFont(int size, QFont::Weight weight = QFont().weight())
 TextStyles::TextStyles(QObject *parent)
     : QObject(parent), title2Bold(interfaceFont(17, QFont::Bold)),
       title3Bold(interfaceFont(15, QFont::Bold)), body(interfaceFont(13)),
-      bodyMedium(interfaceFont(13, QFont::Medium)), bodySemibold(interfaceFont(13, QFont::DemiBold)),
-      subheadline(interfaceFont(11)), subheadlineSemibold(interfaceFont(11, QFont::DemiBold)),
-      caption(interfaceFont(10)), sectionLabel(interfaceFont(10, QFont::Bold))
+      bodyMedium(interfaceFont(13, QFont::Medium)),
+      bodySemibold(interfaceFont(13, QFont::DemiBold)), subheadline(interfaceFont(11)),
+      subheadlineSemibold(interfaceFont(11, QFont::DemiBold)), caption(interfaceFont(10)),
+      sectionLabel(interfaceFont(10, QFont::Bold))
 {
     sectionLabel.setLetterSpacing(QFont::AbsoluteSpacing, 1.1);
 }

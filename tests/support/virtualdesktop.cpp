@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
-#include "accessibilitybus.h"
+#include "virtualdesktop.h"
 
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
@@ -10,34 +10,24 @@ using namespace Qt::StringLiterals;
 
 namespace quorvale::test {
 
-AccessibilityBus::~AccessibilityBus()
-{
-    if (!m_address.isEmpty())
-        QDBusConnection::disconnectFromBus(m_address);
-}
-
-bool AccessibilityBus::start()
+VirtualDesktop::VirtualDesktop()
 {
     const auto question = QDBusMessage::createMethodCall(u"org.a11y.Bus"_s, u"/org/a11y/bus"_s,
                                                          u"org.a11y.Bus"_s, u"GetAddress"_s);
     const QDBusMessage reply = m_session.connection(u"screen reader"_s).call(question);
-    const QString address = reply.arguments().value(0).toString();
-    if (reply.type() != QDBusMessage::ReplyMessage || address.isEmpty()) {
-        qWarning("There is no accessibility bus: %s", qPrintable(reply.errorMessage()));
-        return false;
-    }
-    const auto bus = QDBusConnection::connectToBus(address, address);
-    if (!bus.isConnected()) {
-        qWarning("%s: %s", qPrintable(address), qPrintable(bus.lastError().message()));
-        return false;
-    }
-    m_address = address;
-    return true;
+    m_accessibility = reply.arguments().value(0).toString();
+    if (!QDBusConnection::connectToBus(m_accessibility, m_accessibility).isConnected())
+        qFatal("There is no accessibility bus: %s", qPrintable(reply.errorMessage()));
 }
 
-std::optional<AccessibleItem> AccessibilityBus::application(pid_t process) const
+VirtualDesktop::~VirtualDesktop()
 {
-    const QDBusConnection bus = connection();
+    QDBusConnection::disconnectFromBus(m_accessibility);
+}
+
+std::optional<AccessibleItem> VirtualDesktop::application(pid_t process) const
+{
+    const QDBusConnection bus(m_accessibility);
     const AccessibleItem registry(bus, u"org.a11y.atspi.Registry"_s,
                                   u"/org/a11y/atspi/accessible/root"_s);
     for (const AccessibleItem &application : registry.children()) {
