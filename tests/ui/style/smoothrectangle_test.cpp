@@ -316,9 +316,37 @@ private Q_SLOTS:
         item.setProperty("borderWidth", 0);
         QCOMPARE(pixelAt(stage.picture(), {119, 40}), QColor(Qt::green).rgb());
         QCOMPARE(pixelAt(stage.picture(), {18.5, 40}), QColor(Qt::white).rgb());
+        // Its round corners are smooth there, too.
+        QVERIFY(countMixed(stage.picture(), Qt::green) > 0);
+
+        item.setWidth(120);
+        QCOMPARE(pixelAt(stage.picture(), {139, 40}), QColor(Qt::green).rgb());
+
+        // Changed while it is hidden.
+        item.setVisible(false);
+        QVERIFY(isAll(stage.picture(), Qt::white));
+        item.setProperty("color", QColor(Qt::red));
+        item.setProperty("endColor", QColor(Qt::red));
+        QVERIFY(isAll(stage.picture(), Qt::white));
+        item.setVisible(true);
+        QCOMPARE(pixelAt(stage.picture(), {70, 40}), QColor(Qt::red).rgb());
     }
 
 private:
+    // The pixels that are neither white nor of the colour.
+    static int countMixed(const QImage &image, const QColor &color)
+    {
+        const QRgb white = QColor(Qt::white).rgb();
+        int count = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                const QRgb pixel = image.pixel(x, y);
+                count += pixel != white && pixel != color.rgb() ? 1 : 0;
+            }
+        }
+        return count;
+    }
+
     static bool isSame(const QImage &one, const QImage &other)
     {
         for (int y = 0; y < one.height(); ++y) {
