@@ -60,6 +60,10 @@ private Q_SLOTS:
         QVERIFY(!changes.isEmpty());
         setWindowColor(lightWindow);
         QVERIFY(!look.isDark());
+        setWindowColor(QColor(0x70, 0x70, 0x70));
+        QVERIFY(look.isDark());
+        setWindowColor(QColor(0x90, 0x90, 0x90));
+        QVERIFY(!look.isDark());
     }
 
     void theSettingsDecide_data()
