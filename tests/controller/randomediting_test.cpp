@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
+#include "referencequeue.h"
 #include "support/leftovers.h"
 #include "support/patience.h"
 #include "support/queue.h"
@@ -8,14 +9,11 @@
 
 #include <QAbstractItemModelTester>
 #include <QDeadlineTimer>
-#include <QDir>
 #include <QFile>
-#include <QSet>
 #include <QTest>
 
 #include <algorithm>
 #include <csignal>
-#include <optional>
 #include <random>
 
 using namespace quorvale;
@@ -50,196 +48,6 @@ bool becomesTrue(const Condition &condition)
     }
     return true;
 }
-
-// How one conversion goes.
-struct ConversionPlan
-{
-    enum class AtInterrupt { dies, ignoresIt, fails, succeeds };
-    enum class AtEnd { succeeds, fails, crashes };
-
-    double progress = 0.0; // the fraction that it reports before it waits for its end
-    AtInterrupt atInterrupt = AtInterrupt::dies;
-    AtEnd atEnd = AtEnd::succeeds;
-};
-
-// The queue and its batch as they are meant to be, as plainly as can be: the other side of the
-// comparison. A conversion stands still until it is told to end.
-class ReferenceQueue
-{
-public:
-    struct Job
-    {
-        QString source; // a path
-        QUuid id;       // as the real queue has chosen it
-        double progress = 0.0;
-        JobState state = JobState::waiting();
-    };
-
-    QList<Job> jobs;
-    std::optional<QString> alertMessage;
-    QList<ConversionPlan> plans; // of the conversions, in turn
-    qsizetype conversions = 0;   // that have been started so far
-    bool isConverting = false;
-
-    // Names are compared character by character here, so they have to be of lower-case letters.
-    void add(const QStringList &paths)
-    {
-        QSet<QString> queued;
-        for (const Job &job : std::as_const(jobs)) {
-            if (!job.state.is(completed))
-                queued << QDir::cleanPath(job.source);
-        }
-        QList<Job> fresh;
-        for (const QString &path : paths) {
-            if (path.endsWith(u".mkv"_s) && !queued.contains(QDir::cleanPath(path)))
-                fresh << Job{path, {}};
-        }
-        std::ranges::stable_sort(
-            fresh, {}, [](const Job &job) { return job.source.mid(job.source.lastIndexOf(u'/')); });
-        jobs += fresh;
-    }
-
-    void remove(const QUuid &id)
-    {
-        jobs.removeIf([&](const Job &job) { return job.id == id; });
-    }
-
-    void requeue(const QUuid &id)
-    {
-        if (Job *job = find(id)) {
-            job->state = JobState::waiting();
-            job->progress = 0.0;
-        }
-    }
-
-    void move(const QUuid &id, qsizetype offset)
-    {
-        const Job *job = find(id);
-        if (isConverting || !job)
-            return;
-        const qsizetype from = job - jobs.constData();
-        jobs.move(from, std::clamp<qsizetype>(from + offset, 0, jobs.size() - 1));
-    }
-
-    void move(const QList<int> &rows, qsizetype destination)
-    {
-        if (isConverting)
-            return;
-        QList<Job> before;
-        QList<Job> moved;
-        QList<Job> behind;
-        for (qsizetype row = 0; row < jobs.size(); ++row)
-            (rows.contains(row) ? moved : row < destination ? before : behind) << jobs[row];
-        jobs = before + moved + behind;
-    }
-
-    void clearCompleted()
-    {
-        jobs.removeIf([](const Job &job) { return job.state.is(completed); });
-    }
-
-    void start()
-    {
-        if (isConverting)
-            return;
-        m_ids.clear();
-        for (const Job &job : std::as_const(jobs)) {
-            if (!job.state.is(completed))
-                m_ids << job.id;
-        }
-        if (m_ids.isEmpty()) {
-            alertMessage = u"Add or re-queue at least one video first."_s;
-            return;
-        }
-        isConverting = true;
-        m_isCancelled = false;
-        convertNext();
-    }
-
-    void cancel()
-    {
-        if (!isConverting)
-            return;
-        m_isCancelled = true;
-        switch (plans[conversions - 1].atInterrupt) {
-        case ConversionPlan::AtInterrupt::dies:
-            return finish(JobState::cancelled());
-        case ConversionPlan::AtInterrupt::ignoresIt:
-            return;
-        case ConversionPlan::AtInterrupt::fails:
-            return finish(JobState::failed(u"FFmpeg could not convert this file."_s));
-        case ConversionPlan::AtInterrupt::succeeds:
-            return finish(JobState::completed());
-        }
-    }
-
-    // Lets the conversion that runs come to its end.
-    void endConversion()
-    {
-        switch (plans[conversions - 1].atEnd) {
-        case ConversionPlan::AtEnd::succeeds:
-            return finish(JobState::completed());
-        case ConversionPlan::AtEnd::fails:
-            return finish(JobState::failed(u"no"_s));
-        case ConversionPlan::AtEnd::crashes:
-            return finish(JobState::cancelled());
-        }
-    }
-
-    // The job that is being converted, if it is still in the list.
-    const Job *convertingJob() { return find(m_convertingId); }
-
-    qsizetype completedCount() const
-    {
-        return std::ranges::count_if(jobs, [](const Job &job) { return job.state.is(completed); });
-    }
-
-    double overallProgress() const
-    {
-        double sum = 0.0;
-        for (const Job &job : jobs)
-            sum += job.state.is(completed) ? 1.0 : job.progress;
-        return jobs.isEmpty() ? 0.0 : sum / static_cast<double>(jobs.size());
-    }
-
-private:
-    Job *find(const QUuid &id)
-    {
-        const auto job = std::ranges::find(jobs, id, &Job::id);
-        return job == jobs.end() ? nullptr : &*job;
-    }
-
-    void finish(const JobState &state)
-    {
-        if (Job *job = find(m_convertingId)) {
-            job->state = state;
-            if (state.is(completed))
-                job->progress = 1.0;
-        }
-        m_convertingId = {};
-        if (state.is(cancelled))
-            m_isCancelled = true;
-        convertNext();
-    }
-
-    void convertNext()
-    {
-        while (!m_isCancelled && !m_ids.isEmpty()) {
-            const QUuid id = m_ids.takeFirst();
-            if (Job *job = find(id)) {
-                m_convertingId = id;
-                job->state = JobState::converting();
-                job->progress = plans[conversions++].progress;
-                return;
-            }
-        }
-        isConverting = false;
-    }
-
-    bool m_isCancelled = false;
-    QList<QUuid> m_ids; // that the batch has yet to convert
-    QUuid m_convertingId;
-};
 
 // The queue and its model, stepping together.
 class Pair
