@@ -125,7 +125,8 @@ private Q_SLOTS:
             m_queue->model().cancel();
             m_queue->model().start(); // too early, unless the batch has ended
             QVERIFY(m_queue->awaitEnd());
-            QVERIFY(m_queue->runBatch());
+            // Both jobs may have been done before the cancel.
+            QVERIFY(m_queue->model().completedCount() == 2 || m_queue->runBatch());
             QCOMPARE(m_queue->model().completedCount(), 2);
         }
     }
