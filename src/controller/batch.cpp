@@ -32,7 +32,11 @@ QCoro::Task<> Batch::run()
         const QUrl source = job->source();
         m_jobs.setState(id, JobState::converting());
         m_jobs.setProgress(id, 0.0);
-        const QUrl output = outputUrl(source, m_destination, m_settings);
+        // The service asks for it on a thread of its own, which may outlive the batch.
+        const FFmpegService::DestinationChooser output = [source, destination = m_destination,
+                                                          settings = m_settings] {
+            return outputUrl(source, destination, settings);
+        };
         try {
             co_await m_service.convert(source, output, m_settings, progressHandler(id));
             m_jobs.setState(id, JobState::completed());

@@ -52,14 +52,20 @@ ConverterViewModel::ConverterViewModel(std::unique_ptr<OpenPanel> panel,
     : m_panel(std::move(panel)), m_fileManager(std::move(fileManager))
 {
     connect(&m_jobs, &JobListModel::changed, this, &ConverterViewModel::jobsChanged);
+    connect(&m_searches, &SearchQueue::found, this, &ConverterViewModel::append);
 }
 
 void ConverterViewModel::add(const QList<QUrl> &urls)
 {
-    QList<SourceFile> fresh = findVideos(urls);
-    fresh.removeIf([this](const SourceFile &file) { return m_jobs.isQueued(file); });
-    sortByName(fresh);
-    m_jobs.append(QList<ConversionJob>(fresh.cbegin(), fresh.cend()));
+    QList<SourceFile> videos = findVideos(urls);
+    sortByName(videos);
+    append(videos);
+}
+
+void ConverterViewModel::append(QList<SourceFile> videos)
+{
+    videos.removeIf([this](const SourceFile &video) { return m_jobs.isQueued(video); });
+    m_jobs.append(QList<ConversionJob>(videos.cbegin(), videos.cend()));
 }
 
 void ConverterViewModel::remove(const QUuid &id)
@@ -114,11 +120,13 @@ double ConverterViewModel::overallProgress() const
 
 bool ConverterViewModel::handleDrop(const QList<QUrl> &urls)
 {
+    QList<QList<QUrl>> additions;
     for (const QUrl &url : urls) {
         if (const auto file = localFile(url))
-            QMetaObject::invokeMethod(
-                this, [this, file = *file] { add({file}); }, Qt::QueuedConnection);
+            additions.append({*file});
     }
+    if (!additions.isEmpty())
+        m_searches.search(additions);
     return true;
 }
 
@@ -128,7 +136,7 @@ void ConverterViewModel::chooseFiles()
             .prompt = u"Add Videos"_s,
             .choice = OpenPanelRequest::Choice::videos,
             .allowsMultiple = true},
-           &ConverterViewModel::add);
+           &ConverterViewModel::search);
 }
 
 void ConverterViewModel::chooseFolder()
@@ -137,7 +145,7 @@ void ConverterViewModel::chooseFolder()
             .prompt = u"Add Folder"_s,
             .choice = OpenPanelRequest::Choice::folders,
             .allowsMultiple = true},
-           &ConverterViewModel::add);
+           &ConverterViewModel::search);
 }
 
 void ConverterViewModel::chooseDestination()

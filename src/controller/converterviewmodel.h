@@ -9,6 +9,7 @@
 #include "model/conversionsettings.h"
 #include "model/filepath.h"
 #include "openpanel.h"
+#include "searchqueue.h"
 
 #include <QCoroTask>
 #include <QObject>
@@ -25,6 +26,7 @@ class ConverterViewModel : public QObject, public std::enable_shared_from_this<C
 {
     Q_OBJECT
     Q_PROPERTY(quorvale::JobListModel *jobs READ jobModel CONSTANT)
+    Q_PROPERTY(quorvale::SearchQueue *searches READ searches CONSTANT)
     Q_PROPERTY(QString destinationPath READ destinationPath NOTIFY destinationChanged)
     Q_PROPERTY(bool hasDestination READ hasDestination NOTIFY destinationChanged)
     Q_PROPERTY(QStringList codecLabels READ codecLabels CONSTANT)
@@ -63,8 +65,15 @@ public:
 
     /// Queues the accepted videos among `urls`, files or folders, behind the jobs that are there,
     /// sorted by file name. A file with a job that is not completed is not queued again; everything
-    /// that is not accepted is left out silently.
+    /// that is not accepted is left out silently. Waits for the disks that are searched.
     void add(const QList<QUrl> &urls);
+
+    /// The same without waiting: the videos are queued when they are found, but not before those of
+    /// earlier calls and drops.
+    void search(const QList<QUrl> &urls) { m_searches.search({urls}); }
+
+    /// What is being searched, for views.
+    SearchQueue *searches() { return &m_searches; }
 
     /// Removes the job, whatever its state; what becomes of a running conversion of it is dropped.
     Q_INVOKABLE void remove(const QUuid &id);
@@ -96,14 +105,13 @@ public:
     // until then; while one of them waits, all of them do nothing. An object of QML must not be
     // destroyed while one of its handlers waits for them: handlers call them by Qt.callLater().
 
-    /// Lets the user choose videos and queues them.
+    /// Lets the user choose videos and queues them by a search().
     Q_INVOKABLE void chooseFiles();
 
-    /// Lets the user choose folders and queues the videos below them.
+    /// Lets the user choose folders and queues the videos below them by a search().
     Q_INVOKABLE void chooseFolder();
 
-    /// Queues each dropped URL by a call of add() of its own, in order, once the drop is over. Says
-    /// true, whatever was dropped.
+    /// Queues each dropped URL by a search() of its own, in order. Says true, whatever was dropped.
     Q_INVOKABLE bool handleDrop(const QList<QUrl> &urls);
 
     /// The output folder, once one was chosen.
@@ -184,6 +192,8 @@ private:
     void change(Setting &setting, Setting value);
     QString alertText() const { return m_alertMessage.value_or(QString()); }
 
+    void append(QList<SourceFile> videos);
+
     // Has the user choose in a panel and hands what was chosen to `take`.
     void choose(const OpenPanelRequest &request,
                 void (ConverterViewModel::*take)(const QList<QUrl> &));
@@ -194,6 +204,7 @@ private:
     QCoro::Task<> run(std::shared_ptr<Batch> batch);
 
     JobListModel m_jobs;
+    SearchQueue m_searches;
     std::optional<QUrl> m_destination;
     ConversionSettings m_settings;
     bool m_isConverting = false;

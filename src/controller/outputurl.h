@@ -10,7 +10,8 @@
 namespace quorvale {
 
 /// Where the conversion of `source` with `settings` writes in the folder `destination`. With
-/// overwrite off it is a path where nothing is yet, not even a link that leads nowhere.
+/// overwrite off it is a path where nothing is yet, not even a link that leads nowhere. Waits for
+/// the disk. Any thread.
 QUrl outputUrl(const QUrl &source, const QUrl &destination, const ConversionSettings &settings);
 
 } // namespace quorvale

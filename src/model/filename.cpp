@@ -35,6 +35,11 @@ QByteArrayView pathExtension(QByteArrayView name)
     return dot > 0 ? name.sliced(dot + 1) : QByteArrayView();
 }
 
+QString lowerCaseExtension(QByteArrayView name)
+{
+    return QString::fromUtf8(pathExtension(name)).toLower();
+}
+
 QByteArrayView withoutExtension(QByteArrayView name)
 {
     const QByteArrayView extension = pathExtension(name);

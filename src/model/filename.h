@@ -7,6 +7,7 @@
 
 #include <QByteArray>
 #include <QByteArrayView>
+#include <QString>
 
 namespace quorvale {
 
@@ -22,6 +23,9 @@ QByteArrayView folderName(QByteArrayView path);
 /// The part of the file name `name` behind its last dot; empty when there is no dot or only a
 /// leading one (".mp4" is a hidden file without extension).
 QByteArrayView pathExtension(QByteArrayView name);
+
+/// The same in lower case, to compare with.
+QString lowerCaseExtension(QByteArrayView name);
 
 /// The file name `name` without its last extension: "trip.final.mkv" gives "trip.final".
 QByteArrayView withoutExtension(QByteArrayView name);

@@ -16,25 +16,22 @@ void ActiveProcess::replace(const std::shared_ptr<ChildProcess> &process) noexce
 void ActiveProcess::cancel()
 {
     std::shared_ptr<ChildProcess> process;
+    std::stop_source cancel;
     {
         const std::scoped_lock guard(m_lock);
-        m_wasCancelled = true;
         process = m_process;
+        cancel = m_cancel;
     }
+    cancel.request_stop();
     if (process)
         process->interrupt();
 }
 
-bool ActiveProcess::wasCancelled() const
+std::stop_token ActiveProcess::watchForCancel()
 {
     const std::scoped_lock guard(m_lock);
-    return m_wasCancelled;
-}
-
-void ActiveProcess::forgetCancel()
-{
-    const std::scoped_lock guard(m_lock);
-    m_wasCancelled = false;
+    m_cancel = {};
+    return m_cancel.get_token();
 }
 
 } // namespace quorvale

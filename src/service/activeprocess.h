@@ -7,6 +7,7 @@
 
 #include <memory>
 #include <mutex>
+#include <stop_token>
 
 namespace quorvale {
 
@@ -24,20 +25,18 @@ public:
         return qScopeGuard([this] { replace(nullptr); });
     }
 
-    /// Interrupts the process, if there is one, and remembers the cancel. Never blocks.
+    /// Interrupts the process, if there is one, and tells who watches for it. Never blocks.
     void cancel();
 
-    bool wasCancelled() const;
-
-    /// Lets nothing be cancelled so far.
-    void forgetCancel();
+    /// Says of the cancels from now on whether there was one.
+    std::stop_token watchForCancel();
 
 private:
     void replace(const std::shared_ptr<ChildProcess> &process) noexcept;
 
-    mutable std::mutex m_lock; // guards the two fields below, held for no more than that
+    std::mutex m_lock; // guards the two fields below, held for no more than that
     std::shared_ptr<ChildProcess> m_process;
-    bool m_wasCancelled = false;
+    std::stop_source m_cancel;
 };
 
 } // namespace quorvale

@@ -3,6 +3,7 @@
 
 #include "ffmpegservice.h"
 
+#include "disklook.h"
 #include "encoderrun.h"
 #include "ffmpegerror.h"
 #include "mediadescription.h"
@@ -18,10 +19,16 @@
 #include <QPromise>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace quorvale {
 
 namespace {
+
+// How long a disk that was asked before a cancel may take to answer after it, ...
+constexpr auto diskPatience = 250ms;
+// ... and how long a tool that reads from one, which is not interrupted.
+constexpr auto probePatience = 5s;
 
 SystemError implausibleBitrate(qint64 bitrate)
 {
@@ -53,17 +60,16 @@ const QSet<QString> &FFmpegService::supportedExtensions()
     return extensions;
 }
 
-QFuture<void> FFmpegService::convert(const QUrl &source, const QUrl &destination,
+QFuture<void> FFmpegService::convert(const QUrl &source, const DestinationChooser &destination,
                                      const ConversionSettings &settings,
                                      const ProgressHandler &onProgress)
 {
     // The promise is handled here rather than by QtConcurrent::run, which would wrap the errors.
     const auto promise = std::make_shared<QPromise<void>>();
     promise->start();
-    m_activeProcess.forgetCancel();
-    m_workers.start([=, this] {
+    m_workers.start([=, this, cancelled = m_activeProcess.watchForCancel()] {
         try {
-            runConversion(source, destination, settings, onProgress);
+            runConversion(source, destination, settings, onProgress, cancelled);
         } catch (...) {
             promise->setException(std::current_exception());
         }
@@ -72,17 +78,22 @@ QFuture<void> FFmpegService::convert(const QUrl &source, const QUrl &destination
     return promise->future();
 }
 
-void FFmpegService::runConversion(const QUrl &source, const QUrl &destination,
-                                  ConversionSettings settings, const ProgressHandler &onProgress)
+void FFmpegService::runConversion(const QUrl &source, const DestinationChooser &chooseDestination,
+                                  ConversionSettings settings, const ProgressHandler &onProgress,
+                                  const std::stop_token &cancelled)
 {
+    const QUrl destination = askDisk(cancelled, diskPatience, chooseDestination);
     const auto ffmpeg = locateBinary(u"ffmpeg"_s);
     if (!ffmpeg)
         throw FFmpegError::notFound();
-    refuseSpecialFile(source);
-    const MediaInfo info = probe(source, *ffmpeg);
-    createFolderFor(destination);
-    if (settings.overwrite)
-        guardSource(source, destination);
+    askDisk(cancelled, diskPatience, [source] { refuseSpecialFile(source); });
+    const MediaInfo info =
+        askDisk(cancelled, probePatience, [source, ffmpeg] { return probe(source, *ffmpeg); });
+    askDisk(cancelled, diskPatience, [source, destination, overwrite = settings.overwrite] {
+        createFolderFor(destination);
+        if (overwrite)
+            guardSource(source, destination);
+    });
     if (info.videoBitrate && !isEncodable(settings.goal, info.videoBitrate, settings.codec))
         throw implausibleBitrate(*info.videoBitrate);
     const auto target = targetBitrate(settings.goal, info.videoBitrate, settings.codec);
@@ -99,7 +110,7 @@ void FFmpegService::runConversion(const QUrl &source, const QUrl &destination,
     settings.useHardware = false;
     EncoderRun run(*ffmpeg, source, destination, settings, target);
     const auto published = m_activeProcess.publish(run.process());
-    if (m_activeProcess.wasCancelled())
+    if (cancelled.stop_requested())
         throw FFmpegError::cancelled();
     run.run(info.duration, onProgress);
     run.verify();

@@ -15,6 +15,7 @@
 
 #include <functional>
 #include <optional>
+#include <stop_token>
 
 namespace quorvale {
 
@@ -22,6 +23,10 @@ namespace quorvale {
 class FFmpegService
 {
 public:
+    /// Says where an output goes, on a thread that may wait for a disk and may be left behind
+    /// there.
+    using DestinationChooser = std::function<QUrl()>;
+
     /// Receives fractions done, at most 1 and negative when ffmpeg's times are, on a worker thread.
     /// Must neither block nor throw.
     using ProgressHandler = std::function<void(double)>;
@@ -56,17 +61,30 @@ public:
     /// conversion is run once more with the software encoder; not when cancel() was called since
     /// this one was: then the future throws FFmpegError::cancelled.
     ///
+    /// When cancel() was called since this one was and a disk does not answer, the future throws
+    /// FFmpegError::cancelled, and nothing waits for the disk but a thread that is left behind.
+    ///
     /// Any thread; one conversion at a time is expected, as cancel() reaches the latest only.
     QFuture<void> convert(const QUrl &source, const QUrl &destination,
+                          const ConversionSettings &settings, const ProgressHandler &onProgress)
+    {
+        return convert(
+            source, [destination] { return destination; }, settings, onProgress);
+    }
+
+    /// The same into the file that `destination` chooses when the conversion begins.
+    QFuture<void> convert(const QUrl &source, const DestinationChooser &destination,
                           const ConversionSettings &settings, const ProgressHandler &onProgress);
 
     /// Interrupts the ffmpeg that converts now, with one SIGINT per call. A probe is not
-    /// interrupted, nor the run behind it prevented. Any thread, never blocks.
+    /// interrupted, nor the run behind it prevented, unless it does not end within seconds. Any
+    /// thread, never blocks.
     void cancel() { m_activeProcess.cancel(); }
 
 private:
-    void runConversion(const QUrl &source, const QUrl &destination, ConversionSettings settings,
-                       const ProgressHandler &onProgress);
+    void runConversion(const QUrl &source, const DestinationChooser &chooseDestination,
+                       ConversionSettings settings, const ProgressHandler &onProgress,
+                       const std::stop_token &cancelled);
     static MediaInfo probe(const QUrl &source, const QUrl &ffmpeg);
 
     ActiveProcess m_activeProcess;

@@ -27,8 +27,9 @@ int main(int argc, char *argv[])
     const int status = QApplication::exec();
 
     // A running ffmpeg is left to finish its file. An ordinary return would wait for the thread
-    // that reads it or, by destroying its process object, kill it.
-    if (quorvale.isConverting())
+    // that reads it or, by destroying its process object, kill it. It would also take away what
+    // the thread of a search may still use.
+    if (quorvale.isBusy())
         std::_Exit(status);
     return status;
 }

@@ -44,9 +44,9 @@ bool QuorvaleApp::open()
     return !m_engine.rootObjects().isEmpty();
 }
 
-bool QuorvaleApp::isConverting() const
+bool QuorvaleApp::isBusy() const
 {
-    return m_model->isConverting();
+    return m_model->isConverting() || m_model->searches()->hasThreads();
 }
 
 } // namespace quorvale

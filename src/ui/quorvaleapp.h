@@ -22,8 +22,8 @@ public:
     /// error.
     bool open();
 
-    /// Whether a conversion runs.
-    bool isConverting() const;
+    /// Whether a conversion runs, or a thread of a search.
+    bool isBusy() const;
 
 private:
     std::shared_ptr<ConverterViewModel> m_model;

@@ -5,6 +5,7 @@
 #include "support/filetree.h"
 #include "support/recordedfilemanager.h"
 #include "support/recordedpanel.h"
+#include "support/searches.h"
 #include "support/testclass.h"
 
 #include <QFileInfo>
@@ -98,6 +99,7 @@ private Q_SLOTS:
         m_model->chooseFolder();
         m_model->chooseDestination();
         QCOMPARE(m_panel->requests.size(), 3);
+        QVERIFY(awaitSearches(*m_model));
         QCOMPARE(jobChanges.size(), 0);
         QCOMPARE(folderChanges.size(), 0);
         QVERIFY(!m_model->destination());
@@ -138,7 +140,7 @@ private Q_SLOTS:
         m_panel->answers = {QList{clip}, QList{clip}};
         m_model->chooseFiles();
         m_model->chooseFiles();
-        QCOMPARE(m_model->jobCount(), 1);
+        QCOMPARE(sources(), QList{clip});
     }
 
     void severalFoldersAreExpandedAndSortedTogether()
@@ -156,7 +158,7 @@ private Q_SLOTS:
         m_panel->answers = {QList<QUrl>{}, QList<QUrl>{}};
         m_model->chooseFiles();
         m_model->chooseFolder();
-        QCOMPARE(m_model->jobCount(), 0);
+        QCOMPARE(sources(), QList<QUrl>{});
     }
 
     void theChosenFolderBecomesTheDestination()
@@ -269,6 +271,8 @@ private:
 
     QList<QUrl> sources() const
     {
+        if (!awaitSearches(*m_model))
+            qFatal("The search does not end");
         QList<QUrl> sources;
         for (const ConversionJob &job : m_model->jobs())
             sources << job.source();

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
+#include "controller/package.h"
 #include "controller/videofinder.h"
 #include "support/filetree.h"
 #include "support/testclass.h"

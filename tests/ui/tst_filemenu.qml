@@ -140,9 +140,8 @@ ViewTest {
         Bench.answer(["/in/new.mp4"]);
         keyClick(Qt.Key_O, data.modifiers);
         tryVerify(() => Bench.openedPanels.length > 0);
-        wait(0);
+        tryVerify(() => Bench.fileNames.includes("new.mp4"));
         compare(Bench.openedPanels, [data.panel]);
-        verify(Bench.fileNames.includes("new.mp4"));
         compare(Bench.model.isConverting, data.isConverting);
     }
 

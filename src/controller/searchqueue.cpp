@@ -1,0 +1,158 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#include "searchqueue.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace quorvale {
+
+namespace {
+
+constexpr auto longTime = 500ms;
+constexpr auto watchInterval = 100ms;
+
+// So many searches go on at the same time; the others are not handed over before them anyway.
+constexpr std::size_t mostStarted = 4;
+
+} // namespace
+
+SearchQueue::SearchQueue(const SearchPatience &patience)
+    : m_patience(patience), m_self(std::make_shared<SearchQueue *>(this))
+{
+    m_watch.setInterval(watchInterval);
+    connect(&m_watch, &QTimer::timeout, this, &SearchQueue::watch);
+}
+
+SearchQueue::~SearchQueue()
+{
+    for (const auto &search : m_searches)
+        search->stop();
+}
+
+void SearchQueue::search(const QList<QList<QUrl>> &additions)
+{
+    // The thread may be left behind, so it posts to the application and keeps nothing of this.
+    const auto notify = [weak = std::weak_ptr(m_self)] {
+        const auto comeBack = [weak] {
+            if (const auto self = weak.lock())
+                (*self)->handOver();
+        };
+        QMetaObject::invokeMethod(qApp, comeBack, Qt::QueuedConnection);
+    };
+    if (m_searches.empty()) {
+        m_time.start();
+        m_watch.start();
+    }
+    m_searches.push_back(std::make_shared<VideoSearch>(additions, m_patience, notify));
+    startNext();
+}
+
+void SearchQueue::startNext()
+{
+    while (m_startedCount < std::min(mostStarted, m_searches.size()))
+        m_searches[m_startedCount++]->start();
+}
+
+void SearchQueue::handOver()
+{
+    // A drop may bring thousands of files, each of them an addition: the window gets its turn, too.
+    constexpr qint64 longestTurn = 10; // milliseconds
+    QElapsedTimer turn;
+    turn.start();
+    while (!m_searches.empty()) {
+        if (const auto videos = m_searches.front()->take()) {
+            Q_EMIT found(*videos);
+        } else if (m_searches.front()->isDone()) {
+            const auto search = std::exchange(m_searches.front(), nullptr);
+            m_searches.pop_front();
+            --m_startedCount;
+            m_ended.push_back(search);
+            m_foundBefore += search->foundCount();
+            if (const QStringList leftOut = search->leftOut(); !leftOut.isEmpty()) {
+                m_leftOut << leftOut;
+                Q_EMIT noticeChanged();
+            }
+            startNext();
+        } else {
+            return;
+        }
+        if (turn.elapsed() >= longestTurn) {
+            QMetaObject::invokeMethod(this, &SearchQueue::handOver, Qt::QueuedConnection);
+            return;
+        }
+    }
+    endIfDone();
+}
+
+void SearchQueue::endIfDone()
+{
+    if (!m_searches.empty())
+        return;
+    m_watch.stop();
+    m_foundBefore = 0;
+    std::erase_if(m_ended, [](const auto &search) { return search.expired(); });
+    setLong(false);
+}
+
+void SearchQueue::watch()
+{
+    qlonglong count = m_foundBefore;
+    for (const auto &search : m_searches)
+        count += search->foundCount();
+    for (std::size_t i = 0; i < m_startedCount; ++i)
+        m_searches[i]->watch();
+    if (std::exchange(m_foundCount, count) != count)
+        Q_EMIT foundCountChanged();
+    if (m_time.hasExpired(longTime.count()))
+        setLong(true);
+}
+
+void SearchQueue::setLong(bool isLong)
+{
+    if (std::exchange(m_isLong, isLong) != isLong)
+        Q_EMIT isLongChanged();
+}
+
+void SearchQueue::stop()
+{
+    for (const auto &search : std::exchange(m_searches, {})) {
+        search->stop();
+        m_ended.push_back(search);
+    }
+    m_startedCount = 0;
+    endIfDone();
+}
+
+QString SearchQueue::notice() const
+{
+    if (m_leftOut.isEmpty())
+        return {};
+    const QString first = u"“%1”"_s.arg(m_leftOut.first());
+    const auto others = m_leftOut.size() - 1;
+    if (others == 0)
+        return u"%1 did not answer and was left out."_s.arg(first);
+    return u"%1 and %2 more did not answer and were left out."_s.arg(first,
+                                                                     QString::number(others));
+}
+
+void SearchQueue::clearNotice()
+{
+    m_leftOut.clear();
+    Q_EMIT noticeChanged();
+}
+
+bool SearchQueue::hasThreads() const
+{
+    return !m_searches.empty()
+           || std::ranges::any_of(m_ended, [](const auto &search) { return !search.expired(); });
+}
+
+} // namespace quorvale

@@ -1,0 +1,193 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#include "videosearch.h"
+
+#include "localfile.h"
+#include "model/filepath.h"
+#include "nameorder.h"
+
+#include <algorithm>
+#include <ranges>
+#include <system_error>
+#include <thread>
+#include <utility>
+
+namespace quorvale {
+
+namespace {
+
+// That many threads may wait for places that do not answer.
+constexpr std::size_t mostWorkers = 16;
+
+} // namespace
+
+VideoSearch::VideoSearch(const QList<QList<QUrl>> &additions, const SearchPatience &patience,
+                         const std::function<void()> &notify)
+    : m_patience(patience), m_notify(notify)
+{
+    for (const QList<QUrl> &urls : additions) {
+        Addition &addition = m_additions.emplace_back();
+        for (const QUrl &url : urls) {
+            if (const auto file = localFile(url))
+                addition.trees.emplace_back(SearchedPlace{*file});
+        }
+        addition.unread = addition.trees.size();
+        if (addition.unread == 0)
+            m_unsorted.push_back(&addition);
+    }
+    for (Addition &addition : m_additions | std::views::reverse) {
+        for (VideoTree &tree : addition.trees | std::views::reverse)
+            m_errands.push_back({&tree, &addition});
+    }
+}
+
+void VideoSearch::start()
+{
+    const std::scoped_lock guard(m_lock);
+    startWorker();
+}
+
+// With the lock held.
+void VideoSearch::startWorker()
+{
+    const auto worker = std::make_shared<Worker>();
+    worker->seenAt = std::chrono::steady_clock::now();
+    try {
+        // Detached, because a thread that waits for a disk cannot be ended.
+        std::thread([self = shared_from_this(), worker] { self->work(*worker); }).detach();
+    } catch (const std::system_error &) {
+        return; // there is no thread to be had; watch() tries again
+    }
+    m_workers.push_back(worker);
+}
+
+void VideoSearch::work(Worker &worker)
+{
+    std::unique_lock lock(m_lock);
+    while (!m_isStopped && !worker.isLeftBehind && (sortNext(lock) || lookAtNext(worker, lock)))
+        ;
+    std::erase_if(m_workers, [&](const auto &each) { return each.get() == &worker; });
+}
+
+bool VideoSearch::sortNext(std::unique_lock<std::mutex> &lock)
+{
+    if (m_unsorted.empty())
+        return false;
+    Addition &addition = *m_unsorted.front();
+    m_unsorted.pop_front();
+    lock.unlock();
+    QList<SourceFile> videos;
+    for (VideoTree &tree : addition.trees)
+        tree.moveInto(videos);
+    sortByName(videos);
+    lock.lock();
+    addition.videos = std::move(videos);
+    addition.isReady = true;
+    if (!m_isStopped)
+        m_notify();
+    return true;
+}
+
+bool VideoSearch::lookAtNext(Worker &worker, std::unique_lock<std::mutex> &lock)
+{
+    if (m_errands.empty())
+        return false;
+    // While another thread waits, this one begins at the far end, which is the least likely to be
+    // on the same disk.
+    const bool isAlone = m_workers.size() == 1;
+    const Errand errand = isAlone ? m_errands.back() : m_errands.front();
+    isAlone ? m_errands.pop_back() : m_errands.pop_front();
+    worker.errand = errand;
+    const SearchedPlace place = errand.tree->place();
+    lock.unlock();
+    FolderContent content = contentOf(place, [&] {
+        worker.answers.fetch_add(1, std::memory_order_relaxed);
+        return !m_isStopped.load(std::memory_order_relaxed);
+    });
+    worker.answers.fetch_add(1, std::memory_order_relaxed);
+    lock.lock();
+    if (worker.isLeftBehind)
+        return false;
+    worker.errand.reset();
+    settle(errand, std::move(content));
+    return true;
+}
+
+// With the lock held.
+void VideoSearch::settle(const Errand &errand, FolderContent content)
+{
+    m_foundCount += content.videos.size();
+    errand.tree->fill(std::move(content));
+    for (VideoTree &folder : errand.tree->folders() | std::views::reverse)
+        m_errands.push_back({&folder, errand.addition});
+    errand.addition->unread += errand.tree->folders().size() - 1;
+    if (errand.addition->unread == 0)
+        m_unsorted.push_back(errand.addition);
+}
+
+void VideoSearch::watch()
+{
+    const std::scoped_lock guard(m_lock);
+    const auto now = std::chrono::steady_clock::now();
+    for (const auto &worker : m_workers) {
+        const quint64 answers = worker->answers.load(std::memory_order_relaxed);
+        if (!worker->errand || std::exchange(worker->seenAnswers, answers) != answers)
+            worker->seenAt = now;
+    }
+    const auto allWaitFor = [&](std::chrono::milliseconds time) {
+        return std::ranges::all_of(m_workers,
+                                   [&](const auto &each) { return now - each->seenAt >= time; });
+    };
+    const bool hasMore = !m_errands.empty() || !m_unsorted.empty();
+    if (hasMore && m_workers.size() < mostWorkers) {
+        if (allWaitFor(m_patience.untilOvertaken))
+            startWorker();
+    } else if (!m_workers.empty() && allWaitFor(m_patience.untilLeftOut)) {
+        leaveOut();
+    }
+}
+
+// Everything that is still to be looked at. With the lock held.
+void VideoSearch::leaveOut()
+{
+    for (const auto &worker : m_workers) {
+        worker->isLeftBehind = true;
+        m_errands.push_back(*worker->errand);
+    }
+    m_workers.clear();
+    for (const Errand &errand : std::exchange(m_errands, {})) {
+        m_leftOut << shownPath(errand.tree->place().file.path());
+        settle(errand, {});
+    }
+    startWorker();
+}
+
+std::optional<QList<SourceFile>> VideoSearch::take()
+{
+    const std::scoped_lock guard(m_lock);
+    if (m_isStopped || m_additions.empty() || !m_additions.front().isReady)
+        return std::nullopt;
+    QList<SourceFile> videos = std::move(m_additions.front().videos);
+    m_additions.pop_front();
+    return videos;
+}
+
+bool VideoSearch::isDone() const
+{
+    const std::scoped_lock guard(m_lock);
+    return m_isStopped || m_additions.empty();
+}
+
+QStringList VideoSearch::leftOut() const
+{
+    const std::scoped_lock guard(m_lock);
+    return m_leftOut;
+}
+
+void VideoSearch::stop()
+{
+    m_isStopped = true;
+}
+
+} // namespace quorvale

@@ -1,0 +1,116 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "videotree.h"
+
+#include <QStringList>
+#include <QUrl>
+
+#include <atomic>
+#include <chrono>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <vector>
+
+namespace quorvale {
+
+/// How long a place may take to answer.
+struct SearchPatience
+{
+    /// Until the other places are looked at meanwhile.
+    std::chrono::milliseconds untilOvertaken = std::chrono::seconds(1);
+    /// Until the place is left out. Disks that wake up and shares whose server starts again take
+    /// half a minute.
+    std::chrono::milliseconds untilLeftOut = std::chrono::seconds(60);
+};
+
+/// Looks for the videos among files and folders on threads of its own, so that nobody has to wait
+/// for a disk. One thread does it, and another one takes over from a thread that waits for a place
+/// that does not answer.
+///
+/// A thread that waits when the search is stopped or given up is left behind, and holds nothing but
+/// the memory of the search. All operations are for one thread, the one that made the search.
+class VideoSearch : public std::enable_shared_from_this<VideoSearch>
+{
+public:
+    /// Looks for the videos of each of these lists, in order; see findVideos(). `notify` is called,
+    /// on any thread, when take() may have something.
+    VideoSearch(const QList<QList<QUrl>> &additions, const SearchPatience &patience,
+                const std::function<void()> &notify);
+
+    /// Begins to search. To be called once.
+    void start();
+
+    /// The videos of the next list, sorted by name, once they and those of all lists before it are
+    /// found. Nothing when they are not, or all were taken.
+    std::optional<QList<SourceFile>> take();
+
+    /// Whether all were taken.
+    bool isDone() const;
+
+    /// How many videos were found so far.
+    qsizetype foundCount() const { return m_foundCount; }
+
+    /// Has others take over from threads that wait for too long, and leaves out what does not
+    /// answer. To be called several times a second.
+    void watch();
+
+    /// The paths that did not answer and are left out.
+    QStringList leftOut() const;
+
+    /// Ends the search; from now on there is nothing to take.
+    void stop();
+
+private:
+    struct Addition
+    {
+        std::vector<VideoTree> trees; // one for each URL
+        std::size_t unread = 0;       // places that are still to be looked at
+        QList<SourceFile> videos;     // sorted
+        bool isReady = false;
+    };
+
+    // A place that is still to be looked at, and the addition that it belongs to.
+    struct Errand
+    {
+        VideoTree *tree = nullptr;
+        Addition *addition = nullptr;
+    };
+
+    // One thread.
+    struct Worker
+    {
+        std::atomic<quint64> answers = 0; // to its calls of the file system
+        // The others are guarded by m_lock.
+        std::optional<Errand> errand; // what it looks at, unless it sorts
+        bool isLeftBehind = false;
+        quint64 seenAnswers = 0;
+        std::chrono::steady_clock::time_point seenAt;
+    };
+
+    void startWorker();
+    void work(Worker &worker);
+    bool lookAtNext(Worker &worker, std::unique_lock<std::mutex> &lock);
+    bool sortNext(std::unique_lock<std::mutex> &lock);
+    void settle(const Errand &errand, FolderContent content);
+    void leaveOut();
+
+    const SearchPatience m_patience;
+    const std::function<void()> m_notify;
+    std::atomic<bool> m_isStopped = false;
+    std::atomic<qsizetype> m_foundCount = 0;
+
+    mutable std::mutex m_lock; // guards all below, never held across a look at a disk
+    std::deque<Addition> m_additions;
+    std::deque<Errand> m_errands;      // the next one is the last
+    std::deque<Addition *> m_unsorted; // found but not sorted
+    std::vector<std::shared_ptr<Worker>> m_workers;
+    QStringList m_leftOut;
+};
+
+} // namespace quorvale
