@@ -104,7 +104,7 @@ void SearchQueue::endIfDone()
 
 void SearchQueue::watch()
 {
-    qlonglong count = m_foundBefore;
+    int count = m_foundBefore;
     for (const auto &search : m_searches)
         count += search->foundCount();
     for (std::size_t i = 0; i < m_startedCount; ++i)

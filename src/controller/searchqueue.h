@@ -22,7 +22,7 @@ class SearchQueue : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(bool isLong READ isLong NOTIFY isLongChanged)
-    Q_PROPERTY(qlonglong foundCount READ foundCount NOTIFY foundCountChanged)
+    Q_PROPERTY(int foundCount READ foundCount NOTIFY foundCountChanged)
     Q_PROPERTY(QString notice READ notice NOTIFY noticeChanged)
 
 public:
@@ -42,7 +42,7 @@ public:
     bool isLong() const { return m_isLong; }
 
     /// How many videos were found since then; brought up to date some times a second.
-    qlonglong foundCount() const { return m_foundCount; }
+    int foundCount() const { return m_foundCount; }
 
     /// What was left out because it did not answer, in a sentence; empty when nothing was.
     QString notice() const;
@@ -65,15 +65,14 @@ private:
     void handOver();
     void watch();
     void endIfDone();
-    void setFoundCount(qlonglong count);
     void setLong(bool isLong);
 
     const SearchPatience m_patience;
     std::deque<std::shared_ptr<VideoSearch>> m_searches; // in order; the first few have started
     std::size_t m_startedCount = 0;
     std::vector<std::weak_ptr<VideoSearch>> m_ended; // whose threads may not have
-    qlonglong m_foundBefore = 0; // by searches that have ended, since the first of these began
-    qlonglong m_foundCount = 0;
+    int m_foundBefore = 0; // by searches that have ended, since the first of these began
+    int m_foundCount = 0;
     bool m_isLong = false;
     QStringList m_leftOut;
     QElapsedTimer m_time; // since there have been searches

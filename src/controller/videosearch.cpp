@@ -117,7 +117,7 @@ bool VideoSearch::lookAtNext(Worker &worker, std::unique_lock<std::mutex> &lock)
 // With the lock held.
 void VideoSearch::settle(const Errand &errand, FolderContent content)
 {
-    m_foundCount += content.videos.size();
+    m_foundCount += static_cast<int>(content.videos.size());
     errand.tree->fill(std::move(content));
     for (VideoTree &folder : errand.tree->folders() | std::views::reverse)
         m_errands.push_back({&folder, errand.addition});
@@ -153,7 +153,8 @@ void VideoSearch::leaveOut()
 {
     for (const auto &worker : m_workers) {
         worker->isLeftBehind = true;
-        m_errands.push_back(*worker->errand);
+        if (const auto &errand = worker->errand)
+            m_errands.push_back(*errand);
     }
     m_workers.clear();
     for (const Errand &errand : std::exchange(m_errands, {})) {

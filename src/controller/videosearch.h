@@ -54,7 +54,7 @@ public:
     bool isDone() const;
 
     /// How many videos were found so far.
-    qsizetype foundCount() const { return m_foundCount; }
+    int foundCount() const { return m_foundCount; }
 
     /// Has others take over from threads that wait for too long, and leaves out what does not
     /// answer. To be called several times a second.
@@ -103,7 +103,7 @@ private:
     const SearchPatience m_patience;
     const std::function<void()> m_notify;
     std::atomic<bool> m_isStopped = false;
-    std::atomic<qsizetype> m_foundCount = 0;
+    std::atomic<int> m_foundCount = 0;
 
     mutable std::mutex m_lock; // guards all below, never held across a look at a disk
     std::deque<Addition> m_additions;

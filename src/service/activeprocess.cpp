@@ -5,6 +5,8 @@
 
 #include "childprocess.h"
 
+#include <utility>
+
 namespace quorvale {
 
 void ActiveProcess::replace(const std::shared_ptr<ChildProcess> &process) noexcept
@@ -15,13 +17,11 @@ void ActiveProcess::replace(const std::shared_ptr<ChildProcess> &process) noexce
 
 void ActiveProcess::cancel()
 {
-    std::shared_ptr<ChildProcess> process;
-    std::stop_source cancel;
-    {
+    // Of what stands behind the lock no more is done than to copy it.
+    auto [process, cancel] = [this] {
         const std::scoped_lock guard(m_lock);
-        process = m_process;
-        cancel = m_cancel;
-    }
+        return std::pair(m_process, m_cancel);
+    }();
     cancel.request_stop();
     if (process)
         process->interrupt();

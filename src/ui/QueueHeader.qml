@@ -17,6 +17,11 @@ Item {
         : model.jobCount + " video" + (model.jobCount === 1 ? "" : "s")
           + " · " + model.completedCount + " complete"
 
+    /// Takes the keyboard from a button that goes.
+    function takeOver(button: BorderedButton) {
+        folderButton.takeOver(button);
+    }
+
     implicitHeight: row.implicitHeight + row.anchors.topMargin + row.anchors.bottomMargin
 
     RowLayout {

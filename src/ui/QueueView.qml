@@ -16,8 +16,27 @@ FocusScope {
         spacing: 0
 
         QueueHeader {
+            id: header
+
             Layout.fillWidth: true
             model: view.model
+        }
+
+        SearchLine {
+            id: searchLine
+
+            Layout.fillWidth: true
+            foundCount: view.model.searches.foundCount
+            isSearching: view.model.searches.isLong
+            notice: view.model.searches.notice
+            onDismissed: view.model.searches.clearNotice()
+            onStopped: view.model.searches.stop()
+            onVisibleChanged: {
+                if (!visible) {
+                    header.takeOver(searchLine.stopButton);
+                    header.takeOver(searchLine.dismissButton);
+                }
+            }
         }
 
         Loader {

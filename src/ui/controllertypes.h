@@ -5,6 +5,7 @@
 
 #include "controller/converterviewmodel.h"
 #include "controller/joblistmodel.h"
+#include "controller/searchqueue.h"
 #include "controller/shownjob.h"
 
 #include <QtQml/qqml.h>
@@ -26,6 +27,14 @@ struct JobListModelType
     Q_GADGET
     QML_FOREIGN(quorvale::JobListModel)
     QML_NAMED_ELEMENT(JobListModel)
+    QML_UNCREATABLE("It belongs to the controller.")
+};
+
+struct SearchQueueType
+{
+    Q_GADGET
+    QML_FOREIGN(quorvale::SearchQueue)
+    QML_NAMED_ELEMENT(SearchQueue)
     QML_UNCREATABLE("It belongs to the controller.")
 };
 

@@ -1,0 +1,89 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import QtQuick.Layouts
+import Quorvale
+import Quorvale.Style
+
+// Says that videos are being searched for, or what a search has left out.
+Item {
+    id: line
+
+    required property bool isSearching
+    required property int foundCount
+    /// What was left out; empty when nothing was.
+    required property string notice
+
+    /// The user does not want to wait for the search any longer.
+    signal stopped
+    /// The user has read the notice.
+    signal dismissed
+
+    property alias stopButton: stopButton
+    property alias dismissButton: dismissButton
+
+    readonly property string count: Number(foundCount).toLocaleString(Qt.locale("en_US"), "f", 0)
+
+    // Read out when it appears.
+    Accessible.name: isSearching ? "Searching for videos…" : notice
+    Accessible.role: Accessible.AlertMessage
+    implicitHeight: row.implicitHeight + row.anchors.bottomMargin
+    visible: isSearching || notice !== ""
+
+    RowLayout {
+        id: row
+
+        anchors.bottomMargin: 12
+        anchors.fill: parent
+        anchors.leftMargin: 26
+        anchors.rightMargin: 26
+        spacing: 12
+
+        TextLine {
+            color: Theme.current.text
+            font: Theme.subheadline
+            text: "Searching for videos… " + line.count + " found"
+            visible: line.isSearching
+        }
+
+        ProgressLine {
+            Accessible.name: "Search for videos"
+            Layout.fillWidth: true
+            indeterminate: true
+            visible: line.isSearching
+        }
+
+        BorderedButton {
+            id: stopButton
+
+            Accessible.name: "Stop searching"
+            text: "Stop"
+            visible: line.isSearching
+            onClicked: line.stopped()
+            onVisibleChanged: {
+                if (!visible)
+                    dismissButton.takeOver(stopButton);
+            }
+        }
+
+        ElidedLine {
+            Layout.fillWidth: true
+            color: Theme.current.text
+            elide: Text.ElideMiddle
+            font: Theme.subheadline
+            maximumLineCount: 1
+            text: line.notice
+            visible: !line.isSearching
+        }
+
+        BorderedButton {
+            id: dismissButton
+
+            Accessible.name: "Dismiss the notice"
+            text: "Dismiss"
+            visible: !line.isSearching
+            onClicked: line.dismissed()
+        }
+    }
+}

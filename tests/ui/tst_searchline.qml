@@ -1,0 +1,147 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import QtTest
+import Quorvale
+import Quorvale.Style
+import Quorvale.Testing
+
+ViewTest {
+    id: test
+
+    name: "SearchLine"
+
+    Component {
+        id: lines
+
+        SearchLine {
+            foundCount: 0
+            isSearching: false
+            notice: ""
+            width: 649
+        }
+    }
+
+    SignalSpy {
+        id: stopped
+
+        signalName: "stopped"
+    }
+
+    SignalSpy {
+        id: dismissed
+
+        signalName: "dismissed"
+    }
+
+    readonly property string notice: "“/videos/” did not answer and was left out."
+
+    function button(text) {
+        return one(view, BorderedButton, b => b.text === text);
+    }
+
+    function begin() {
+        stopped.target = dismissed.target = show(lines);
+        stopped.clear();
+        dismissed.clear();
+    }
+
+    function test_takesNoRoomWhileThereIsNothingToSay() {
+        begin();
+        verify(!view.visible);
+        view.notice = notice;
+        verify(view.visible);
+        view.notice = "";
+        verify(!view.visible);
+    }
+
+    function test_countsWhatIsFound_data() {
+        return [
+            {"tag": "none", "count": 0, "text": "Searching for videos… 0 found"},
+            {"tag": "one", "count": 1, "text": "Searching for videos… 1 found"},
+            {"tag": "thousands", "count": 1234, "text": "Searching for videos… 1,234 found"},
+            {"tag": "millions", "count": 1234567, "text": "Searching for videos… 1,234,567 found"}
+        ];
+    }
+
+    function test_countsWhatIsFound(data) {
+        begin();
+        view.isSearching = true;
+        view.foundCount = data.count;
+        verify(shows(view, data.text));
+    }
+
+    function test_theBarMovesWhileItSearches() {
+        begin();
+        view.isSearching = true;
+        const bar = one(view, ProgressLine);
+        verify(bar.indeterminate);
+        compare(Assistant.description(bar), "");
+        const before = grabImage(bar);
+        tryVerify(() => !grabImage(bar).equals(before));
+    }
+
+    function test_saysWhatWasLeftOutWhenItSearchesNoMore() {
+        begin();
+        view.isSearching = true;
+        view.notice = notice;
+        verify(!shows(view, notice));
+        view.isSearching = false;
+        verify(shows(view, notice));
+        verify(!shows(view, "Searching for videos… 0 found"));
+    }
+
+    function test_isReadOut() {
+        begin();
+        view.isSearching = true;
+        compare(view.Accessible.role, Accessible.AlertMessage);
+        compare(view.Accessible.name, "Searching for videos…");
+        view.isSearching = false;
+        view.notice = notice;
+        compare(view.Accessible.name, notice);
+    }
+
+    function test_isStopped_data() {
+        return ways();
+    }
+
+    function test_isStopped(data) {
+        begin();
+        view.isSearching = true;
+        data.press(button("Stop"));
+        compare(stopped.count, 1);
+        compare(dismissed.count, 0);
+    }
+
+    function test_isDismissed_data() {
+        return ways();
+    }
+
+    function test_isDismissed(data) {
+        begin();
+        view.notice = notice;
+        data.press(button("Dismiss"));
+        compare(dismissed.count, 1);
+        compare(stopped.count, 0);
+    }
+
+    // In which a person presses a button.
+    function ways() {
+        return [
+            {"tag": "mouse", "press": button => {
+                settle();
+                mouseClick(button);
+            }},
+            {"tag": "Return", "press": button => {
+                button.forceActiveFocus(Qt.TabFocusReason);
+                keyClick(Qt.Key_Return);
+            }},
+            {"tag": "Space", "press": button => {
+                button.forceActiveFocus(Qt.TabFocusReason);
+                keyClick(Qt.Key_Space);
+            }},
+            {"tag": "assistive technology", "press": button => Assistant.act(button, "Press")}
+        ];
+    }
+}
