@@ -20,8 +20,8 @@ namespace quorvale {
 
 QuorvaleApp::QuorvaleApp() : m_model(ConverterViewModel::create(makeOpenPanel(), makeFileManager()))
 {
-    // By this name a desktop finds the entry of its menu, and with that the icon, too.
-    QGuiApplication::setDesktopFileName(u"quorvale"_s);
+    // By this id a desktop finds the entry of its menu, and with that the icon, too.
+    QGuiApplication::setDesktopFileName(u"org.quorvale.Quorvale"_s);
     QQmlEngine::setObjectOwnership(m_model.get(), QQmlEngine::CppOwnership);
     m_engine.addImportPath(u":/qt/qml"_s);
     m_engine.setInitialProperties({{u"model"_s, QVariant::fromValue(m_model.get())}});

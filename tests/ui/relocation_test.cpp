@@ -36,7 +36,8 @@ private Q_SLOTS:
     void hasAnEntryForTheMenu()
     {
         const QString place = m_folder.filePath(u"second place/"_s);
-        QSettings file(place + u"share/applications/quorvale.desktop"_s, QSettings::IniFormat);
+        QSettings file(place + u"share/applications/org.quorvale.Quorvale.desktop"_s,
+                       QSettings::IniFormat);
         QCOMPARE(file.childGroups(), QStringList{u"Desktop Entry"_s});
         file.beginGroup(u"Desktop Entry"_s);
         QCOMPARE(file.value("Type").toString(), u"Application"_s);
