@@ -9,9 +9,17 @@
 #ifdef QT_DBUS_LIB
 #include "busfilemanager.h"
 #include "portalpanel.h"
+#include "silentbus.h"
 #endif
 
 namespace quorvale {
+
+void prepareForDesktop()
+{
+#ifdef QT_DBUS_LIB
+    leaveSilentSessionBus();
+#endif
+}
 
 std::unique_ptr<OpenPanel> makeOpenPanel()
 {

@@ -10,6 +10,10 @@
 
 namespace quorvale {
 
+/// Keeps the program from waiting for services of the desktop that hang. To be called before there
+/// is an application or another thread.
+void prepareForDesktop();
+
 /// The panels of the desktop that the program runs on. Needs a QApplication.
 std::unique_ptr<OpenPanel> makeOpenPanel();
 

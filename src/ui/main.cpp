@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
+#include "desktop/desktop.h"
 #include "displayadvice.h"
 #include "graphics.h"
 #include "processdefaults.h"
@@ -14,6 +15,7 @@
 int main(int argc, char *argv[])
 {
     quorvale::restoreProcessDefaults();
+    quorvale::prepareForDesktop();
 
     std::optional<quorvale::DisplayAdvice> advice(std::in_place);
     QApplication::setApplicationName(QStringLiteral("Quorvale"));

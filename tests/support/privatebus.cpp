@@ -5,6 +5,8 @@
 
 #include <QFile>
 
+#include <csignal>
+
 using namespace Qt::StringLiterals;
 
 namespace quorvale::test {
@@ -55,6 +57,12 @@ QDBusConnection PrivateBus::connection(const QString &name) const
     if (!connection.isConnected())
         qFatal("Cannot connect to %s", qPrintable(m_address));
     return connection;
+}
+
+void PrivateBus::hang() const
+{
+    if (::kill(static_cast<pid_t>(m_daemon.processId()), SIGSTOP) != 0)
+        qFatal("The bus cannot be stopped.");
 }
 
 void PrivateBus::end()

@@ -26,6 +26,9 @@ public:
     /// A connection to the bus. Each `name` is one connection, made at its first use.
     QDBusConnection connection(const QString &name) const;
 
+    /// Has the bus do nothing any more, as when it hangs; it still takes connections.
+    void hang() const;
+
     /// Ends the bus itself, for everybody on it.
     void end();
 
