@@ -64,8 +64,8 @@ FocusScope {
         }
 
         background: SmoothRectangle {
-            color: root.selected ? Qt.alpha(Theme.white, 0.11)
-                 : button.hovered ? Qt.alpha(Theme.white, 0.05) : "transparent"
+            color: Qt.alpha(Theme.white, (root.selected ? 0.11 : 0) + (button.down ? 0.11
+                                                                    : button.hovered ? 0.06 : 0))
             radius: button.cornerRadius
 
             FocusRing {

@@ -15,8 +15,26 @@ PlainButton {
     readonly property string destination:
         model.hasDestination ? model.destinationPath : "Choose destination…"
 
+    /// How far its ground goes beyond what stands on it, which stands where it would without.
+    readonly property real rim: 6
+
     Accessible.name: "Save to " + destination
+    Layout.margins: -rim
+    focusGap: 0
+    padding: rim
     onClicked: Qt.callLater(model.chooseDestination) // qmllint disable
+
+    background: Rectangle {
+        color: button.down ? Theme.current.rowPressed
+             : button.hovered ? Theme.current.rowHovered : "transparent"
+        radius: button.cornerRadius
+
+        FocusRing {
+            cornerRadius: parent.radius
+            gap: button.focusGap
+            visible: button.visualFocus
+        }
+    }
 
     contentItem: RowLayout {
         opacity: button.down ? 0.6 : 1

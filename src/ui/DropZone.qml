@@ -65,7 +65,7 @@ Item {
                 anchors.centerIn: parent
                 color: Theme.current.accent
                 name: Symbol.ArrowDownDocFill
-                size: 35
+                size: 42 // of which the drawing takes 35
             }
         }
 

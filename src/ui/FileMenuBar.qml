@@ -30,7 +30,7 @@ Item {
 
         Accessible.role: Accessible.ButtonMenu
         anchors.left: parent.left
-        anchors.leftMargin: 16 // so that the text stands above the sidebar's
+        anchors.leftMargin: 16 // so that the text begins where the sidebar's does
         anchors.verticalCenter: parent.verticalCenter
         implicitHeight: 22
         leftPadding: 8
@@ -50,8 +50,8 @@ Item {
         }
 
         contentItem: Text {
-            color: Theme.dark.secondary
-            font: Theme.body
+            color: fileMenu.visible || fileButton.hovered ? Theme.white : Theme.dark.secondary
+            font: Theme.subheadline
             text: fileButton.text
             textFormat: Text.PlainText
             verticalAlignment: Text.AlignVCenter

@@ -51,6 +51,8 @@ RowLayout {
 
             focusGap: 0 // the other one is close
             focusPolicy: controls.focusPolicyOf(up)
+            leftReach: Math.max(0, Theme.target - symbolSize - rightReach)
+            rightReach: 1 // half the way to the other one
             symbol: Symbol.ChevronUp
             symbolColor: Theme.current.secondary
             text: "Move up"
@@ -62,6 +64,8 @@ RowLayout {
 
             focusGap: 0 // the other one is close
             focusPolicy: controls.focusPolicyOf(down)
+            leftReach: 1
+            rightReach: Math.max(0, Theme.target - symbolSize - leftReach)
             symbol: Symbol.ChevronDown
             symbolColor: Theme.current.secondary
             text: "Move down"

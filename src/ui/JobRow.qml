@@ -82,9 +82,10 @@ Item {
         spacing: 12
 
         Symbol {
+            Layout.preferredWidth: 14
             color: Theme.current.tertiary
             name: Symbol.Lines
-            size: 14
+            size: 13 // which puts its lines on whole pixels
 
             HoverTip {
                 text: "Drag to reorder"

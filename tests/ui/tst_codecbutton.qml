@@ -89,8 +89,29 @@ ViewTest {
         show(buttons, {"isSelected": false});
         compareFont(textOf(view, "H.264"), 11, Font.Normal);
         compare(all(view, Symbol, symbol => symbol.name === Symbol.CheckmarkCircleFill), []);
-        compare(one(view, SmoothRectangle).color, Qt.rgba(0, 0, 0, 0));
+        compare(one(view, SmoothRectangle).color.a, 0);
         compare(Pixels.at(button(), 150, 4), view.color);
+    }
+
+    function test_answersThePointer_data() {
+        return [{"tag": "selected", "isSelected": true}, {"tag": "not selected", "isSelected": false}];
+    }
+
+    function test_answersThePointer(data) {
+        show(buttons, {"isSelected": data.isSelected});
+        const ground = () => Pixels.at(button(), 150, 4);
+        const verifyDiffers = before =>
+            tryVerify(() => Pixels.contrastBetween(ground(), before, view.color) >= 1.1);
+        const atRest = ground();
+        mouseMove(button(), 150, 17);
+        verifyDiffers(atRest);
+        const hovered = ground();
+        mousePress(button(), 150, 17);
+        verifyDiffers(hovered);
+        mouseRelease(button(), 150, 17);
+        tryVerify(() => Qt.colorEqual(ground(), hovered));
+        restPointer();
+        tryVerify(() => Qt.colorEqual(ground(), atRest));
     }
 
     function test_selectionDoesNotMoveTheLabel() {

@@ -104,6 +104,12 @@ ViewTest {
         tryVerify(() => !Qt.colorEqual(Pixels.at(file, 3, file.height / 2), before));
     }
 
+    function test_theMenuBeginsWhereTheSidebarDoes() {
+        show(views);
+        compare(area(textOf(view, "File")).x, area(one(view, SidebarHeader)).x);
+        inBothSchemes(() => verify(Pixels.contrast(textOf(view, "File"), textOf(view, "File").color) >= 4.5));
+    }
+
     function test_shortcuts() {
         show(views);
         keyClick(Qt.Key_O, Qt.ControlModifier);

@@ -68,6 +68,23 @@ ViewTest {
         compare(Bench.openedPanels, []);
     }
 
+    function test_answersThePointer() {
+        show(buttons);
+        inBothSchemes(() => {
+            const ground = () => Pixels.at(view, 200, 3);
+            verify(Qt.colorEqual(ground(), Theme.current.window));
+            mouseMove(view, 200, 10);
+            tryVerify(() => Pixels.contrastBetween(ground(), Theme.current.window, "black") >= 1.1);
+            const hovered = ground();
+            mousePress(view, 200, 10);
+            tryVerify(() => Pixels.contrastBetween(ground(), hovered, "black") >= 1.1);
+            mouseMove(view, 20, 400, -1, Qt.LeftButton);
+            mouseRelease(view, 20, 400);
+            restPointer();
+            tryVerify(() => Qt.colorEqual(ground(), Theme.current.window));
+        });
+    }
+
     function test_isReadOutOnce() {
         Bench.chooseDestination("/out");
         show(buttons);
@@ -131,11 +148,11 @@ ViewTest {
         show(buttons);
         const symbol = symbolOf(view, Symbol.FolderFill);
         const caption = textOf(view, "Save to");
-        compare(area(symbol).x, 0);
+        compare(area(symbol).x, 6);
         compare(gapBeside(symbol, caption), 10);
         compare(area(destination()).x, area(caption).x);
         compare(gapBelow(caption, destination()), 2);
-        compare(area(destination()).x + destination().width, 400);
+        compare(area(destination()).x + destination().width, 400 - 6);
         fuzzyCompare(middle(symbol), view.height / 2, 0.51);
         compareFont(caption, 10, Font.Normal);
         compareFont(destination(), 13, Font.Normal);
@@ -154,7 +171,6 @@ ViewTest {
     function test_hasNoBezel() {
         show(buttons);
         compare(Pixels.at(view, 399, 1), Theme.current.window);
-        compare(Pixels.count(view.background, Theme.current.window) > 0, true);
         compare(Pixels.at(view, 200, 0), Theme.current.window);
     }
 }

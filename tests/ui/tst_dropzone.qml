@@ -42,7 +42,7 @@ ViewTest {
         const disc = one(view, Rectangle, item => item.width === 112);
         const ring = one(view, Rectangle, item => item.width === 88);
         const symbol = symbolOf(view, Symbol.ArrowDownDocFill);
-        compare([disc.height, ring.height, symbol.width, symbol.height], [112, 88, 35, 35]);
+        compare([disc.height, ring.height], [112, 88]);
         compare([disc.radius, ring.radius], [56, 44]);
         for (const layer of [disc, ring, symbol]) {
             fuzzyCompare(area(layer).x + layer.width / 2, 649 / 2, 0.51);
@@ -54,6 +54,10 @@ ViewTest {
             compare(disc.color, Qt.alpha(Theme.current.accent, 0.1));
             compare(ring.border.color, Qt.alpha(Theme.current.accent, 0.25));
             compare(symbol.color, Theme.current.accent);
+            // What is drawn, without the air around it.
+            const drawn = Pixels.drawnArea(symbol, Theme.current.accent);
+            fuzzyCompare(drawn.height, 35, 1);
+            fuzzyCompare(drawn.y + drawn.height / 2, symbol.height / 2, 1);
         });
     }
 

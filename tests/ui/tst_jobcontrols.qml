@@ -208,16 +208,46 @@ ViewTest {
         compare(Bench.fileNames, names);
     }
 
+    function test_canBePressedBesideTheSymbol_data() {
+        const data = [];
+        for (const text of ["Move up", "Move down", "Remove from queue"]) {
+            for (const [side, x, y] of [["left", 0, 0.5], ["right", 1, 0.5], ["above", 0.5, 0], ["below", 0.5, 1]])
+                data.push({"tag": text + ", " + side, "text": text, "x": x, "y": y});
+        }
+        return data;
+    }
+
+    // In 24 by 24 at least, though what is drawn is smaller.
+    function test_canBePressedBesideTheSymbol(data) {
+        const pressed = button("b.mp4", data.text);
+        const reach = area(pressed);
+        verify(reach.width >= 24 && reach.height >= 24, reach);
+        compareArea(one(pressed, Symbol), area(one(pressed, Symbol)).x, middle(pressed) - 8, 16, 16);
+        jobs.clear();
+        mouseClick(view, reach.x + data.x * (reach.width - 1), reach.y + data.y * (reach.height - 1));
+        compare(jobs.count, 1);
+        compare(Bench.fileNames, data.text === "Move up" ? ["b.mp4", "a.mp4", "c.mp4"]
+                                 : data.text === "Move down" ? ["a.mp4", "c.mp4", "b.mp4"]
+                                 : ["a.mp4", "c.mp4"]);
+    }
+
+    function test_noTargetCoversAnother() {
+        const buttons = all(row("b.mp4"), SymbolButton);
+        for (let i = 1; i < buttons.length; ++i)
+            verify(gapBeside(buttons[i - 1], buttons[i]) >= 0, buttons[i].text);
+        verify(gapBeside(one(row("b.mp4"), JobText), buttons[0]) >= 0);
+    }
+
     function test_theRingOfOneDoesNotCoverTheNext() {
         const buttons = all(row("a.mp4"), SymbolButton);
         compare(buttons.length, 3);
         for (const focused of buttons) {
             focused.forceActiveFocus(Qt.TabFocusReason);
             const ring = area(one(focused, FocusRing));
-            const own = area(focused);
+            const own = area(one(focused, Symbol));
             verify(ring.x < own.x && ring.y < own.y);
             for (const other of buttons.filter(button => button !== focused)) {
-                const next = area(other);
+                const next = area(one(other, Symbol));
                 verify(ring.x + ring.width <= next.x || next.x + next.width <= ring.x,
                        focused.text + " and " + other.text);
             }
@@ -242,6 +272,8 @@ ViewTest {
         verify(Bench.convert());
         settle();
         const again = button("a.mp4", "Queue this video again");
+        verify(again.width >= 24 && again.height >= 24);
+        compare(one(again, Symbol).width, 18);
         compareTip(again, again.width / 2, again.height / 2, "Queue this video again");
     }
 

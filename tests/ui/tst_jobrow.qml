@@ -122,9 +122,19 @@ ViewTest {
             verifyContrast(row(), isReadable);
             const film = symbolOf(row(), Symbol.Film);
             verify(Pixels.contrast(film, film.color) >= 3);
+            verifyHandle();
         });
         mouseMove(row(), 300, 5);
-        inBothSchemes(() => verifyContrast(row(), isReadable));
+        inBothSchemes(() => {
+            verifyContrast(row(), isReadable);
+            verifyHandle();
+        });
+    }
+
+    // As its thin lines come out.
+    function verifyHandle() {
+        const contrast = Pixels.drawnContrast(symbolOf(row(), Symbol.Lines));
+        verify(contrast >= 3, contrast);
     }
 
     function test_controls_data() {
@@ -215,7 +225,7 @@ ViewTest {
         for (const item of [handle, tile])
             fuzzyCompare(middle(item), middle(row()), 0.51);
         for (const control of all(row(), SymbolButton))
-            fuzzyCompare(middle(control), middle(row()), 0.51);
+            fuzzyCompare(middle(one(control, Symbol)), middle(row()), 0.51);
         const highest = Math.max(42, one(row(), JobText).height);
         compare(row().height, highest + 14);
         const content = tile.parent;
@@ -239,10 +249,10 @@ ViewTest {
         const up = button("Move up");
         const down = button("Move down");
         const remove = button("Remove from queue");
-        compare(gapBeside(up, down), 2);
-        compare(gapBeside(down, remove), 12);
-        compare(area(remove).x + remove.width, 649 - 26);
-        verify(gapBeside(textOf(row(), "clip.mkv"), up) >= 12);
+        compare(gapBeside(one(up, Symbol), one(down, Symbol)), 2);
+        compare(gapBeside(one(down, Symbol), one(remove, Symbol)), 12);
+        compare(area(one(remove, Symbol)).x + one(remove, Symbol).width, 649 - 26);
+        verify(gapBeside(textOf(row(), "clip.mkv"), one(up, Symbol)) >= 12);
         compare(one(up, Symbol).name, Symbol.ChevronUp);
         compare(one(down, Symbol).name, Symbol.ChevronDown);
         compare(one(remove, Symbol).name, Symbol.XmarkCircleFill);
@@ -255,7 +265,8 @@ ViewTest {
         const again = button("Queue this video again");
         compare(one(again, Symbol).name, Symbol.ArrowClockwiseCircleFill);
         compare(one(again, Symbol).color, Theme.current.green);
-        compare(area(again).x + again.width, 649 - 26);
+        const symbol = one(again, Symbol);
+        compare(area(symbol).x + symbol.width, 649 - 26);
     }
 
     function test_failureIsReadFromWhereItSaysWhy() {

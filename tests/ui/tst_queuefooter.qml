@@ -55,7 +55,13 @@ ViewTest {
         show(footers);
         compare(convertButton().text, "Convert 0 Videos");
         verify(!convertButton().enabled);
-        verify(convertButton().opacity < 1);
+        inBothSchemes(() => {
+            for (const part of [textOf(view, "Convert 0 Videos"), symbolOf(view, Symbol.BoltFill)]) {
+                const contrast = Pixels.contrast(part, part.color);
+                verify(contrast >= 3, contrast);
+            }
+            compare(Pixels.count(convertButton(), Theme.current.accentFill), 0);
+        });
         mouseClick(convertButton());
         compare(Assistant.description(convertButton()), "unavailable");
         Assistant.act(convertButton(), "Press");
@@ -263,6 +269,11 @@ ViewTest {
         revealButtons()[0].forceActiveFocus(Qt.TabFocusReason);
         keyClick(Qt.Key_Return);
         compare(Bench.revealedFolders, ["/out", "/out"]);
+        mouseClick(revealButtons()[0], 0, 12);
+        mouseClick(revealButtons()[0], 23, 12);
+        mouseClick(revealButtons()[0], 12, 0);
+        mouseClick(revealButtons()[0], 12, 23);
+        compare(Bench.revealedFolders.length, 6);
         Bench.chooseDestination("");
         compare(revealButtons(), []);
     }
@@ -277,9 +288,14 @@ ViewTest {
         const convert = convertButton();
         compareArea(line, 26, 0, 597, 1);
         inBothSchemes(() => compare(Pixels.at(line, 300, 0), Theme.current.separator));
-        compare(area(destination).x, 26);
-        compare(gapBeside(destination, reveal), 12);
-        compare(gapBeside(reveal, convert), 12);
+        compare(area(destination.contentItem).x, 26);
+        compare(gapBeside(destination.contentItem, one(reveal, Symbol)), 12);
+        compare(gapBeside(one(reveal, Symbol), convert), 12);
+        // What can be pressed is larger and covers nothing else.
+        verify(reveal.width >= 24 && reveal.height >= 24);
+        verify(gapBeside(destination, reveal) >= 0);
+        verify(gapBeside(reveal, convert) >= 0);
+        verify(gapBelow(line, destination) >= 0);
         compare(area(convert).x + convert.width, 649 - 26);
         compare(convert.height, 34);
         compare(area(convert).y + convert.height, view.height - 22);

@@ -297,7 +297,7 @@ ViewTest {
             compareGround(button("Folder"), colors.control, colors.controlHovered, colors.controlPressed);
             compare(button("Folder").background.border.color, colors.controlBorder);
             compareGround(button("Add Videos"), colors.accentFill, colors.accentFillHovered, colors.accentFillPressed);
-            compareGround(button("Clear Completed"), Qt.rgba(0, 0, 0, 0), colors.rowHovered, colors.controlPressed);
+            compareGround(button("Clear Completed"), Qt.rgba(0, 0, 0, 0), colors.rowHovered, colors.rowPressed);
             compare(textOf(view, "Clear Completed").color, colors.accent);
         });
         for (const text of ["Folder", "Add Videos", "Clear Completed"])

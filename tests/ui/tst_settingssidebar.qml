@@ -367,9 +367,6 @@ ViewTest {
 
     function test_controlsAnswerThePointerAndTheKeyboard() {
         const colors = Theme.dark;
-        const codec = codecButton("ProRes 422").children[0];
-        const faint = Qt.alpha(Theme.white, 0.05);
-        compareGround(codec, Qt.rgba(0, 0, 0, 0), faint, faint);
         for (const picker of [goalPicker(), audioPicker()]) {
             compareGround(picker, colors.control, colors.controlHovered, colors.controlPressed);
             compare(picker.background.border.color, colors.controlBorder);

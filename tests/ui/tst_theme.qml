@@ -76,6 +76,44 @@ ViewTest {
         }
     }
 
+    function test_anAnswerToThePointerCanBeSeen_data() {
+        return [
+            {"tag": "bordered", "grounds": ["control", "controlHovered", "controlPressed"]},
+            {"tag": "prominent", "grounds": ["accentFill", "accentFillHovered", "accentFillPressed"]},
+            {"tag": "without a bezel", "grounds": ["window", "rowHovered", "rowPressed"]},
+        ];
+    }
+
+    // Each of the three grounds differs from the two others by a tenth at least.
+    function test_anAnswerToThePointerCanBeSeen(data) {
+        for (const isDark of [false, true]) {
+            Bench.isDark = isDark;
+            const colors = data.grounds.map(ground => Theme.current[ground]);
+            for (const [one, other] of [[0, 1], [1, 2], [0, 2]]) {
+                const contrast = Pixels.contrastBetween(colors[one], colors[other], Theme.current.window);
+                verify(contrast >= 1.1, data.grounds[one] + " and " + data.grounds[other] + ": " + contrast);
+            }
+        }
+    }
+
+    function test_cuesCanBeSeen_data() {
+        const data = [];
+        for (const scheme of ["light", "dark"]) {
+            for (const ground of ["window", "popup", "rowHovered"])
+                data.push({"tag": `tertiary on ${scheme} ${ground}`, "text": "tertiary", "scheme": scheme, "ground": ground});
+            data.push({"tag": `disabled on ${scheme}`, "text": "secondary", "scheme": scheme, "ground": "track"});
+        }
+        return data;
+    }
+
+    function test_cuesCanBeSeen(data) {
+        Bench.isDark = data.scheme === "dark";
+        const scheme = Theme[data.scheme];
+        show(grounds, {"color": scheme[data.ground]});
+        const contrast = Pixels.contrast(view.children[0], scheme[data.text]);
+        verify(contrast >= 3, contrast);
+    }
+
     function test_coloursCanBeReadOnTheirGround_data() {
         const data = [];
         for (const scheme of ["light", "dark"]) {
@@ -87,8 +125,8 @@ ViewTest {
                 }
             };
             add(["text", "secondary", "accent", "green", "red"], ["window", "popup", "rowHovered"]);
+            add(["text", "secondary"], ["rowPressed"]);
             add(["text", "red"], ["control", "controlHovered", "controlPressed"]);
-            add(["accent"], ["controlPressed"]);
             add(["white"], ["accentFill", "accentFillHovered", "accentFillPressed"]);
         }
         return data;

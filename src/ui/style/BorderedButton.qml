@@ -12,7 +12,7 @@ T.Button {
     /// Before the text.
     property int symbol: Symbol.None
     /// Of the symbol, too.
-    property color textColor: Scheme.colors.text
+    property color textColor: enabled ? Scheme.colors.text : Scheme.colors.secondary
 
     /// How the keyboard came here the last time; focusReason does not say so any more when the
     /// button has been hidden.
@@ -36,7 +36,6 @@ T.Button {
     implicitHeight: Theme.controlHeight
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     leftPadding: 12
-    opacity: enabled ? 1 : 0.45
     rightPadding: 12
     Accessible.onPressAction: {
         if (Reach.includes(button))

@@ -10,10 +10,10 @@ BorderedButton {
 
     leftPadding: 8
     rightPadding: 8
-    textColor: Scheme.colors.accent
+    textColor: down ? Scheme.colors.text : Scheme.colors.accent
 
     background: Rectangle {
-        color: button.down ? button.Scheme.colors.controlPressed
+        color: button.down ? button.Scheme.colors.rowPressed
              : button.hovered ? button.Scheme.colors.rowHovered : "transparent"
         radius: Theme.controlRadius
 

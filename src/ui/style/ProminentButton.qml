@@ -14,10 +14,11 @@ BorderedButton {
     implicitHeight: isLarge ? Theme.largeControlHeight : Theme.controlHeight
     leftPadding: isLarge ? 16 : 12
     rightPadding: isLarge ? 16 : 12
-    textColor: Theme.white
+    textColor: enabled ? Theme.white : Scheme.colors.secondary
 
     background: Rectangle {
-        color: button.down ? button.Scheme.colors.accentFillPressed
+        color: !button.enabled ? button.Scheme.colors.track
+             : button.down ? button.Scheme.colors.accentFillPressed
              : button.hovered ? button.Scheme.colors.accentFillHovered
              : button.Scheme.colors.accentFill
         radius: button.isLarge ? Theme.controlRadius + 2 : Theme.controlRadius

@@ -2,10 +2,12 @@
 // SPDX-License-Identifier: MIT
 
 import QtQuick
+import QtQuick.Layouts
 import Quorvale.Style
 
 // A plain button that is one symbol. Its text is what a screen reader says, its help what the
-// pointer brings up.
+// pointer brings up. It can be pressed beyond the symbol, in Theme.target at least, but in a layout
+// it takes the symbol's room only.
 PlainButton {
     id: button
 
@@ -18,8 +20,24 @@ PlainButton {
     property real symbolOpacity: 1
     /// The tooltip; empty for none.
     property string help: ""
+    /// How far beyond the symbol it can be pressed; to be divided otherwise where another is close.
+    property real leftReach: verticalReach
+    property real rightReach: verticalReach
+    readonly property real verticalReach: Math.max(0, Theme.target - symbolSize) / 2
 
+    Layout.bottomMargin: -verticalReach
+    Layout.leftMargin: -leftReach
+    Layout.rightMargin: -rightReach
+    Layout.topMargin: -verticalReach
+    bottomInset: verticalReach
+    bottomPadding: verticalReach
     hoverEnabled: true
+    leftInset: leftReach
+    leftPadding: leftReach
+    rightInset: rightReach
+    rightPadding: rightReach
+    topInset: verticalReach
+    topPadding: verticalReach
 
     contentItem: Symbol {
         color: button.symbolColor

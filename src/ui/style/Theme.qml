@@ -17,7 +17,7 @@ TextStyles {
         ownWindow: "#f0f0f2"
         text: "#1d1d1f"
         secondary: "#58585d"
-        tertiary: "#85858b"
+        tertiary: "#6c6c72"
         secondarySymbol: "#2e2e32"
         separator: "#cacace"
         accent: "#8e35c4"
@@ -27,13 +27,14 @@ TextStyles {
         accentFillHovered: "#8e35c4"
         accentFillPressed: "#7a2aad"
         control: "#ffffff"
-        controlHovered: "#f7f4fa"
+        controlHovered: "#f0ecf4"
         controlPressed: "#e4dfe9"
         controlBorder: "#c2c2c8"
         track: "#d3d3d8"
         popup: "#fbfbfc"
         popupBorder: "#c2c2c8"
         rowHovered: "#0c000000"
+        rowPressed: "#1a000000"
     }
 
     readonly property ColorScheme dark: ColorScheme {
@@ -41,7 +42,7 @@ TextStyles {
         ownWindow: "#1f1f23"
         text: "#ffffff"
         secondary: "#aeaeb3"
-        tertiary: "#7c7c82"
+        tertiary: "#96969c"
         secondarySymbol: "#d2d2d7"
         separator: "#46464c"
         accent: "#cd8cf7"
@@ -50,14 +51,15 @@ TextStyles {
         accentFill: "#9a3fcb"
         accentFillHovered: "#a04bd2"
         accentFillPressed: "#8432b3"
-        control: "#1effffff"
-        controlHovered: "#26ffffff"
-        controlPressed: "#14ffffff"
+        control: "#18ffffff"
+        controlHovered: "#25ffffff"
+        controlPressed: "#0affffff"
         controlBorder: "#33ffffff"
         track: "#33ffffff"
         popup: "#2c2c33"
         popupBorder: "#4a4a52"
         rowHovered: "#10ffffff"
+        rowPressed: "#20ffffff"
     }
 
     readonly property color purple: "#bf5af2"
@@ -82,4 +84,6 @@ TextStyles {
     readonly property int controlHeight: 26
     readonly property int largeControlHeight: 34
     readonly property int controlRadius: 6
+    /// The least width and height of what can be pressed.
+    readonly property int target: 24
 }

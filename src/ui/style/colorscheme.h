@@ -23,7 +23,7 @@ class ColorScheme : public QObject
     Q_PROPERTY(QColor ownWindow MEMBER ownWindow NOTIFY changed REQUIRED)
     Q_PROPERTY(QColor text MEMBER text NOTIFY changed REQUIRED)
     Q_PROPERTY(QColor secondary MEMBER secondary NOTIFY changed REQUIRED)
-    /// Of symbols that are a cue only.
+    /// Of symbols that are a cue only, at 3:1.
     Q_PROPERTY(QColor tertiary MEMBER tertiary NOTIFY changed REQUIRED)
     /// Keeps its contrast at an opacity of 0.7 too.
     Q_PROPERTY(QColor secondarySymbol MEMBER secondarySymbol NOTIFY changed REQUIRED)
@@ -44,6 +44,7 @@ class ColorScheme : public QObject
     Q_PROPERTY(QColor popup MEMBER popup NOTIFY changed REQUIRED)
     Q_PROPERTY(QColor popupBorder MEMBER popupBorder NOTIFY changed REQUIRED)
     Q_PROPERTY(QColor rowHovered MEMBER rowHovered NOTIFY changed REQUIRED)
+    Q_PROPERTY(QColor rowPressed MEMBER rowPressed NOTIFY changed REQUIRED)
 
 public:
     using QObject::QObject;
@@ -52,7 +53,7 @@ public:
 
     QColor paletteWindow, ownWindow, text, secondary, tertiary, secondarySymbol, separator, accent,
         green, red, accentFill, accentFillHovered, accentFillPressed, control, controlHovered,
-        controlPressed, controlBorder, track, popup, popupBorder, rowHovered;
+        controlPressed, controlBorder, track, popup, popupBorder, rowHovered, rowPressed;
 
 Q_SIGNALS:
     void changed();

@@ -83,6 +83,42 @@ double Pixels::contrast(QQuickItem *item, const QColor &color)
     return ratio(over(below, color, shownOpacity(*item)), below);
 }
 
+double Pixels::contrastBetween(const QColor &one, const QColor &other, const QColor &below)
+{
+    return ratio(over(below, one, 1), over(below, other, 1));
+}
+
+double Pixels::drawnContrast(QQuickItem *item)
+{
+    const QColor below = around(item);
+    const QImage image = picture(*item, 0);
+    double most = 1;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            most = std::max(most, ratio(image.pixelColor(x, y), below));
+    }
+    return most;
+}
+
+QRectF Pixels::drawnArea(QQuickItem *item, const QColor &color)
+{
+    const auto distance = [](const QColor &a, const QColor &b) {
+        return std::abs(a.red() - b.red()) + std::abs(a.green() - b.green())
+               + std::abs(a.blue() - b.blue());
+    };
+    const QColor below = around(item);
+    const QImage image = picture(*item, 0);
+    QRect found;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QColor shown = image.pixelColor(x, y);
+            if (distance(shown, color) < distance(shown, below))
+                found |= QRect(x, y, 1, 1);
+        }
+    }
+    return found;
+}
+
 int Pixels::count(QQuickItem *item, const QColor &color)
 {
     const QImage image = picture(*item, 0);

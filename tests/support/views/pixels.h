@@ -35,6 +35,17 @@ public:
     /// on: the contrast ratio of the Web Content Accessibility Guidelines 2.1, 1 to 21.
     Q_INVOKABLE static double contrast(QQuickItem *item, const QColor &color);
 
+    /// How much the two colours, over an opaque one, stand out from each other; 1 to 21.
+    Q_INVOKABLE static double contrastBetween(const QColor &one, const QColor &other,
+                                              const QColor &below);
+
+    /// How much what the window shows in the item stands out, where it does so most, from what the
+    /// item stands on.
+    Q_INVOKABLE static double drawnContrast(QQuickItem *item);
+
+    /// The rectangle of the item that shows more than half of the colour.
+    Q_INVOKABLE static QRectF drawnArea(QQuickItem *item, const QColor &color);
+
     /// How many of the pixels that the window shows in the item have the colour.
     Q_INVOKABLE static int count(QQuickItem *item, const QColor &color);
 
