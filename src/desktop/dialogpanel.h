@@ -9,9 +9,10 @@
 
 namespace quorvale {
 
-/// The desktop's own file dialog where there is one, Qt's otherwise and for several folders, which
-/// desktops' dialogs for folders do not let choose. Each panel, told by its title, opens in
-/// the user's home at first and then where it was last confirmed. Needs a QApplication.
+/// The file dialog that Qt takes for the desktop's where there is one, Qt's own otherwise and for
+/// several folders, which desktops' dialogs for folders do not let choose. Each panel, told by its
+/// title, opens in the user's home at first and then where it was last confirmed. Needs a
+/// QApplication.
 class DialogPanel : public OpenPanel
 {
 public:

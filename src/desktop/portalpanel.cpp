@@ -5,6 +5,7 @@
 
 #include "activewindow.h"
 #include "model/filepath.h"
+#include "portalfilter.h"
 #include "portalrequest.h"
 
 #include <QGuiApplication>
@@ -19,7 +20,8 @@ namespace quorvale {
 
 namespace {
 
-// The first version of the portal's file chooser with folders.
+// The first versions of the portal's file chooser, and of that with folders.
+constexpr uint firstVersion = 1;
 constexpr uint versionWithFolders = 3;
 
 // Keeps the user out of the program's windows, as a modal dialog of the program would: to Qt it is
@@ -51,12 +53,20 @@ QString portalName(const QWindow *window)
     return u"x11:"_s + QString::number(window->winId(), 16);
 }
 
+bool isForFolders(const OpenPanelRequest &request)
+{
+    return request.choice == OpenPanelRequest::Choice::folders;
+}
+
 QVariantMap optionsFor(const OpenPanelRequest &request, const QUrl &folder)
 {
     QVariantMap options{{u"accept_label"_s, request.prompt},
                         {u"modal"_s, true},
-                        {u"multiple"_s, true},
-                        {u"directory"_s, true}};
+                        {u"multiple"_s, request.allowsMultiple}};
+    if (isForFolders(request)) // where choosers let the user make one, too
+        options.insert(u"directory"_s, true);
+    else
+        options.insert(u"filters"_s, portalVideoFilters());
     if (folder.isValid()) // a path in the file system's bytes, with the byte that ends it
         options.insert(u"current_folder"_s, filePath(folder).append('\0'));
     return options;
@@ -71,9 +81,6 @@ PortalPanel::PortalPanel(std::unique_ptr<OpenPanel> otherwise, std::function<QDB
 
 std::optional<QList<QUrl>> PortalPanel::run(const OpenPanelRequest &request)
 {
-    const bool isForFolders = request.choice == OpenPanelRequest::Choice::folders;
-    if (!isForFolders || !request.allowsMultiple)
-        return m_otherwise->run(request);
     const QDBusConnection bus = m_bus();
     if (!bus.isConnected())
         return m_otherwise->run(request);
@@ -82,8 +89,8 @@ std::optional<QList<QUrl>> PortalPanel::run(const OpenPanelRequest &request)
     PortalRequest portal(bus);
     const auto outcome = [&] {
         const ModalStandIn modal;
-        return portal.open(versionWithFolders, parent, request.title,
-                           optionsFor(request, m_lastFolder));
+        return portal.open(isForFolders(request) ? versionWithFolders : firstVersion, parent,
+                           request.title, optionsFor(request, m_lastFolders.value(request.title)));
     }();
     switch (outcome) {
     case PortalRequest::Outcome::failed:
@@ -94,7 +101,7 @@ std::optional<QList<QUrl>> PortalPanel::run(const OpenPanelRequest &request)
         break;
     }
     if (!portal.urls().isEmpty())
-        m_lastFolder =
+        m_lastFolders[request.title] =
             portal.urls().first().adjusted(QUrl::StripTrailingSlash | QUrl::RemoveFilename);
     return portal.urls();
 }

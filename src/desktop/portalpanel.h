@@ -6,6 +6,7 @@
 #include "controller/openpanel.h"
 
 #include <QDBusConnection>
+#include <QHash>
 #include <QUrl>
 
 #include <functional>
@@ -13,9 +14,10 @@
 
 namespace quorvale {
 
-/// Lets the user choose several folders at once in the desktop's own dialog, which only the desktop
-/// portal offers. Any other request goes to another panel, and so does one that the portal does not
-/// bring to an end of the user's making: there is none, it cannot do it or it breaks off. Needs a
+/// Lets the user choose in the desktop's own dialog, which the desktop portal opens, whatever
+/// toolkit the desktop is made of. What the portal does not bring to an end of the user's making
+/// goes to another panel: there is none, it cannot do it or it breaks off. Each panel, told by its
+/// title, opens where the portal wants at first and then beside what was chosen last. Needs a
 /// QApplication.
 class PortalPanel : public OpenPanel
 {
@@ -29,7 +31,7 @@ public:
 private:
     const std::unique_ptr<OpenPanel> m_otherwise;
     const std::function<QDBusConnection()> m_bus;
-    QUrl m_lastFolder; // where the user was when the panel was last confirmed
+    QHash<QString, QUrl> m_lastFolders; // by title, where the user was at the last confirmation
 };
 
 } // namespace quorvale

@@ -5,8 +5,6 @@
 
 #include "service/ffmpegservice.h"
 
-#include <QStringList>
-
 using namespace Qt::StringLiterals;
 
 namespace quorvale {
@@ -31,13 +29,18 @@ QString pattern(const QString &extension)
 
 } // namespace
 
-QString videoNameFilter()
+QStringList videoNamePatterns()
 {
     QStringList patterns;
     for (const QString &extension : FFmpegService::supportedExtensions())
         patterns << pattern(extension);
     patterns.sort();
-    return u"Videos (%1)"_s.arg(patterns.join(u' '));
+    return patterns;
+}
+
+QString videoNameFilter()
+{
+    return u"Videos (%1)"_s.arg(videoNamePatterns().join(u' '));
 }
 
 } // namespace quorvale

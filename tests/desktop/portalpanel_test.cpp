@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "desktop/portalpanel.h"
+#include "desktop/videonamefilter.h"
 #include "support/patience.h"
 #include "support/privatebus.h"
 #include "support/recordedpanel.h"
@@ -23,6 +24,8 @@ using namespace quorvale::test;
 using namespace Qt::StringLiterals;
 
 using Answer = std::optional<QList<QUrl>>;
+
+Q_DECLARE_METATYPE(quorvale::OpenPanelRequest)
 
 namespace {
 
@@ -63,18 +66,50 @@ private Q_SLOTS:
         m_bus.reset();
     }
 
-    void asksForSeveralFolders()
+    void asksForFolders_data()
     {
+        QTest::addColumn<OpenPanelRequest>("request");
+        QTest::newRow("several") << severalFolders;
+        QTest::newRow("one for the output") << outputFolder;
+    }
+    void asksForFolders()
+    {
+        QFETCH(const OpenPanelRequest, request);
         answer(StandInPortal::cancelled);
-        m_panel->run(severalFolders);
+        m_panel->run(request);
         QTRY_COMPARE_WITH_TIMEOUT(opened().size(), 1, patience);
-        QCOMPARE(opened()[0].first(2), (QVariantList{QString(), u"Choose a folder of videos"_s}));
+        QCOMPARE(opened()[0].first(2), (QVariantList{QString(), request.title}));
         QVariantMap options = openedWith(0);
         QVERIFY(!options.take(u"handle_token"_s).toString().isEmpty());
-        QCOMPARE(options, (QVariantMap{{u"accept_label"_s, u"Add Folder"_s},
+        QCOMPARE(options, (QVariantMap{{u"accept_label"_s, request.prompt},
                                        {u"modal"_s, true},
-                                       {u"multiple"_s, true},
+                                       {u"multiple"_s, request.allowsMultiple},
                                        {u"directory"_s, true}}));
+    }
+
+    void asksForVideos()
+    {
+        answer(StandInPortal::success, {u"file:///v/b.mp4"_s, u"file:///v/a.mkv"_s});
+        QVERIFY(m_panel->run(videos)
+                == Answer(
+                    QList{QUrl::fromLocalFile(u"/v/b.mp4"_s), QUrl::fromLocalFile(u"/v/a.mkv"_s)}));
+        QCOMPARE(m_otherwise->requests.size(), 0);
+        QTRY_COMPARE_WITH_TIMEOUT(opened().size(), 1, patience);
+        QCOMPARE(opened()[0].first(2), (QVariantList{QString(), videos.title}));
+        QVariantMap options = openedWith(0);
+        QVERIFY(!options.take(u"handle_token"_s).toString().isEmpty());
+        const QStringList shown = shownBy(options.take(u"filters"_s));
+        QCOMPARE(shown, QStringList(u"Videos"_s) + videoNamePatterns());
+        QCOMPARE(options, (QVariantMap{{u"accept_label"_s, videos.prompt},
+                                       {u"modal"_s, true},
+                                       {u"multiple"_s, true}}));
+    }
+
+    void takesTheOutputFolder()
+    {
+        answer(StandInPortal::success, {u"file:///v/new"_s});
+        QVERIFY(m_panel->run(outputFolder) == Answer(QList{QUrl::fromLocalFile(u"/v/new"_s)}));
+        QCOMPARE(m_otherwise->requests.size(), 0);
     }
 
     void takesFoldersOfAnyNameInTheirOrder()
@@ -157,18 +192,38 @@ private Q_SLOTS:
         QCOMPARE(openedWith(1).value(u"current_folder"_s), QVariant(QByteArray("/v/caf\xE9\0", 8)));
     }
 
-    void otherRequestsGoToTheOtherPanel()
+    void eachPanelHasAPlaceOfItsOwn()
     {
-        const QList files{QUrl::fromLocalFile(u"/v/a.mp4"_s)};
-        m_otherwise->answers = {files, std::nullopt};
-        QVERIFY(m_panel->run({.title = u"files"_s, .prompt = u"Add"_s, .allowsMultiple = true})
-                == Answer(files));
-        QVERIFY(!m_panel->run({.title = u"one folder"_s,
-                               .prompt = u"Add"_s,
-                               .choice = OpenPanelRequest::Choice::folders}));
-        QCOMPARE(m_otherwise->requests.size(), 2);
-        QCOMPARE(m_otherwise->requests[1].title, u"one folder"_s);
-        QCOMPARE(opened().size(), 0);
+        answer(StandInPortal::success, {u"file:///in/a.mp4"_s});
+        m_panel->run(videos);
+        answer(StandInPortal::success, {u"file:///out/a"_s});
+        m_panel->run(outputFolder);
+        m_panel->run(videos);
+        m_panel->run(outputFolder);
+        QTRY_COMPARE_WITH_TIMEOUT(opened().size(), 4, patience);
+        for (const int first : {0, 1})
+            QVERIFY(!openedWith(first).contains(u"current_folder"_s));
+        QCOMPARE(openedWith(2).value(u"current_folder"_s), QVariant(QByteArray("/in\0", 4)));
+        QCOMPARE(openedWith(3).value(u"current_folder"_s), QVariant(QByteArray("/out\0", 5)));
+    }
+
+    void theFirstPortalIsAskedForVideos()
+    {
+        m_portal->end();
+        m_portal = std::make_unique<StandInPortal>(*m_bus, QVariant(), 1);
+        answer(StandInPortal::success, {u"file:///v/a.mp4"_s});
+        QVERIFY(m_panel->run(videos) == Answer(QList{QUrl::fromLocalFile(u"/v/a.mp4"_s)}));
+        QCOMPARE(m_otherwise->requests.size(), 0);
+    }
+
+    void theOtherPanelStepsInForEachOfThem()
+    {
+        m_portal->prepare(u"OpenFile"_s, {StandInService::refuse()});
+        for (const OpenPanelRequest &request : {videos, severalFolders, outputFolder})
+            m_panel->run(request);
+        QCOMPARE(m_otherwise->requests.size(), 3);
+        QCOMPARE(m_otherwise->requests[0].title, videos.title);
+        QCOMPARE(m_otherwise->requests[2].title, outputFolder.title);
     }
 
     void theOtherPanelStepsInWithoutABus()
@@ -341,6 +396,33 @@ private:
         return qdbus_cast<QVariantMap>(opened()[number][2]);
     }
 
+    // The labels and the patterns of the filters, whose type is a(sa(us)).
+    static QStringList shownBy(const QVariant &filters)
+    {
+        QStringList shown;
+        const auto argument = filters.value<QDBusArgument>();
+        argument.beginArray();
+        while (!argument.atEnd()) {
+            QString label;
+            argument.beginStructure();
+            argument >> label;
+            shown << label;
+            argument.beginArray();
+            while (!argument.atEnd()) {
+                uint kind = UINT_MAX;
+                QString pattern;
+                argument.beginStructure();
+                argument >> kind >> pattern;
+                argument.endStructure();
+                shown << (kind == 0 ? pattern : u"a MIME type"_s);
+            }
+            argument.endArray();
+            argument.endStructure();
+        }
+        argument.endArray();
+        return shown;
+    }
+
     void stepsIn()
     {
         const QList folders{QUrl::fromLocalFile(u"/v"_s)};
@@ -355,6 +437,14 @@ private:
                                           .prompt = u"Add Folder"_s,
                                           .choice = OpenPanelRequest::Choice::folders,
                                           .allowsMultiple = true};
+    const OpenPanelRequest videos{.title = u"Choose videos to convert"_s,
+                                  .prompt = u"Add Videos"_s,
+                                  .choice = OpenPanelRequest::Choice::videos,
+                                  .allowsMultiple = true};
+    const OpenPanelRequest outputFolder{.title = u"Choose output folder"_s,
+                                        .prompt = u"Choose"_s,
+                                        .choice = OpenPanelRequest::Choice::folders,
+                                        .canCreateFolders = true};
     std::unique_ptr<PrivateBus> m_bus;
     std::unique_ptr<StandInPortal> m_portal;
     RecordedPanel *m_otherwise = nullptr;

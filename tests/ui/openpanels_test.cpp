@@ -95,6 +95,28 @@ private Q_SLOTS:
             AccessibleItem::named(Role::button, u"Save to "_s + m_bench->outputFolder())));
     }
 
+    void thePortalChoosesVideosAndTheOutputFolder()
+    {
+        StandInPortal portal(m_desktop.session());
+        const auto urlOf = [](const QString &path) {
+            return QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded);
+        };
+        portal.prepare(u"OpenFile"_s,
+                       {StandInService::replyRequest(),
+                        StandInPortal::respond(StandInPortal::success,
+                                               {urlOf(m_folder.filePath(u"a.mp4"_s))})});
+        QVERIFY(window().press(u"ctrl+o"_s));
+        QVERIFY(window().waitForRows({u"a.mp4"_s}));
+        portal.prepare(u"OpenFile"_s,
+                       {StandInService::replyRequest(),
+                        StandInPortal::respond(StandInPortal::success, {urlOf(m_folder.path())})});
+        QVERIFY(window().click(AccessibleItem::beginning(Role::button, u"Save to "_s)));
+        QVERIFY(
+            window().waitFor(AccessibleItem::named(Role::button, u"Save to "_s + m_folder.path())));
+        QTRY_COMPARE_WITH_TIMEOUT(portal.calls(u"OpenFile"_s).size(), 2, patience);
+        QCOMPARE(window().application().children().size(), 1);
+    }
+
     void nothingOpensBesideThePortalsChooser()
     {
         StandInPortal portal(m_desktop.session());
@@ -113,6 +135,7 @@ private Q_SLOTS:
         portal.perform({StandInPortal::respond(StandInPortal::success, {folder})});
         QVERIFY(window().waitForRows({u"a.mp4"_s, u"b.mkv"_s}));
         QCOMPARE(portal.calls(u"OpenFile"_s).size(), 1);
+        portal.prepare(u"OpenFile"_s, {StandInService::refuse()});
         verifyOpensOnce(u"ctrl+o"_s, videoPanel);
     }
 
@@ -122,7 +145,8 @@ private Q_SLOTS:
         portal.prepare(u"OpenFile"_s, {StandInService::replyRequest(),
                                        StandInPortal::respond(StandInPortal::other)});
         verifyOpensOnce(u"ctrl+shift+o"_s, folderPanel);
-        QTRY_COMPARE_WITH_TIMEOUT(portal.calls(u"OpenFile"_s).size(), 1, patience);
+        verifyOpensOnce(u"ctrl+o"_s, videoPanel);
+        QTRY_COMPARE_WITH_TIMEOUT(portal.calls(u"OpenFile"_s).size(), 2, patience);
     }
 
     void aPortalsChooserThatTheUserClosesIsCancelled()
