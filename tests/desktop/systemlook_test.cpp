@@ -140,17 +140,59 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(!look.isDark(), patience);
     }
 
-    void theWindowIsThePalettes()
+    // What Qt draws is dark in a dark desktop, also when that has not said so to the palette.
+    void thePaletteGoesWithTheSettings()
     {
         StandInPortal settings(m_bus, 1U);
         SystemLook look;
         QTRY_VERIFY_WITH_TIMEOUT(look.isDark(), patience);
-        // The desktop has not said so to the palette.
+        verifyPalette(true);
+        QVERIFY(look.window().lightnessF() < 0.3F);
+        settings.changeColorScheme(2U);
+        QTRY_VERIFY_WITH_TIMEOUT(!look.isDark(), patience);
         QCOMPARE(look.window(), lightWindow);
-        QVERIFY(!look.isWindowDark());
+        settings.changeColorScheme(1U);
+        QTRY_VERIFY_WITH_TIMEOUT(look.isDark(), patience);
+        verifyPalette(true);
+        settings.changeColorScheme(0U);
+        QTRY_VERIFY_WITH_TIMEOUT(!look.isDark(), patience);
+        QCOMPARE(look.window(), lightWindow);
         setWindowColor(darkWindow);
+        QVERIFY(look.isDark());
+        settings.changeColorScheme(2U);
+        QTRY_VERIFY_WITH_TIMEOUT(!look.isDark(), patience);
+        verifyPalette(false);
+    }
+
+    void aFittingPaletteOfTheDesktopsStays()
+    {
+        setWindowColor(darkWindow);
+        StandInPortal settings(m_bus, 1U);
+        SystemLook look;
+        QSignalSpy changes(&look, &SystemLook::changed);
+        QTRY_COMPARE_WITH_TIMEOUT(changes.size(), 1, patience);
         QCOMPARE(look.window(), darkWindow);
-        QVERIFY(look.isWindowDark());
+        settings.changeColorScheme(2U);
+        QTRY_VERIFY_WITH_TIMEOUT(!look.isDark(), patience);
+        verifyPalette(false);
+        // The desktop's palette changes later than its settings.
+        setWindowColor(lightWindow);
+        QCOMPARE(look.window(), lightWindow);
+    }
+
+    void thePlatformsPaletteComesBackAsItIs()
+    {
+        QGuiApplication::setPalette(QPalette());
+        const QPalette platforms = QGuiApplication::palette();
+        StandInPortal settings(m_bus, 1U);
+        SystemLook look;
+        QTRY_VERIFY_WITH_TIMEOUT(look.isDark(), patience);
+        QVERIFY(QGuiApplication::palette() != platforms);
+        settings.changeColorScheme(0U);
+        QTRY_VERIFY_WITH_TIMEOUT(!look.isDark(), patience);
+        QCOMPARE(QGuiApplication::palette(), platforms);
+        // Nothing is set, so that what the platform gives next is followed.
+        QCOMPARE(QGuiApplication::palette().resolveMask(), 0ULL);
     }
 
     void theFixedFontIsFixed()
@@ -161,6 +203,22 @@ private Q_SLOTS:
     }
 
 private:
+    static void verifyPalette(bool isDark)
+    {
+        const QPalette palette = QGuiApplication::palette();
+        const auto lightness = [&palette](QPalette::ColorGroup group, QPalette::ColorRole role) {
+            return palette.color(group, role).lightnessF();
+        };
+        for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+            for (const auto role : {QPalette::Window, QPalette::Base, QPalette::AlternateBase,
+                                    QPalette::Button, QPalette::ToolTipBase})
+                QCOMPARE(lightness(group, role) < 0.4F, isDark);
+        }
+        for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
+                                QPalette::ToolTipText, QPalette::Link})
+            QCOMPARE(lightness(QPalette::Active, role) > 0.6F, isDark);
+    }
+
     PrivateBus m_bus;
 };
 

@@ -55,6 +55,25 @@ private Q_SLOTS:
         QCOMPARE(m_bench->run().complaints(), QByteArray());
     }
 
+    void qtsDialogIsAsTheWindow_data() { aChangeIsFollowed_data(); }
+    void qtsDialogIsAsTheWindow()
+    {
+        QFETCH(const uint, colorScheme);
+        const uint other = colorScheme == dark ? light : dark;
+        StandInPortal settings(m_desktop.session(), colorScheme);
+        settings.prepare(u"OpenFile"_s, {StandInService::refuse()});
+        QVERIFY(m_bench->start());
+        QTRY_COMPARE_WITH_TIMEOUT(shown(), colorScheme, patience);
+        QVERIFY(m_bench->window().activate());
+        QVERIFY(m_bench->window().press(u"ctrl+o"_s));
+        const auto dialog = m_desktop.display().waitForWindow(u"Choose videos to convert"_s);
+        QVERIFY(dialog);
+        QTRY_COMPARE_WITH_TIMEOUT(mostOf(*dialog), colorScheme, patience);
+        settings.changeColorScheme(other);
+        QTRY_COMPARE_WITH_TIMEOUT(mostOf(*dialog), other, patience);
+        QCOMPARE(m_bench->run().complaints(), QByteArray());
+    }
+
 private:
     // As the portal numbers them.
     static constexpr uint dark = 1;
@@ -68,6 +87,19 @@ private:
             return 0;
         const auto cornersBlue = static_cast<uchar>(picture[picture.size() - 4]);
         return cornersBlue < 0x80 ? dark : light;
+    }
+
+    // What four fifths of the pixels of a window's content are; 0 when that is neither.
+    uint mostOf(const QString &window) const
+    {
+        const QByteArray picture = m_desktop.display().picture(m_desktop.display().areaOf(window));
+        qsizetype darkOnes = 0;
+        for (qsizetype blue = 0; blue < picture.size(); blue += 4)
+            darkOnes += static_cast<uchar>(picture[blue]) < 0x80 ? 1 : 0;
+        const qsizetype all = picture.size() / 4;
+        if (darkOnes > all * 4 / 5)
+            return dark;
+        return all > 0 && darkOnes < all / 5 ? light : 0;
     }
 
     VirtualDesktop m_desktop;
