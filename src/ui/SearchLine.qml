@@ -10,10 +10,10 @@ import Quorvale.Style
 Item {
     id: line
 
-    required property bool isSearching
-    required property int foundCount
+    property bool isSearching: false
+    property int foundCount: 0
     /// What was left out; empty when nothing was.
-    required property string notice
+    property string notice
 
     /// The user does not want to wait for the search any longer.
     signal stopped

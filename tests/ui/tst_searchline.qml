@@ -16,9 +16,6 @@ ViewTest {
         id: lines
 
         SearchLine {
-            foundCount: 0
-            isSearching: false
-            notice: ""
             width: 649
         }
     }
