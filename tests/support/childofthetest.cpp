@@ -69,8 +69,9 @@ std::optional<QByteArray> ChildOfTheTest::run(const QString &program, const QStr
     start(program, arguments);
     if (waitForFinished(patience) && exitStatus() == NormalExit && exitCode() == 0)
         return readAllStandardOutput();
-    qWarning("%s %s: %s %s", qPrintable(program), qPrintable(arguments.join(u' ')),
-             qPrintable(errorString()), readAllStandardError().constData());
+    qWarning("%s %s: %s %s %s", qPrintable(program), qPrintable(arguments.join(u' ')),
+             qPrintable(errorString()), readAllStandardOutput().constData(),
+             readAllStandardError().constData());
     return std::nullopt;
 }
 
