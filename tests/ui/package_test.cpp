@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
+#include "service/ffmpegservice.h"
 #include "support/programrun.h"
 #include "support/testclass.h"
 #include "support/virtualdesktop.h"
@@ -9,11 +10,14 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QImageReader>
+#include <QMimeDatabase>
 #include <QSettings>
 #include <QTest>
 
+#include <algorithm>
 #include <csignal>
 
+using namespace quorvale;
 using namespace quorvale::test;
 using namespace Qt::StringLiterals;
 
@@ -80,10 +84,38 @@ private Q_SLOTS:
         QCOMPARE(program(), place() + u"/usr/bin/"_s + command.value(0));
         const QFileInfo executable(program());
         QVERIFY2(executable.isFile() && executable.isExecutable(), qPrintable(program()));
-        QVERIFY(!file.contains("MimeType")); // it takes no files
+        QCOMPARE(command.sliced(1), QStringList{u"%F"_s}); // local files, all at once
         QImageReader icon(inPlace(u"icons/hicolor/scalable/apps/"_s) + file.value("Icon").toString()
                           + u".svg"_s);
         QVERIFY2(!icon.read().isNull(), qPrintable(icon.errorString()));
+    }
+
+    // So that a file manager offers it for these, and for no others.
+    void opensTheFilesThatItConverts()
+    {
+        QFile file(inPlace(u"applications/org.quorvale.Quorvale.desktop"_s));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QStringList offered;
+        for (const QByteArray &line : file.readAll().split('\n')) {
+            if (line.startsWith("MimeType="))
+                offered = QString::fromLatin1(line.sliced(9)).split(u';', Qt::SkipEmptyParts);
+        }
+        QStringList known; // by all their names
+        const QMimeDatabase database;
+        for (const QString &extension : FFmpegService::supportedExtensions()) {
+            QStringList names;
+            for (const auto &type : database.mimeTypesForFileName(u"clip."_s + extension))
+                names << type.name() << type.aliases();
+            QVERIFY2(std::ranges::any_of(
+                         names, [&](const QString &name) { return offered.contains(name); }),
+                     qPrintable(extension));
+            known += names;
+        }
+        for (const QString &type : offered) {
+            const bool isUnheardOf = !database.mimeTypeForName(type).isValid(); // newer names
+            QVERIFY2(type.startsWith("video/"_L1) && (isUnheardOf || known.contains(type)),
+                     qPrintable(type));
+        }
     }
 
     void opensItsWindow_data()
