@@ -1,0 +1,444 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+// A disk that is slow, asleep or gone: defines the C library's functions that ask a disk for more
+// than the content of an open file, so that they wait before they do what they do. Preloaded into a
+// program as a library, or linked into a test, which steers it by a folder that the environment
+// variable SLOWDISK names (see tests/support/slowdisk.h). There it reads the file "rule" whenever a
+// function is called. As long as there is none, nothing waits and nothing is written. It has three
+// lines, the path of the disk, the path on it that is slow, with all that is below, and how:
+//
+//   NUMBER each MILLISECONDS    every call takes so much longer
+//   NUMBER until MILLISECONDS   nobody gets an answer before that time of the monotonic clock
+//
+// NUMBER tells a rule from the one before it, with which what waits stops waiting. To the file
+// "log" it adds a line for
+//
+//   PROCESS main FUNCTION PATH       a call for what is on the disk on the main thread, before it
+//                                    waits
+//   PROCESS other FUNCTION PATH      on another thread
+//   PROCESS turn MILLISECONDS        what the main thread waited for, other than processor time,
+//                                    between two turns of its event loop, when that is long
+//
+// What a thread waits for a processor or for a real disk, and what it works, does not count in the
+// last, so that it says the same on a busy machine. A turn lasts from one poll() to the next.
+// Waiting for the X server's answer is a poll(), too; waiting for a lock, a thread, a process or a
+// disk is none.
+
+#undef _FORTIFY_SOURCE // which would define some of the functions already
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdarg>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+#include <string_view>
+
+#include <dirent.h>
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/inotify.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+namespace {
+
+// Nothing here may allocate: some of the callers are children between fork and exec. Nor may it
+// call what is defined below.
+using Path = std::array<char, 4096>;
+
+constexpr std::int64_t million = 1'000'000;
+constexpr std::int64_t longTurn = 20 * million; // nanoseconds
+
+std::int64_t now(clockid_t clock)
+{
+    timespec time{};
+    ::clock_gettime(clock, &time);
+    return time.tv_sec * 1000 * million + time.tv_nsec;
+}
+
+bool isMainThread()
+{
+    return ::syscall(SYS_gettid) == ::getpid();
+}
+
+// The path of a file of the folder that steers; empty when none does.
+Path steering(const char *file)
+{
+    Path path{};
+    if (const char *folder = std::getenv("SLOWDISK"))
+        std::snprintf(path.data(), path.size(), "%s/%s", folder, file);
+    return path;
+}
+
+struct Rule
+{
+    Path disk{};
+    Path slow{};
+    long number = 0;
+    std::array<char, 8> word{};
+    std::int64_t milliseconds = 0;
+};
+
+// False when there is none.
+bool readRule(Rule &rule)
+{
+    const Path file = steering("rule");
+    if (file[0] == '\0')
+        return false;
+    // A time of access that the real disk has to note can take its time.
+    const long descriptor =
+        ::syscall(SYS_openat, AT_FDCWD, file.data(), O_RDONLY | O_CLOEXEC | O_NOATIME, 0);
+    if (descriptor < 0)
+        return false;
+    Path text{};
+    ::syscall(SYS_read, descriptor, text.data(), text.size() - 1);
+    ::syscall(SYS_close, descriptor);
+    long long milliseconds = 0;
+    if (std::sscanf(text.data(), "%4095[^\n]%*c%4095[^\n]%*c%ld %7s %lld", rule.disk.data(),
+                    rule.slow.data(), &rule.number, rule.word.data(), &milliseconds)
+        != 5) {
+        std::fputs("slowdisk: there is no sense in the rule\n", stderr);
+        std::abort();
+    }
+    rule.milliseconds = milliseconds;
+    return true;
+}
+
+void note(const char *format, ...)
+{
+    Path line{};
+    va_list values;
+    va_start(values, format);
+    const int written = std::vsnprintf(line.data(), line.size(), format, values);
+    va_end(values);
+    const long descriptor = ::syscall(SYS_openat, AT_FDCWD, steering("log").data(),
+                                      O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
+    const auto length = std::min(static_cast<std::size_t>(written), line.size() - 1);
+    ::syscall(SYS_write, descriptor, line.data(), length); // at once, so that lines stay whole
+    ::syscall(SYS_close, descriptor);
+}
+
+Path pathOf(int descriptor)
+{
+    std::array<char, 32> link{};
+    std::snprintf(link.data(), link.size(), "/proc/self/fd/%d", descriptor);
+    Path path{};
+    ::syscall(SYS_readlinkat, AT_FDCWD, link.data(), path.data(), path.size() - 1);
+    return path;
+}
+
+// What a name stands for: a path, or one that begins at the folder of the descriptor.
+Path pathOf(int folder, const char *name)
+{
+    Path path{};
+    if (!name)
+        return path;
+    if (name[0] == '/') {
+        std::snprintf(path.data(), path.size(), "%s", name);
+        return path;
+    }
+    Path base{};
+    if (folder == AT_FDCWD)
+        ::syscall(SYS_getcwd, base.data(), base.size());
+    else
+        base = pathOf(folder);
+    const std::size_t length = std::strlen(base.data());
+    std::snprintf(path.data(), path.size(), "%s", base.data());
+    if (name[0] != '\0')
+        std::snprintf(path.data() + length, path.size() - length, "/%s", name);
+    return path;
+}
+
+bool isAtOrBelow(std::string_view path, std::string_view folder)
+{
+    return path.substr(0, folder.size()) == folder
+           && (path.size() == folder.size() || path[folder.size()] == '/');
+}
+
+// Waits as the rule says, at most until there is another.
+void await(const Rule &rule)
+{
+    constexpr std::int64_t moment = 2 * million;
+    const bool isEach = std::strcmp(rule.word.data(), "each") == 0;
+    const std::int64_t end = (isEach ? now(CLOCK_MONOTONIC) : 0) + rule.milliseconds * million;
+    Rule present = rule;
+    while (present.number == rule.number) {
+        const std::int64_t left = end - now(CLOCK_MONOTONIC);
+        if (left <= 0)
+            return;
+        const timespec part{0, std::min(left, moment)};
+        ::clock_nanosleep(CLOCK_MONOTONIC, 0, &part, nullptr);
+        if (!readRule(present))
+            return;
+    }
+}
+
+template <typename GetPath>
+void ask(const char *function, const GetPath &getPath)
+{
+    const int error = errno;
+    Rule rule;
+    if (readRule(rule)) {
+        const Path path = getPath();
+        if (isAtOrBelow(path.data(), rule.disk.data()))
+            note("%d %s %s %s\n", ::getpid(), isMainThread() ? "main" : "other", function,
+                 path.data());
+        if (isAtOrBelow(path.data(), rule.slow.data()))
+            await(rule);
+    }
+    errno = error;
+}
+
+void askFor(const char *function, const char *name)
+{
+    ask(function, [=] { return pathOf(AT_FDCWD, name); });
+}
+
+void askAt(const char *function, int folder, const char *name)
+{
+    ask(function, [=] { return pathOf(folder, name); });
+}
+
+// A stream asks the disk for many entries at once, at the beginning.
+void askForEntries(const char *function, DIR *stream)
+{
+    if (::telldir(stream) == 0)
+        ask(function, [=] { return pathOf(::dirfd(stream)); });
+}
+
+template <typename Function>
+Function *next(const char *name)
+{
+    void *function = ::dlsym(RTLD_NEXT, name);
+    if (!function) {
+        std::fprintf(stderr, "slowdisk: there is no %s\n", name);
+        std::abort();
+    }
+    return reinterpret_cast<Function *>(function);
+}
+
+// One turn of the main thread's event loop.
+struct Turn
+{
+    std::int64_t begin = 0; // each in nanoseconds
+    std::int64_t work = 0;
+    std::int64_t waitForProcessor = 0;
+    long waits = 0;     // how often it waited, other than for a processor
+    long realReads = 0; // what it had to wait for the real disk for
+
+    static Turn atThisPoint()
+    {
+        Path text{};
+        const long descriptor =
+            ::syscall(SYS_openat, AT_FDCWD, "/proc/thread-self/schedstat", O_RDONLY | O_CLOEXEC, 0);
+        ::syscall(SYS_read, descriptor, text.data(), text.size() - 1);
+        ::syscall(SYS_close, descriptor);
+        long long work = 0;
+        long long wait = 0;
+        if (std::sscanf(text.data(), "%lld %lld", &work, &wait) != 2) {
+            std::fputs("slowdisk: the system does not say what threads wait for\n", stderr);
+            std::abort();
+        }
+        rusage usage{};
+        ::getrusage(RUSAGE_THREAD, &usage);
+        return {now(CLOCK_MONOTONIC), now(CLOCK_THREAD_CPUTIME_ID), wait, usage.ru_nvcsw,
+                usage.ru_majflt + usage.ru_inblock};
+    }
+};
+
+Turn turn; // the one that runs, of the main thread only
+
+bool isWatched()
+{
+    Rule rule;
+    return isMainThread() && readRule(rule);
+}
+
+void endTurn()
+{
+    if (turn.begin == 0)
+        return;
+    const Turn end = Turn::atThisPoint();
+    // A thread that has not waited may still have stood still, when the machine is a virtual one.
+    const bool isOfTheTest = end.waits != turn.waits && end.realReads == turn.realReads;
+    const std::int64_t waited = (end.begin - turn.begin) - (end.work - turn.work)
+                                - (end.waitForProcessor - turn.waitForProcessor);
+    turn = {};
+    if (waited >= longTurn && isOfTheTest)
+        note("%d turn %lld\n", ::getpid(), static_cast<long long>(waited / million));
+}
+
+template <typename Poll>
+int turnAround(const Poll &poll)
+{
+    const bool isMain = isMainThread();
+    if (isMain)
+        endTurn();
+    const int count = poll();
+    const int error = errno;
+    if (isMain && isWatched())
+        turn = Turn::atThisPoint();
+    errno = error;
+    return count;
+}
+
+mode_t modeOf(int flags, va_list more)
+{
+    return (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(more, mode_t) : 0;
+}
+
+} // namespace
+
+// The C library's declarations say of some parameters what the compiler would not expect to be
+// looked at here.
+#pragma GCC diagnostic ignored "-Wnonnull-compare"
+
+// Defines NAME with the parameters, which are handed on as the arguments; ASKING comes before.
+#define SLOW(RESULT, NAME, PARAMETERS, ARGUMENTS, ASKING)                                          \
+    RESULT NAME PARAMETERS                                                                         \
+    {                                                                                              \
+        static auto *const real = next<RESULT PARAMETERS>(#NAME);                                  \
+        ASKING;                                                                                    \
+        return real ARGUMENTS;                                                                     \
+    }
+
+#define SLOW_OPEN(NAME)                                                                            \
+    int NAME(const char *path, int flags, ...)                                                     \
+    {                                                                                              \
+        static auto *const real = next<int(const char *, int, ...)>(#NAME);                        \
+        va_list more;                                                                              \
+        va_start(more, flags);                                                                     \
+        const mode_t mode = modeOf(flags, more);                                                   \
+        va_end(more);                                                                              \
+        askFor(#NAME, path);                                                                       \
+        return real(path, flags, mode);                                                            \
+    }
+
+#define SLOW_OPEN_AT(NAME)                                                                         \
+    int NAME(int folder, const char *path, int flags, ...)                                         \
+    {                                                                                              \
+        static auto *const real = next<int(int, const char *, int, ...)>(#NAME);                   \
+        va_list more;                                                                              \
+        va_start(more, flags);                                                                     \
+        const mode_t mode = modeOf(flags, more);                                                   \
+        va_end(more);                                                                              \
+        askAt(#NAME, folder, path);                                                                \
+        return real(folder, path, flags, mode);                                                    \
+    }
+
+extern "C" {
+
+SLOW_OPEN(open)
+SLOW_OPEN(open64)
+SLOW_OPEN_AT(openat)
+SLOW_OPEN_AT(openat64)
+// As they are called where the compiler checks buffers.
+SLOW(int, __open_2, (const char *path, int flags), (path, flags), askFor("open", path))
+SLOW(int, __open64_2, (const char *path, int flags), (path, flags), askFor("open", path))
+SLOW(int, __openat_2, (int folder, const char *path, int flags), (folder, path, flags),
+     askAt("openat", folder, path))
+SLOW(int, __openat64_2, (int folder, const char *path, int flags), (folder, path, flags),
+     askAt("openat", folder, path))
+SLOW(int, creat, (const char *path, mode_t mode), (path, mode), askFor("creat", path))
+SLOW(FILE *, fopen, (const char *path, const char *mode), (path, mode), askFor("fopen", path))
+SLOW(FILE *, fopen64, (const char *path, const char *mode), (path, mode), askFor("fopen", path))
+
+SLOW(DIR *, opendir, (const char *path), (path), askFor("opendir", path))
+SLOW(dirent *, readdir, (DIR * stream), (stream), askForEntries("readdir", stream))
+SLOW(dirent64 *, readdir64, (DIR * stream), (stream), askForEntries("readdir", stream))
+
+SLOW(int, stat, (const char *path, struct stat *facts), (path, facts), askFor("stat", path))
+SLOW(int, stat64, (const char *path, struct stat64 *facts), (path, facts), askFor("stat", path))
+SLOW(int, lstat, (const char *path, struct stat *facts), (path, facts), askFor("lstat", path))
+SLOW(int, lstat64, (const char *path, struct stat64 *facts), (path, facts), askFor("lstat", path))
+SLOW(int, fstatat, (int folder, const char *path, struct stat *facts, int flags),
+     (folder, path, facts, flags), askAt("fstatat", folder, path))
+SLOW(int, fstatat64, (int folder, const char *path, struct stat64 *facts, int flags),
+     (folder, path, facts, flags), askAt("fstatat", folder, path))
+SLOW(int, statx, (int folder, const char *path, int flags, unsigned mask, struct statx *facts),
+     (folder, path, flags, mask, facts), askAt("statx", folder, path))
+SLOW(int, statvfs, (const char *path, struct statvfs *facts), (path, facts),
+     askFor("statvfs", path))
+SLOW(int, statvfs64, (const char *path, struct statvfs64 *facts), (path, facts),
+     askFor("statvfs", path))
+#ifdef __x86_64__ // as they were called before version 2.33, by programs and libraries of that age
+SLOW(int, __xstat, (int version, const char *path, struct stat *facts), (version, path, facts),
+     askFor("stat", path))
+SLOW(int, __xstat64, (int version, const char *path, struct stat64 *facts), (version, path, facts),
+     askFor("stat", path))
+SLOW(int, __lxstat, (int version, const char *path, struct stat *facts), (version, path, facts),
+     askFor("lstat", path))
+SLOW(int, __lxstat64, (int version, const char *path, struct stat64 *facts), (version, path, facts),
+     askFor("lstat", path))
+SLOW(int, __fxstatat, (int version, int folder, const char *path, struct stat *facts, int flags),
+     (version, folder, path, facts, flags), askAt("fstatat", folder, path))
+SLOW(int, __fxstatat64,
+     (int version, int folder, const char *path, struct stat64 *facts, int flags),
+     (version, folder, path, facts, flags), askAt("fstatat", folder, path))
+#endif
+
+SLOW(int, access, (const char *path, int mode), (path, mode), askFor("access", path))
+SLOW(int, eaccess, (const char *path, int mode), (path, mode), askFor("access", path))
+SLOW(int, euidaccess, (const char *path, int mode), (path, mode), askFor("access", path))
+SLOW(int, faccessat, (int folder, const char *path, int mode, int flags),
+     (folder, path, mode, flags), askAt("faccessat", folder, path))
+SLOW(ssize_t, readlink, (const char *path, char *target, size_t size), (path, target, size),
+     askFor("readlink", path))
+SLOW(ssize_t, readlinkat, (int folder, const char *path, char *target, size_t size),
+     (folder, path, target, size), askAt("readlinkat", folder, path))
+SLOW(ssize_t, __readlink_chk, (const char *path, char *target, size_t size, size_t all),
+     (path, target, size, all), askFor("readlink", path))
+SLOW(char *, realpath, (const char *path, char *resolved), (path, resolved),
+     askFor("realpath", path))
+SLOW(char *, __realpath_chk, (const char *path, char *resolved, size_t all), (path, resolved, all),
+     askFor("realpath", path))
+SLOW(char *, canonicalize_file_name, (const char *path), (path), askFor("realpath", path))
+
+SLOW(int, mkdir, (const char *path, mode_t mode), (path, mode), askFor("mkdir", path))
+SLOW(int, mkdirat, (int folder, const char *path, mode_t mode), (folder, path, mode),
+     askAt("mkdirat", folder, path))
+SLOW(int, rmdir, (const char *path), (path), askFor("rmdir", path))
+SLOW(int, unlink, (const char *path), (path), askFor("unlink", path))
+SLOW(int, unlinkat, (int folder, const char *path, int flags), (folder, path, flags),
+     askAt("unlinkat", folder, path))
+SLOW(int, rename, (const char *from, const char *to), (from, to), askFor("rename", to))
+SLOW(int, chdir, (const char *path), (path), askFor("chdir", path))
+SLOW(int, truncate, (const char *path, off_t length), (path, length), askFor("truncate", path))
+SLOW(int, truncate64, (const char *path, off64_t length), (path, length), askFor("truncate", path))
+SLOW(int, inotify_add_watch, (int descriptor, const char *path, uint32_t mask),
+     (descriptor, path, mask), askFor("inotify_add_watch", path))
+
+int poll(pollfd *descriptors, nfds_t count, int timeout)
+{
+    static auto *const real = next<int(pollfd *, nfds_t, int)>("poll");
+    return turnAround([=] { return real(descriptors, count, timeout); });
+}
+
+int ppoll(pollfd *descriptors, nfds_t count, const timespec *timeout, const sigset_t *signals)
+{
+    static auto *const real =
+        next<int(pollfd *, nfds_t, const timespec *, const sigset_t *)>("ppoll");
+    return turnAround([=] { return real(descriptors, count, timeout, signals); });
+}
+
+int __poll_chk(pollfd *descriptors, nfds_t count, int timeout, size_t)
+{
+    return poll(descriptors, count, timeout);
+}
+
+int __ppoll_chk(pollfd *descriptors, nfds_t count, const timespec *timeout, const sigset_t *signals,
+                size_t)
+{
+    return ppoll(descriptors, count, timeout, signals);
+}
+
+} // extern "C"
