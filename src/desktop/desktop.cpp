@@ -7,7 +7,9 @@
 #include "folderopener.h"
 
 #ifdef QT_DBUS_LIB
+#include "applicationservice.h"
 #include "busfilemanager.h"
+#include "businstance.h"
 #include "portalpanel.h"
 #include "silentbus.h"
 #endif
@@ -18,6 +20,26 @@ void prepareForDesktop()
 {
 #ifdef QT_DBUS_LIB
     leaveSilentSessionBus();
+#endif
+}
+
+QVariantMap platformDataOfStart()
+{
+#ifdef QT_DBUS_LIB
+    return ApplicationService::platformDataOfStart();
+#else
+    return {};
+#endif
+}
+
+std::unique_ptr<Instance> makeInstance(const QList<QUrl> &files, const QVariantMap &platformData)
+{
+#ifdef QT_DBUS_LIB
+    return std::make_unique<BusInstance>(QDBusConnection::sessionBus(), files, platformData);
+#else
+    Q_UNUSED(files)
+    Q_UNUSED(platformData)
+    return std::make_unique<Instance>();
 #endif
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "desktop/desktop.h"
+#include "desktop/fileoperands.h"
 #include "displayadvice.h"
 #include "graphics.h"
 #include "processdefaults.h"
@@ -9,6 +10,7 @@
 
 #include <QApplication>
 
+#include <algorithm>
 #include <cstdlib>
 #include <optional>
 
@@ -16,16 +18,26 @@ int main(int argc, char *argv[])
 {
     quorvale::restoreProcessDefaults();
     quorvale::prepareForDesktop();
+    const QVariantMap platformData = quorvale::platformDataOfStart();
+    const QList<QByteArray> words(argv + std::min(argc, 1), argv + argc);
+    const QList<QUrl> files = quorvale::fileOperands(words, quorvale::workingFolder());
 
     std::optional<quorvale::DisplayAdvice> advice(std::in_place);
     QApplication::setApplicationName(QStringLiteral("Quorvale"));
-    QApplication application(argc, argv);
+    int wordsForQt = 1; // which has options of its own
+    QApplication application(wordsForQt, argv);
     advice.reset();
     quorvale::chooseRenderer();
 
     quorvale::QuorvaleApp quorvale;
-    if (!quorvale.open())
+    switch (quorvale.open(files, platformData)) {
+    case quorvale::QuorvaleApp::Start::window:
+        break;
+    case quorvale::QuorvaleApp::Start::elsewhere:
+        return EXIT_SUCCESS;
+    case quorvale::QuorvaleApp::Start::failed:
         return EXIT_FAILURE;
+    }
     const int status = QApplication::exec();
 
     // A running ffmpeg is left to finish its file. An ordinary return would wait for the thread

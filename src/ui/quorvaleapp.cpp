@@ -5,6 +5,7 @@
 
 #include "controller/converterviewmodel.h"
 #include "desktop/desktop.h"
+#include "desktop/windowactivation.h"
 #include "style/textstyles.h"
 
 #include <QFontDatabase>
@@ -12,7 +13,7 @@
 #include <QIcon>
 #include <QQmlComponent>
 #include <QThreadPool>
-#include <QVariantMap>
+#include <QWindow>
 
 using namespace Qt::StringLiterals;
 
@@ -27,8 +28,17 @@ QuorvaleApp::QuorvaleApp() : m_model(ConverterViewModel::create(makeOpenPanel(),
     m_engine.setInitialProperties({{u"model"_s, QVariant::fromValue(m_model.get())}});
 }
 
-bool QuorvaleApp::open()
+QuorvaleApp::~QuorvaleApp() = default;
+
+QuorvaleApp::Start QuorvaleApp::open(const QList<QUrl> &files, const QVariantMap &platformData)
 {
+    m_instance = makeInstance(files, platformData);
+    QObject::connect(m_instance.get(), &Instance::handedOver, m_model.get(),
+                     [this](const QList<QUrl> &others, const QVariantMap &itsPlatformData) {
+                         queue(others);
+                         bringToFront(itsPlatformData);
+                     });
+    QObject::connect(qApp, &QGuiApplication::lastWindowClosed, m_instance.get(), &Instance::leave);
     // The larger part of the start, at the same time: a thread of the engine's reads the QML,
     // another one looks for the fonts of the system, and then this one for the window's.
     const QUrl window(u"qrc:/qt/qml/Quorvale/MainWindow.qml"_s);
@@ -38,10 +48,30 @@ bool QuorvaleApp::open()
         QMetaObject::invokeMethod(qApp, &TextStyles::lookUp);
     });
     QGuiApplication::setWindowIcon(QIcon(u":/qt/qml/Quorvale/quorvale.svg"_s));
-    while (reading.isLoading())
+    while (m_instance->place() == Instance::Place::undecided
+           || (reading.isLoading() && m_instance->place() == Instance::Place::own))
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    if (m_instance->place() == Instance::Place::elsewhere)
+        return Start::elsewhere;
+    queue(files);
     m_engine.load(window);
-    return !m_engine.rootObjects().isEmpty();
+    if (m_engine.rootObjects().isEmpty())
+        return Start::failed;
+    return Start::window;
+}
+
+void QuorvaleApp::queue(const QList<QUrl> &files)
+{
+    if (!files.isEmpty())
+        m_model->search(files);
+}
+
+void QuorvaleApp::bringToFront(const QVariantMap &platformData)
+{
+    for (QObject *root : m_engine.rootObjects()) {
+        if (auto *window = qobject_cast<QWindow *>(root))
+            quorvale::bringToFront(*window, platformData);
+    }
 }
 
 bool QuorvaleApp::isBusy() const

@@ -3,31 +3,47 @@
 
 #pragma once
 
+#include <QList>
 #include <QQmlApplicationEngine>
+#include <QUrl>
+#include <QVariantMap>
 
 #include <memory>
 
 namespace quorvale {
 
 class ConverterViewModel;
+class Instance;
 
 /// The application: its one controller and the window on it, and the name and the icon by which a
 /// desktop knows it. Needs a QApplication.
 class QuorvaleApp
 {
 public:
-    QuorvaleApp();
+    enum class Start {
+        window,    ///< which is open now
+        elsewhere, ///< the files are with the program that runs already, which shows them
+        failed     ///< the window cannot be built, as the engine has said on standard error
+    };
 
-    /// Opens the window. False when it cannot be built, which the engine has then said on standard
-    /// error.
-    bool open();
+    QuorvaleApp();
+    ~QuorvaleApp();
+
+    /// Opens the window and queues the videos among these files and in these folders, or has the
+    /// program do so that runs already in this session. The platform data, of this start, is for
+    /// its window.
+    Start open(const QList<QUrl> &files = {}, const QVariantMap &platformData = {});
 
     /// Whether a conversion runs, or a thread of a search.
     bool isBusy() const;
 
 private:
+    void queue(const QList<QUrl> &files);
+    void bringToFront(const QVariantMap &platformData);
+
     std::shared_ptr<ConverterViewModel> m_model;
     QQmlApplicationEngine m_engine;
+    std::unique_ptr<Instance> m_instance;
 };
 
 } // namespace quorvale

@@ -66,10 +66,10 @@ void ProgramRun::set(const QString &variable, const QString &value)
     m_environment.insert(variable, value);
 }
 
-bool ProgramRun::start()
+bool ProgramRun::start(const QStringList &words)
 {
     m_process.setProcessEnvironment(m_environment);
-    m_process.start(m_executable, {});
+    m_process.start(m_executable, words);
     if (m_process.waitForStarted(-1))
         return true;
     qWarning("%s: %s", qPrintable(m_executable), qPrintable(m_process.errorString()));

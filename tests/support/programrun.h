@@ -38,8 +38,8 @@ public:
     void set(const QString &variable, const QString &value);
     ChildOfTheTest &process() { return m_process; }
 
-    /// Starts it. False, with a warning, when that fails.
-    bool start();
+    /// Starts it with these words on its command line. False, with a warning, when that fails.
+    bool start(const QStringList &words = {});
 
     pid_t id() const { return static_cast<pid_t>(m_process.processId()); }
     bool isRunning() const { return m_process.state() == QProcess::Running; }

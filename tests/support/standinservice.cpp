@@ -67,7 +67,7 @@ void StandInService::end()
 {
     m_process.kill();
     m_process.waitForFinished(-1);
-    while (m_bus.interface()->isServiceRegistered(m_name)) {
+    while (m_bus.interface()->isServiceRegistered(m_connection)) {
     }
 }
 

@@ -23,7 +23,7 @@ class QuorvaleAppTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { QVERIFY(m_app.open()); }
+    void initTestCase() { QCOMPARE(m_app.open(), QuorvaleApp::Start::window); }
 
     void namesItsDesktopEntry()
     {

@@ -1,0 +1,86 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#include "applicationservice.h"
+
+#include <utility>
+
+using namespace std::chrono;
+using namespace Qt::StringLiterals;
+
+namespace quorvale {
+
+namespace {
+
+const auto applicationInterface = u"org.freedesktop.Application"_s;
+
+// Until when a call of makeCall() counts, by the clock below.
+const auto endOfPatience = u"org.quorvale.Quorvale.end-of-patience"_s;
+
+// The same for all processes of the machine.
+qlonglong now()
+{
+    return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
+}
+
+} // namespace
+
+QVariantMap ApplicationService::platformDataOfStart()
+{
+    QVariantMap data;
+    for (const auto &[variable, key] : {std::pair("XDG_ACTIVATION_TOKEN", u"activation-token"_s),
+                                        std::pair("DESKTOP_STARTUP_ID", u"desktop-startup-id"_s)}) {
+        if (qEnvironmentVariableIsSet(variable))
+            data.insert(key, qEnvironmentVariable(variable));
+    }
+    return data;
+}
+
+QDBusMessage ApplicationService::makeCall(const QString &service, const QList<QUrl> &files,
+                                          QVariantMap platformData, milliseconds patience)
+{
+    platformData.insert(endOfPatience, now() + qlonglong(patience.count()));
+    auto call =
+        QDBusMessage::createMethodCall(service, QLatin1StringView(path), applicationInterface,
+                                       files.isEmpty() ? u"Activate"_s : u"Open"_s);
+    call.setAutoStartService(false);
+    if (!files.isEmpty())
+        call << QUrl::toStringList(files, QUrl::FullyEncoded);
+    return call << platformData;
+}
+
+void ApplicationService::offer(QDBusConnection bus)
+{
+    bus.registerObject(QLatin1StringView(path), applicationInterface, this,
+                       QDBusConnection::ExportScriptableSlots);
+}
+
+void ApplicationService::Activate(const QVariantMap &platformData)
+{
+    take({}, platformData);
+}
+
+void ApplicationService::Open(const QStringList &uris, const QVariantMap &platformData)
+{
+    QList<QUrl> files;
+    for (const QString &uri : uris)
+        files << QUrl::fromEncoded(uri.toUtf8());
+    take(files, platformData);
+}
+
+// The desktop entry names no actions.
+void ApplicationService::ActivateAction(const QString &action, const QVariantList & /*parameter*/,
+                                        const QVariantMap & /*platformData*/)
+{
+    sendErrorReply(QDBusError::InvalidArgs, u"There is no action %1."_s.arg(action));
+}
+
+void ApplicationService::take(const QList<QUrl> &files, const QVariantMap &platformData)
+{
+    const auto end = platformData.constFind(endOfPatience);
+    if (m_isRefusing || (end != platformData.cend() && end->toLongLong() < now()))
+        return sendErrorReply(QDBusError::Failed, u"The program opens nothing now."_s);
+    Q_EMIT called(files, platformData);
+}
+
+} // namespace quorvale
