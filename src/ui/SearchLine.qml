@@ -41,6 +41,8 @@ Item {
         spacing: 12
 
         TextLine {
+            // In steps, so that the bar does not tremble as the number changes.
+            Layout.preferredWidth: Math.ceil(implicitWidth / 24) * 24
             color: Theme.current.text
             font: Theme.subheadline
             text: "Searching for videos… " + line.count + " found"
