@@ -2,9 +2,10 @@
 // SPDX-License-Identifier: MIT
 
 // A stand-in for a file manager: a small window that drags the local files named on the command
-// line when the mouse presses and moves it. What becomes of a drag is
-// said on standard output, a line each:
+// line when the mouse presses and moves it. What becomes of a drag is said on standard output, a
+// line each:
 //
+//   entered        the mouse is above the small window
 //   dragging       the drag begins
 //   action NAME    what the window under the mouse would do with it has changed
 //   dropped NAME   the drag is over; this is being done
@@ -42,6 +43,8 @@ public:
     }
 
 protected:
+    void enterEvent(QEnterEvent * /*event*/) override { say("entered"); }
+
     void mousePressEvent(QMouseEvent *event) override { m_pressed = event->position(); }
 
     void mouseMoveEvent(QMouseEvent *event) override

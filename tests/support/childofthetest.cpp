@@ -78,8 +78,8 @@ std::optional<QByteArray> ChildOfTheTest::run(const QString &program, const QStr
 void ChildOfTheTest::setPreparation(const std::function<void()> &preparation)
 {
     setChildProcessModifier([preparation] {
-        dieWithTheTest();
         preparation();
+        dieWithTheTest(); // last, because another user's process forgets it
     });
 }
 

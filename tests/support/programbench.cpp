@@ -3,6 +3,7 @@
 
 #include "programbench.h"
 
+#include "dragsource.h"
 #include "patience.h"
 
 #include <QDebug>
@@ -30,36 +31,10 @@ ProgramBench::~ProgramBench()
 bool ProgramBench::drop(const QStringList &paths) const
 {
     const VirtualDisplay &display = m_desktop.display();
-    ChildOfTheTest source; // see tests/fakes/dragsource.cpp
-    source.setProcessEnvironment(display.environment());
-    source.setStandardErrorFile(QProcess::nullDevice());
-    source.start(QStringLiteral(DRAG_SOURCE), paths);
+    DragSource source(display, display.environment(), paths);
     const auto sourceWindow = display.waitForWindow(u"Drag source"_s);
-    if (!sourceWindow || !display.activate(*sourceWindow))
-        return false;
-
-    // Has the mouse move about the middle of the window until the source says so.
-    QByteArray said;
-    const auto moveUntil = [&](const QString &window, const char *awaited) {
-        const QPoint middle = display.areaOf(window).center() - display.areaOf(window).topLeft();
-        int step = 0;
-        const auto hasSaid = [&] {
-            display.xdotool({u"mousemove"_s, u"--window"_s, window,
-                             QString::number(middle.x() + ++step % 20),
-                             QString::number(middle.y())});
-            said += source.readAllStandardOutput();
-            return said.contains(awaited);
-        };
-        if (QTest::qWaitFor(hasSaid, patience))
-            return true;
-        qWarning("The drag never comes to \"%s\", but to: %s", awaited, said.constData());
-        return false;
-    };
-    return moveUntil(*sourceWindow, "") && display.xdotool({u"mousedown"_s, u"1"_s})
-           && moveUntil(*sourceWindow, "dragging") && moveUntil(m_window.window(), "action take")
-           && display.xdotool({u"mouseup"_s, u"1"_s})
-           && moveUntil(m_window.window(), "dropped take")
-           && moveUntil(m_window.window(), "fetched");
+    return sourceWindow && display.activate(*sourceWindow)
+           && source.drop(display.areaOf(*sourceWindow), display.areaOf(m_window.window()));
 }
 
 bool ProgramBench::queue(const QStringList &paths) const

@@ -5,6 +5,7 @@
 
 #include "patience.h"
 #include "virtualdesktop.h"
+#include "waylanddisplay.h"
 
 #include <QDir>
 #include <QFile>
@@ -57,6 +58,18 @@ void ProgramRun::showOn(const VirtualDisplay &display)
 void ProgramRun::showOn(const VirtualDesktop &desktop)
 {
     showOn(desktop.display());
+    useServices(desktop);
+}
+
+void ProgramRun::showOn(const VirtualDesktop &desktop, const WaylandDisplay &display)
+{
+    set(u"XDG_SESSION_TYPE"_s, u"wayland"_s);
+    set(u"WAYLAND_DISPLAY"_s, display.name());
+    useServices(desktop);
+}
+
+void ProgramRun::useServices(const VirtualDesktop &desktop)
+{
     set(u"DBUS_SESSION_BUS_ADDRESS"_s, desktop.session().address());
     set(u"QT_LINUX_ACCESSIBILITY_ALWAYS_ON"_s, u"1"_s);
 }

@@ -15,6 +15,7 @@ namespace quorvale::test {
 
 class VirtualDesktop;
 class VirtualDisplay;
+class WaylandDisplay;
 
 /// One run of the program as it is built, or of a copy, in an environment of its own.
 class ProgramRun
@@ -33,6 +34,8 @@ public:
     void showOn(const VirtualDisplay &display);
     /// The same, and where it finds the session's services and tells about its window.
     void showOn(const VirtualDesktop &desktop);
+    /// As a program of a Wayland session, of which the desktop has the services.
+    void showOn(const VirtualDesktop &desktop, const WaylandDisplay &display);
     void showNowhere() { set(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen")); }
 
     void set(const QString &variable, const QString &value);
@@ -59,6 +62,8 @@ public:
     bool hasMapped(const QByteArray &file) const;
 
 private:
+    void useServices(const VirtualDesktop &desktop);
+
     QTemporaryDir m_home;
     QString m_executable;
     QByteArray m_mark; // an entry of its environment, which its children inherit

@@ -35,6 +35,9 @@ constexpr const char *windowManagerSettings = R"(<?xml version="1.0"?>
     <application title="Drag source">
       <position force="yes"><x>-0</x><y>0</y></position>
     </application>
+    <application title="wlroots*">
+      <fullscreen>yes</fullscreen>
+    </application>
   </applications>
 </openbox_config>
 )";

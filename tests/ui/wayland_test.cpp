@@ -1,0 +1,119 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+#include "support/dragsource.h"
+#include "support/patience.h"
+#include "support/programrun.h"
+#include "support/testclass.h"
+#include "support/virtualdesktop.h"
+#include "support/waylanddisplay.h"
+
+#include <QTest>
+
+using namespace quorvale::test;
+using namespace Qt::StringLiterals;
+
+// The program in a Wayland session, without X11.
+class WaylandTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        m_run = std::make_unique<ProgramRun>();
+        m_run->showOn(m_desktop, m_display);
+    }
+
+    void cleanup()
+    {
+        m_run.reset();
+        QTRY_VERIFY_WITH_TIMEOUT(!m_display.window(u"Quorvale"_s), patience);
+        QVERIFY(m_display.command(u"output * scale 1"_s));
+    }
+
+    void belongsToItsDesktopEntry()
+    {
+        QVERIFY(start());
+        QCOMPARE(m_display.window(u"Quorvale"_s)->id, u"org.quorvale.Quorvale"_s);
+        QCOMPARE(m_run->complaints(), QByteArray());
+    }
+
+    void isNoSmallerThanItsLeastSize()
+    {
+        const QSize least(960, 640);
+        QVERIFY(start());
+        QCOMPARE(area().size(), least);
+        QVERIFY(resizeBy({60, 40}));
+        QTRY_COMPARE_WITH_TIMEOUT(area().size(), least + QSize(60, 40), patience);
+        QVERIFY(resizeBy({-400, -300}));
+        QTRY_COMPARE_WITH_TIMEOUT(area().size(), least, patience);
+        QCOMPARE(m_run->complaints(), QByteArray());
+    }
+
+    void takesWhatIsDropped()
+    {
+        QVERIFY(start());
+        QTemporaryDir folder;
+        QFile clip(folder.filePath(u"clip.mp4"_s));
+        QVERIFY(clip.open(QIODevice::WriteOnly));
+        QProcessEnvironment environment = m_desktop.display().environment();
+        environment.insert(u"QT_QPA_PLATFORM"_s, u"wayland"_s);
+        environment.insert(u"WAYLAND_DISPLAY"_s, m_display.name());
+        DragSource source(m_desktop.display(), environment, {clip.fileName()});
+        QTRY_VERIFY_WITH_TIMEOUT(m_display.window(u"Drag source"_s), patience);
+        QVERIFY(source.drop(m_display.window(u"Drag source"_s)->area, area()));
+        const auto row = AccessibleItem::named(AccessibleItem::Role::listItem, u"clip.mp4"_s);
+        QTRY_VERIFY_WITH_TIMEOUT(m_desktop.application(m_run->id())->find(row), patience);
+        QCOMPARE(m_run->complaints(), QByteArray());
+    }
+
+    // A pixel of the window is one of the screen, and the window as large to the eye as ever.
+    void isFineOnAFineScreen()
+    {
+        QVERIFY(m_display.command(u"output * scale 2"_s));
+        m_run->set(u"WAYLAND_DEBUG"_s, u"client"_s); // it says what it tells the compositor
+        QVERIFY(start());
+        QCOMPARE(area().size(), QSize(960, 640));
+        QVERIFY(m_run->standardError().contains(".set_buffer_scale(2)"));
+    }
+
+private:
+    bool start()
+    {
+        return m_run->start()
+               && QTest::qWaitFor([this] { return m_display.window(u"Quorvale"_s).has_value(); },
+                                  patience)
+               && !m_desktop.display().restingPicture(area()).isEmpty();
+    }
+
+    QRect area() const
+    {
+        const auto window = m_display.window(u"Quorvale"_s);
+        return window ? window->area : QRect();
+    }
+
+    // Drags the window's lower right corner, as far as the window lets it.
+    bool resizeBy(const QPoint &offset) const
+    {
+        const QPoint start = area().bottomRight() - QPoint(20, 20);
+        const auto at = [](const QPoint &place) {
+            return QStringList{u"mousemove"_s, QString::number(place.x()),
+                               QString::number(place.y())};
+        };
+        const QStringList rest{u"sleep"_s, u"0.1"_s};
+        const QStringList press{u"keydown"_s, u"super"_s, u"mousedown"_s, u"3"_s};
+        const QStringList release{u"mouseup"_s, u"3"_s, u"keyup"_s, u"super"_s};
+        return m_desktop.display()
+            .xdotool(at(start) + rest + press + rest + at(start + offset / 2) + rest
+                     + at(start + offset) + rest + release)
+            .has_value();
+    }
+
+    const VirtualDesktop m_desktop;
+    const WaylandDisplay m_display{m_desktop.display()};
+    std::unique_ptr<ProgramRun> m_run;
+};
+
+QUORVALE_TEST(WaylandTest)
+#include "wayland_test.moc"
