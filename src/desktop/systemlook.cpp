@@ -3,29 +3,43 @@
 
 #include "systemlook.h"
 
+#include "fontdescription.h"
 #include "plainpalette.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QFontDatabase>
-#include <QGuiApplication>
 #include <QScopedValueRollback>
 
 #ifdef QT_DBUS_LIB
 #include "appearanceportal.h"
 #endif
 
+using namespace Qt::StringLiterals;
+
 namespace quorvale {
+
+namespace {
+
+// What Qt takes where no platform theme says anything (QGenericUnixTheme).
+bool isLastResort(const QFont &font)
+{
+    return font.family() == u"Sans Serif"_s && font.pointSize() == 9;
+}
+
+} // namespace
 
 SystemLook::SystemLook(QObject *parent) : QObject(parent)
 {
     QCoreApplication::instance()->installEventFilter(this);
 #ifdef QT_DBUS_LIB
-    connect(new AppearancePortal(this), &AppearancePortal::prefersDark, this,
-            [this](std::optional<bool> preference) {
-                m_prefersDark = preference;
-                adaptPalette();
-                Q_EMIT changed();
-            });
+    auto *settings = new AppearancePortal(this);
+    connect(settings, &AppearancePortal::prefersDark, this, [this](std::optional<bool> preference) {
+        m_prefersDark = preference;
+        adaptPalette();
+        Q_EMIT changed();
+    });
+    connect(settings, &AppearancePortal::prefersFont, this, &SystemLook::adaptFont);
 #endif
 }
 
@@ -53,6 +67,25 @@ void SystemLook::adaptPalette()
     m_ownPalette = QGuiApplication::palette();
 }
 
+QFont SystemLook::interfaceFont()
+{
+    QFont font = QGuiApplication::font();
+    constexpr double defaultSize = 9.75; // in points, which is 13 pixels
+    if (isLastResort(font))
+        font.setPointSizeF(defaultSize);
+    return font;
+}
+
+void SystemLook::adaptFont(const QString &description)
+{
+    const QFont current = QGuiApplication::font();
+    const auto font = describedFont(description);
+    if (!font || (!isLastResort(current) && current != m_ownFont))
+        return;
+    QApplication::setFont(*font);
+    m_ownFont = QGuiApplication::font();
+}
+
 QString SystemLook::fixedFamily() const
 {
     return QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
@@ -68,6 +101,10 @@ bool SystemLook::eventFilter(QObject *watched, QEvent *event)
         adaptPalette();
         Q_EMIT changed();
     }
+    const bool isFontChange =
+        event->type() == QEvent::ApplicationFontChange && watched == QCoreApplication::instance();
+    if (isFontChange || isThemeChange)
+        Q_EMIT fontChanged();
     return QObject::eventFilter(watched, event);
 }
 

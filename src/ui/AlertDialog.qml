@@ -24,7 +24,7 @@ T.Dialog {
     title: "Quorvale"
     topPadding: 20
     // Of its own width, so that a long message wraps instead of widening it.
-    width: 360
+    width: Theme.scaled(360)
 
     // Shown as long as there is a text.
     function follow() {

@@ -29,7 +29,7 @@ FocusScope {
     /// The button was pressed.
     signal action
 
-    implicitHeight: 34
+    implicitHeight: Theme.scaled(34)
     implicitWidth: button.implicitContentWidth + button.leftPadding + button.rightPadding
 
     // A control's own type is what it is read out as; Qt takes no other role for it.
@@ -79,14 +79,14 @@ FocusScope {
             spacing: 10
 
             Item {
-                Layout.preferredHeight: 18
-                Layout.preferredWidth: 18
+                Layout.preferredHeight: Theme.scaled(18)
+                Layout.preferredWidth: Theme.scaled(18)
 
                 Symbol {
                     anchors.centerIn: parent
                     color: Theme.white
                     name: root.codecSymbol
-                    size: 16
+                    size: Theme.scaled(16)
                 }
             }
 
@@ -102,7 +102,7 @@ FocusScope {
             Symbol {
                 color: Theme.dark.accent
                 name: Symbol.CheckmarkCircleFill
-                size: 16
+                size: Theme.scaled(16)
                 visible: root.selected
             }
         }

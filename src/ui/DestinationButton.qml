@@ -43,7 +43,7 @@ PlainButton {
         Symbol {
             color: Theme.current.accent
             name: Symbol.FolderFill
-            size: 18
+            size: Theme.scaled(18)
         }
 
         ColumnLayout {

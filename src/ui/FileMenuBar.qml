@@ -15,7 +15,7 @@ Item {
     Accessible.name: "Menu bar"
     Accessible.role: Accessible.MenuBar
     Scheme.colors: Theme.dark
-    implicitHeight: 28
+    implicitHeight: Theme.menuBarHeight
 
     Shortcut {
         sequences: ["Alt+F", "F10"]
@@ -32,7 +32,7 @@ Item {
         anchors.left: parent.left
         anchors.leftMargin: 16 // so that the text begins where the sidebar's does
         anchors.verticalCenter: parent.verticalCenter
-        implicitHeight: 22
+        implicitHeight: parent.height - 4
         leftPadding: 8
         rightPadding: 8
         text: "File"

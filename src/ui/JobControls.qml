@@ -29,7 +29,7 @@ RowLayout {
         help: "Queue this video again"
         symbol: Symbol.ArrowClockwiseCircleFill
         symbolColor: Theme.current.green
-        symbolSize: 18
+        symbolSize: Theme.scaled(18)
         text: "Queue this video again"
         visible: controls.job.isCompleted
         onClicked: {

@@ -82,10 +82,10 @@ Item {
         spacing: 12
 
         Symbol {
-            Layout.preferredWidth: 14
+            Layout.preferredWidth: Theme.scaled(14)
             color: Theme.current.tertiary
             name: Symbol.Lines
-            size: 13 // which puts its lines on whole pixels
+            size: Theme.scaled(13) // which by default puts its lines on whole pixels
 
             HoverTip {
                 text: "Drag to reorder"

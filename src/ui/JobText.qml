@@ -35,7 +35,7 @@ ColumnLayout {
             Layout.maximumWidth: Math.ceil(implicitWidth)
             color: Theme.current.secondary
             elide: Text.ElideMiddle
-            font: Theme.caption
+            font: Theme.subheadline
             maximumLineCount: 1
             text: column.job.folderName
 
@@ -47,7 +47,7 @@ ColumnLayout {
         TextLine {
             Accessible.ignored: true
             color: Theme.current.secondary
-            font: Theme.caption
+            font: Theme.subheadline
             text: "•"
         }
 
@@ -56,7 +56,7 @@ ColumnLayout {
             color: column.job.isInProgress ? Theme.current.accent
                  : column.job.isCompleted ? Theme.current.green
                  : column.job.hasFailed ? Theme.current.red : Theme.current.secondary
-            font: Theme.caption
+            font: Theme.subheadline
             text: column.job.stateWord
         }
 

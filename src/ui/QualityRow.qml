@@ -24,7 +24,7 @@ RowLayout {
     }
 
     TextLine {
-        Layout.preferredWidth: 38
+        Layout.preferredWidth: Theme.scaled(38)
         color: Theme.white
         font: Theme.captionFixed
         horizontalAlignment: Text.AlignHCenter

@@ -24,7 +24,7 @@ Item {
 
     implicitHeight: row.implicitHeight + row.anchors.topMargin + row.anchors.bottomMargin
 
-    RowLayout {
+    GridLayout {
         id: row
 
         anchors.bottomMargin: 20
@@ -32,13 +32,20 @@ Item {
         anchors.leftMargin: 26
         anchors.rightMargin: 26
         anchors.topMargin: 27
-        spacing: Theme.spacing
+        columnSpacing: Theme.spacing
+        // The buttons below the title where large texts leave no room beside it. Counts are rather
+        // shortened, so that nothing jumps as they grow.
+        columns: Math.max(title.implicitWidth, header.model.jobCount === 0 ? hint.implicitWidth : 0)
+                 + columnSpacing + buttons.implicitWidth <= width ? 2 : 1
+        rowSpacing: 12
 
         ColumnLayout {
             Layout.fillWidth: true
             spacing: 3
 
             TextLine {
+                id: title
+
                 Layout.fillWidth: true
                 Accessible.role: Accessible.Heading
                 color: Theme.current.text
@@ -48,6 +55,8 @@ Item {
             }
 
             TextLine {
+                id: hint
+
                 Layout.fillWidth: true
                 color: Theme.current.secondary
                 elide: Text.ElideRight
@@ -56,30 +65,36 @@ Item {
             }
         }
 
-        BorderlessButton {
-            id: clearButton
+        RowLayout {
+            id: buttons
 
-            text: "Clear Completed"
-            visible: header.model.completedCount > 0 && !header.model.isConverting
-            onClicked: header.model.clearCompleted()
-            onVisibleChanged: {
-                if (!visible)
-                    folderButton.takeOver(clearButton);
+            spacing: Theme.spacing
+
+            BorderlessButton {
+                id: clearButton
+
+                text: "Clear Completed"
+                visible: header.model.completedCount > 0 && !header.model.isConverting
+                onClicked: header.model.clearCompleted()
+                onVisibleChanged: {
+                    if (!visible)
+                        folderButton.takeOver(clearButton);
+                }
             }
-        }
 
-        BorderedButton {
-            id: folderButton
+            BorderedButton {
+                id: folderButton
 
-            symbol: Symbol.FolderBadgePlus
-            text: "Folder"
-            onClicked: Qt.callLater(header.model.chooseFolder) // qmllint disable
-        }
+                symbol: Symbol.FolderBadgePlus
+                text: "Folder"
+                onClicked: Qt.callLater(header.model.chooseFolder) // qmllint disable
+            }
 
-        ProminentButton {
-            symbol: Symbol.Plus
-            text: "Add Videos"
-            onClicked: Qt.callLater(header.model.chooseFiles) // qmllint disable
+            ProminentButton {
+                symbol: Symbol.Plus
+                text: "Add Videos"
+                onClicked: Qt.callLater(header.model.chooseFiles) // qmllint disable
+            }
         }
     }
 }

@@ -3,6 +3,7 @@
 
 import QtQuick
 import QtQuick.Layouts
+import QtQuick.Templates as T
 import Quorvale
 import Quorvale.Style
 
@@ -20,7 +21,21 @@ FocusScope {
         button.forceActiveFocus(Qt.TabFocusReason);
     }
 
+    /// The control in it that has the keyboard.
+    readonly property T.Control focused: activeFocus ? Window.activeFocusItem as T.Control : null
+
     Scheme.colors: Theme.dark
+    // What the keyboard comes to comes into sight.
+    onFocusedChanged: {
+        if (!focused?.visualFocus)
+            return;
+        const top = column.mapFromItem(focused, 0, 0).y;
+        const around = 8; // room for its ring
+        const least = column.y + top + focused.height + around - scroll.height;
+        const most = column.y + top - around;
+        scroll.contentY = Math.max(0, Math.min(scroll.contentHeight - scroll.height,
+                                               Math.max(least, Math.min(most, scroll.contentY))));
+    }
 
     SmoothRectangle {
         anchors.fill: parent
@@ -28,98 +43,122 @@ FocusScope {
         endColor: Theme.sidebarEnd
     }
 
-    ColumnLayout {
-        anchors.bottomMargin: 22
+    Flickable {
+        id: scroll
+
+        readonly property real bottomSpace: 22
+        readonly property real needed: column.y + column.implicitHeight + bottomSpace
+
         anchors.fill: parent
-        anchors.leftMargin: 24
-        anchors.rightMargin: 24
-        anchors.topMargin: 32
-        spacing: 20
-
-        SidebarHeader {
-            Layout.fillWidth: true
-        }
+        anchors.topMargin: Theme.menuBarHeight // below which nothing goes
+        boundsBehavior: Flickable.StopAtBounds
+        clip: interactive
+        contentHeight: Math.max(height, needed)
+        interactive: needed > height
 
         ColumnLayout {
-            Layout.fillWidth: true
-            spacing: 8
+            id: column
 
-            SectionLabel {
-                text: "OUTPUT FORMAT"
-            }
+            height: scroll.contentHeight - y - scroll.bottomSpace
+            spacing: 20
+            width: sidebar.width - 2 * x
+            x: 24
+            y: Math.max(4, 32 - scroll.y)
 
-            Repeater {
-                id: codecs
-
-                model: sidebar.model.codecLabels
-
-                // qmllint disable unqualified
-                CodecButton {
-                    required property int index
-                    required property string modelData
-
-                    Layout.fillWidth: true
-                    codec: index
-                    label: modelData
-                    selected: sidebar.model.codecIndex === codec
-                    Keys.onDownPressed: sidebar.chooseCodec(codecs.itemAt(index + 1))
-                    Keys.onLeftPressed: sidebar.chooseCodec(codecs.itemAt(index - 1))
-                    Keys.onRightPressed: sidebar.chooseCodec(codecs.itemAt(index + 1))
-                    Keys.onUpPressed: sidebar.chooseCodec(codecs.itemAt(index - 1))
-                    onAction: sidebar.model.chooseCodec(codec)
-                }
-                // qmllint enable unqualified
-            }
-        }
-
-        EncodingGroup {
-            Layout.fillWidth: true
-            model: sidebar.model
-        }
-
-        ColumnLayout {
-            Layout.fillWidth: true
-            spacing: 10
-
-            SectionLabel {
-                text: "OPTIONS"
-            }
-
-            ToggleSwitch {
+            SidebarHeader {
                 Layout.fillWidth: true
-                checked: sidebar.model.useHardware
-                symbol: Symbol.Cpu
-                text: "Apple media engine"
-                onToggled: sidebar.model.useHardware = checked
             }
 
-            RowLayout {
+            ColumnLayout {
                 Layout.fillWidth: true
-                spacing: Theme.spacing
+                spacing: 8
 
-                TextLine {
-                    Accessible.ignored: true
-                    color: Theme.white
-                    font: Theme.body
-                    text: "Audio"
+                SectionLabel {
+                    text: "OUTPUT FORMAT"
                 }
 
-                DropDown {
-                    Accessible.name: "Audio"
+                Repeater {
+                    id: codecs
+
+                    model: sidebar.model.codecLabels
+
+                    // qmllint disable unqualified
+                    CodecButton {
+                        required property int index
+                        required property string modelData
+
+                        Layout.fillWidth: true
+                        codec: index
+                        label: modelData
+                        selected: sidebar.model.codecIndex === codec
+                        Keys.onDownPressed: sidebar.chooseCodec(codecs.itemAt(index + 1))
+                        Keys.onLeftPressed: sidebar.chooseCodec(codecs.itemAt(index - 1))
+                        Keys.onRightPressed: sidebar.chooseCodec(codecs.itemAt(index + 1))
+                        Keys.onUpPressed: sidebar.chooseCodec(codecs.itemAt(index - 1))
+                        onAction: sidebar.model.chooseCodec(codec)
+                    }
+                    // qmllint enable unqualified
+                }
+            }
+
+            EncodingGroup {
+                Layout.fillWidth: true
+                model: sidebar.model
+            }
+
+            ColumnLayout {
+                Layout.fillWidth: true
+                spacing: 10
+
+                SectionLabel {
+                    text: "OPTIONS"
+                }
+
+                ToggleSwitch {
                     Layout.fillWidth: true
-                    currentIndex: sidebar.model.audioIndex
-                    model: sidebar.model.audioLabels
-                    onActivated: index => sidebar.model.audioIndex = index
+                    checked: sidebar.model.useHardware
+                    symbol: Symbol.Cpu
+                    text: "Apple media engine"
+                    onToggled: sidebar.model.useHardware = checked
                 }
+
+                GridLayout {
+                    Layout.fillWidth: true
+                    columnSpacing: Theme.spacing
+                    // Below the label where large texts leave no room beside it.
+                    columns: audioLabel.implicitWidth + columnSpacing + audio.implicitWidth <= width ? 2 : 1
+                    rowSpacing: 4
+
+                    TextLine {
+                        id: audioLabel
+
+                        Accessible.ignored: true
+                        color: Theme.white
+                        font: Theme.body
+                        text: "Audio"
+                    }
+
+                    DropDown {
+                        id: audio
+
+                        Accessible.name: "Audio"
+                        Layout.fillWidth: true
+                        currentIndex: sidebar.model.audioIndex
+                        model: sidebar.model.audioLabels
+                        onActivated: index => sidebar.model.audioIndex = index
+                    }
+                }
+            }
+
+            Item {
+                Layout.fillHeight: true
+            }
+
+            ToolStatusRow {
+                Layout.fillWidth: true
             }
         }
 
-        Item {
-            Layout.fillHeight: true
-        }
-
-        ToolStatusRow {
-            Layout.fillWidth: true
-        }
+        T.ScrollBar.vertical: VerticalScrollBar {}
     }
 }

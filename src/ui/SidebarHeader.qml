@@ -17,15 +17,19 @@ RowLayout {
 
         TextLine {
             Accessible.role: Accessible.Heading
+            Layout.fillWidth: true
             color: Theme.white
             font: Theme.title2Bold
             text: "Quorvale"
+            wrapMode: Text.Wrap
         }
 
         TextLine {
+            Layout.fillWidth: true
             color: Theme.dark.secondary
             font: Theme.caption
             text: "Premiere-ready video"
+            wrapMode: Text.Wrap
         }
     }
 }

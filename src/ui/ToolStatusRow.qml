@@ -30,5 +30,6 @@ RowLayout {
         color: Theme.dark.secondary
         font: Theme.caption
         text: tool.isFound ? "FFmpeg ready" : "FFmpeg required"
+        wrapMode: Text.Wrap
     }
 }

@@ -8,8 +8,8 @@
 #include "support/standinportal.h"
 #include "support/testclass.h"
 
+#include <QApplication>
 #include <QFontDatabase>
-#include <QGuiApplication>
 #include <QPalette>
 #include <QSignalSpy>
 #include <QTest>
@@ -28,10 +28,13 @@ void setWindowColor(const QColor &color)
     QCoreApplication::processEvents();
 }
 
+const QFont lastResort(u"Sans Serif"_s, 9);
 const QColor lightWindow(0xec, 0xec, 0xee);
 const QColor darkWindow(0x22, 0x22, 0x26);
 const QString appearance = u"org.freedesktop.appearance"_s;
 const QString colorSchemeKey = u"color-scheme"_s;
+const QString gnomeInterface = u"org.gnome.desktop.interface"_s;
+const QString fontKey = u"font-name"_s;
 
 } // namespace
 
@@ -85,8 +88,10 @@ private Q_SLOTS:
         StandInPortal settings(m_bus, colorScheme);
         SystemLook look;
         QSignalSpy changed(&look, &SystemLook::changed);
-        QTRY_COMPARE_WITH_TIMEOUT(settings.calls(u"Read"_s),
-                                  QList<QVariantList>(1, {appearance, colorSchemeKey}), patience);
+        QTRY_COMPARE_WITH_TIMEOUT(
+            settings.calls(u"Read"_s),
+            (QList<QVariantList>{{appearance, colorSchemeKey}, {gnomeInterface, fontKey}}),
+            patience);
         QFETCH(const int, changes);
         QTRY_COMPARE_WITH_TIMEOUT(changed.size(), changes, patience);
         QTest::qWait(50); // for what should not come
@@ -94,7 +99,7 @@ private Q_SLOTS:
         QTEST(look.isDark(), "isDarkOnLight");
         setWindowColor(darkWindow);
         QTEST(look.isDark(), "isDarkOnDark");
-        QCOMPARE(settings.calls(u"Read"_s).size(), 1);
+        QCOMPARE(settings.calls(u"Read"_s).size(), 2);
     }
 
     void aChangeOfTheSettingIsFollowed()
@@ -193,6 +198,56 @@ private Q_SLOTS:
         QCOMPARE(QGuiApplication::palette(), platforms);
         // Nothing is set, so that what the platform gives next is followed.
         QCOMPARE(QGuiApplication::palette().resolveMask(), 0ULL);
+    }
+
+    void theFontIsTheDesktops()
+    {
+        QApplication::setFont(QFont(u"DejaVu Serif"_s, 16));
+        const SystemLook look;
+        QSignalSpy changes(&look, &SystemLook::fontChanged);
+        QCOMPARE(look.interfaceFont().family(), u"DejaVu Serif"_s);
+        QCOMPARE(look.interfaceFont().pointSize(), 16);
+        QApplication::setFont(QFont(u"DejaVu Sans"_s, 11));
+        QVERIFY(!changes.isEmpty());
+        QCOMPARE(look.interfaceFont().family(), u"DejaVu Sans"_s);
+    }
+
+    // Where Qt knows none; and it is the one that Qt's own dialogs take, too.
+    void theSettingsFontStepsIn()
+    {
+        QApplication::setFont(lastResort);
+        StandInPortal settings(m_bus);
+        SystemLook look;
+        QCOMPARE(look.interfaceFont().pointSizeF(), 9.75);
+        QSignalSpy changes(&look, &SystemLook::fontChanged);
+        QTRY_COMPARE_WITH_TIMEOUT(settings.calls(u"Read"_s).size(), 2, patience);
+        settings.change(gnomeInterface, fontKey, u"DejaVu Serif 11"_s);
+        QTRY_VERIFY_WITH_TIMEOUT(!changes.isEmpty(), patience);
+        QCOMPARE(QApplication::font().family(), u"DejaVu Serif"_s);
+        QCOMPARE(look.interfaceFont(), QApplication::font());
+        settings.change(gnomeInterface, fontKey, u"nothing"_s);
+        settings.change(gnomeInterface, fontKey, 12U);
+        settings.change(gnomeInterface, fontKey, u"DejaVu Sans 16"_s);
+        QTRY_COMPARE_WITH_TIMEOUT(look.interfaceFont().pointSize(), 16, patience);
+    }
+
+    void theSettingsFontIsReadAtTheStart()
+    {
+        QApplication::setFont(lastResort);
+        StandInPortal settings(m_bus, u"DejaVu Serif 11"_s);
+        const SystemLook look;
+        QTRY_COMPARE_WITH_TIMEOUT(QApplication::font().family(), u"DejaVu Serif"_s, patience);
+    }
+
+    void theSettingsFontDoesNotReplaceOneThatQtKnows()
+    {
+        QApplication::setFont(QFont(u"DejaVu Sans"_s, 12));
+        StandInPortal settings(m_bus);
+        SystemLook look;
+        settings.change(gnomeInterface, fontKey, u"DejaVu Serif 11"_s);
+        settings.changeColorScheme(1U); // which comes after it
+        QTRY_VERIFY_WITH_TIMEOUT(look.isDark(), patience);
+        QCOMPARE(QApplication::font().family(), u"DejaVu Sans"_s);
     }
 
     void theFixedFontIsFixed()

@@ -5,6 +5,8 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFont>
+#include <QFontDatabase>
 #include <QPalette>
 #include <QQuickWindow>
 
@@ -13,15 +15,25 @@
 using namespace Qt::StringLiterals;
 
 // Takes a picture of the window in each of its states, light and dark, into the folder that is
-// named. With the software renderer, so that every machine draws the same.
+// named, with texts of so many points, as desktops set them, or of the default size. With the
+// software renderer and one font, so that every machine draws the same.
 int main(int argc, char *argv[])
 {
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     QApplication application(argc, argv);
-    if (argc != 2) {
-        qWarning("usage: pictures FOLDER");
+    constexpr double defaultPoints = 9.75;
+    const double points = argc == 3 ? QByteArray(argv[2]).toDouble() : defaultPoints;
+    if (argc < 2 || argc > 3 || !(points > 0)) {
+        qWarning("usage: pictures FOLDER [POINTS]");
         return EXIT_FAILURE;
     }
+    QFont font(u"Inter"_s);
+    font.setPointSizeF(points);
+    if (!QFontDatabase::hasFamily(font.family())) {
+        qWarning("The font %s is not installed", qPrintable(font.family()));
+        return EXIT_FAILURE;
+    }
+    QApplication::setFont(font);
     const QDir folder(QString::fromLocal8Bit(argv[1]));
     const QPalette light(QColor(0xf5, 0xf5, 0xf7), QColor(0xf5, 0xf5, 0xf7));
     const QPalette dark(QColor(0x3a, 0x3a, 0x40), QColor(0x1f, 0x1f, 0x23));

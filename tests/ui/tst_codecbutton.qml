@@ -75,7 +75,7 @@ ViewTest {
 
     function test_selected() {
         show(buttons);
-        compareFont(textOf(view, "H.264"), 11, Font.DemiBold);
+        compareFont(textOf(view, "H.264"), 12, Font.DemiBold);
         compare(symbolOf(view, Symbol.CheckmarkCircleFill).color, Theme.dark.accent);
         const ground = one(view, SmoothRectangle);
         compareArea(ground, 0, 0, 262, 34);
@@ -87,7 +87,7 @@ ViewTest {
 
     function test_notSelected() {
         show(buttons, {"isSelected": false});
-        compareFont(textOf(view, "H.264"), 11, Font.Normal);
+        compareFont(textOf(view, "H.264"), 12, Font.Normal);
         compare(all(view, Symbol, symbol => symbol.name === Symbol.CheckmarkCircleFill), []);
         compare(one(view, SmoothRectangle).color.a, 0);
         compare(Pixels.at(button(), 150, 4), view.color);

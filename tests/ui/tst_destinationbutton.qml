@@ -154,7 +154,7 @@ ViewTest {
         compare(gapBelow(caption, destination()), 2);
         compare(area(destination()).x + destination().width, 400 - 6);
         fuzzyCompare(middle(symbol), view.height / 2, 0.51);
-        compareFont(caption, 10, Font.Normal);
+        compareFont(caption, 11, Font.Normal);
         compareFont(destination(), 13, Font.Normal);
     }
 

@@ -34,7 +34,7 @@ ViewTest {
         compare(texts(view), ["Drop videos or folders here", "Queue a single clip or an entire folder tree.",
                               "Choose Videos", "Choose Folder"]);
         compareFont(textOf(view, "Drop videos or folders here"), 15, Font.Bold);
-        compareFont(textOf(view, "Queue a single clip or an entire folder tree."), 11, Font.Normal);
+        compareFont(textOf(view, "Queue a single clip or an entire folder tree."), 12, Font.Normal);
     }
 
     function test_badge() {

@@ -93,7 +93,7 @@ ViewTest {
             verify(text.lineCount >= 2);
             verify(text.contentHeight <= text.height);
             verify(text.contentWidth <= view.width);
-            compareFont(text, 10, Font.Normal);
+            compareFont(text, 11, Font.Normal);
             compare(text.color, Theme.dark.secondary);
         }
     }
@@ -113,7 +113,7 @@ ViewTest {
         compare(value.width, 38);
         compare(area(value).x + value.width, 262);
         fuzzyCompare(middle(value), middle(sliders()[0]), 0.51);
-        compareFont(value, 10, Font.DemiBold);
+        compareFont(value, 11, Font.DemiBold);
         compare(value.font.family, SystemLook.fixedFamily);
     }
 

@@ -239,8 +239,9 @@ ViewTest {
     function test_fonts() {
         showState("failed");
         compareFont(textOf(row(), "clip.mkv"), 13, Font.Medium);
-        for (const text of ["Trip", "\u2022", "Failed", "No space left on device."])
-            compareFont(textOf(row(), text), 10, Font.Normal);
+        for (const text of ["Trip", "\u2022", "Failed"])
+            compareFont(textOf(row(), text), 12, Font.Normal);
+        compareFont(textOf(row(), "No space left on device."), 11, Font.Normal);
         compare(gapBelow(textOf(row(), "Failed"), textOf(row(), "No space left on device.")), 6);
     }
 

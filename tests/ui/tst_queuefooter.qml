@@ -298,8 +298,11 @@ ViewTest {
         verify(gapBelow(line, destination) >= 0);
         compare(area(convert).x + convert.width, 649 - 26);
         compare(convert.height, 34);
-        compare(area(convert).y + convert.height, view.height - 22);
-        compare(gapBelow(line, convert), 14);
+        // In some fonts the two lines are a little higher than the button.
+        const around = Math.max(0, destination.contentItem.height - 34) / 2;
+        verify(around <= 2);
+        fuzzyCompare(view.height - area(convert).y - convert.height, 22 + around, 0.51);
+        fuzzyCompare(gapBelow(line, convert), 14 + around, 0.51);
         fuzzyCompare(middle(destination), middle(convert), 0.51);
         fuzzyCompare(middle(reveal), middle(convert), 0.51);
     }

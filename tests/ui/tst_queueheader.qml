@@ -242,7 +242,7 @@ ViewTest {
         verify(Bench.convert());
         show(headers);
         compareFont(textOf(view, "Conversion Queue"), 17, Font.Bold);
-        compareFont(textOf(view, subtitle()), 11, Font.Normal);
+        compareFont(textOf(view, subtitle()), 12, Font.Normal);
         verify(!(button("Folder") instanceof ProminentButton));
         verify(button("Add Videos") instanceof ProminentButton);
         verify(!button("Add Videos").isLarge);
@@ -321,8 +321,14 @@ ViewTest {
         view.width = 330;
         settle();
         const add = button("Add Videos");
-        compare(area(add).x + add.width, 330 - 26);
-        verify(gapBeside(textOf(view, subtitle()), button("Folder")) >= 0);
+        verify(area(add).x + add.width <= 330 - 26);
+        const line = textOf(view, subtitle());
+        verify(gapBelow(line, add) > 0);
+        verify(area(line).x + line.width <= 330 - 26);
+        view.width = 649;
+        settle();
+        compare(area(add).x + add.width, 649 - 26);
+        verify(gapBeside(line, button("Folder")) >= 0);
     }
 
     function test_tabOrder() {

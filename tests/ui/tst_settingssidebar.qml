@@ -72,7 +72,7 @@ ViewTest {
 
     function test_startsWithTheDefaults() {
         compare(selectedCodecs(), ["H.264"]);
-        compareFont(textOf(view, "H.264"), 11, Font.DemiBold);
+        compareFont(textOf(view, "H.264"), 12, Font.DemiBold);
         compare(all(view, Symbol, s => s.name === Symbol.CheckmarkCircleFill).length, 1);
         compare(goalPicker().displayText, "Balanced");
         verify(shows(view, "Uses 1.6× source bitrate for H.264 or 1.2× for HEVC—a practical size/quality compromise."));

@@ -33,7 +33,7 @@ ViewTest {
         compareFont(title, 17, Font.Bold);
         compare(title.color, Theme.white);
         const caption = textOf(view, "Premiere-ready video");
-        compareFont(caption, 10, Font.Normal);
+        compareFont(caption, 11, Font.Normal);
         compare(caption.color, Theme.dark.secondary);
     }
 

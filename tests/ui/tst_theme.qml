@@ -17,11 +17,11 @@ ViewTest {
             {"tag": "body", "pixelSize": 13, "weight": Font.Normal},
             {"tag": "bodyMedium", "pixelSize": 13, "weight": Font.Medium},
             {"tag": "bodySemibold", "pixelSize": 13, "weight": Font.DemiBold},
-            {"tag": "subheadline", "pixelSize": 11, "weight": Font.Normal},
-            {"tag": "subheadlineSemibold", "pixelSize": 11, "weight": Font.DemiBold},
-            {"tag": "caption", "pixelSize": 10, "weight": Font.Normal},
-            {"tag": "captionFixed", "pixelSize": 10, "weight": Font.DemiBold},
-            {"tag": "caption2", "pixelSize": 10, "weight": Font.Normal},
+            {"tag": "subheadline", "pixelSize": 12, "weight": Font.Normal},
+            {"tag": "subheadlineSemibold", "pixelSize": 12, "weight": Font.DemiBold},
+            {"tag": "caption", "pixelSize": 11, "weight": Font.Normal},
+            {"tag": "captionFixed", "pixelSize": 11, "weight": Font.DemiBold},
+            {"tag": "caption2", "pixelSize": 11, "weight": Font.Normal},
             {"tag": "sectionLabel", "pixelSize": 10, "weight": Font.Bold},
         ];
     }
@@ -29,6 +29,32 @@ ViewTest {
     function test_textStyles(data) {
         const font = Theme[data.tag];
         compare([font.pixelSize, font.weight], [data.pixelSize, data.weight]);
+    }
+
+    function test_textStylesGrowWithTheDesktopsFont_data() {
+        return [
+            {"tag": "9 points", "points": 9, "styles": {"title2Bold": 16, "title3Bold": 14, "body": 12, "bodyMedium": 12,
+                                                        "subheadline": 11, "caption": 11, "captionFixed": 11, "sectionLabel": 10},
+             "control": 24},
+            {"tag": "11 points", "points": 11, "styles": {"title2Bold": 19, "title3Bold": 17, "body": 14, "bodyMedium": 14,
+                                                          "subheadline": 14, "caption": 12, "captionFixed": 12, "sectionLabel": 11},
+             "control": 29},
+            {"tag": "16 points", "points": 16, "styles": {"title2Bold": 28, "title3Bold": 25, "body": 21, "bodyMedium": 21,
+                                                          "subheadline": 20, "caption": 18, "captionFixed": 18, "sectionLabel": 16},
+             "control": 43},
+        ];
+    }
+
+    function test_textStylesGrowWithTheDesktopsFont(data) {
+        Bench.setFont("DejaVu Sans", data.points);
+        for (const name in data.styles)
+            compare(Theme[name].pixelSize, data.styles[name], name);
+        for (const name of ["title2Bold", "body", "bodySemibold", "subheadline", "caption", "sectionLabel"])
+            compare(Theme[name].family, "DejaVu Sans", name);
+        compare(Theme.body.pointSize, data.points);
+        compare(Theme.controlHeight, data.control);
+        Bench.setFont("DejaVu Serif", 10);
+        compare([Theme.body.family, Theme.body.pointSize], ["DejaVu Serif", 10]);
     }
 
     function test_followsThePalette() {

@@ -61,7 +61,7 @@ ViewTest {
         compare(dot().radius, 3.5);
         compare(gapBeside(dot(), text), 7);
         fuzzyCompare(middle(dot()), middle(text), 0.51);
-        compareFont(text, 10, Font.Normal);
+        compareFont(text, 11, Font.Normal);
         compare(text.color, Theme.dark.secondary);
         // A disc, not a square.
         verify(Qt.colorEqual(Pixels.at(dot(), 3, 3), Theme.dark.green));

@@ -5,18 +5,20 @@ import QtQuick
 import Quorvale.Style
 
 // A symbol and a text side by side, in the middle or at the beginning of the control that they
-// label. Either may be missing.
+// label. Either may be missing. A text that does not fit goes on in a second line where there may be
+// one, and is shortened otherwise.
 Item {
     id: content
 
     property int symbol: Symbol.None
     property bool isCentered: true
+    property alias wrapMode: label.wrapMode
     property alias text: label.text
     property alias font: label.font
     required property color color
 
     implicitHeight: row.implicitHeight
-    implicitWidth: row.implicitWidth
+    implicitWidth: label.x + label.implicitWidth
 
     Row {
         id: row
@@ -40,8 +42,10 @@ Item {
 
             anchors.verticalCenter: parent.verticalCenter
             color: content.color
+            elide: wrapMode === Text.NoWrap ? Text.ElideRight : Text.ElideNone
             textFormat: Text.PlainText
             visible: text !== ""
+            width: Math.max(0, Math.min(implicitWidth, content.width - x))
         }
     }
 }

@@ -9,12 +9,20 @@ import Quorvale.Style
 T.ComboBox {
     id: box
 
+    /// Of its texts.
+    readonly property real widest: {
+        let most = metrics.height; // so that another font is heeded
+        for (let i = 0; i < count; ++i)
+            most = Math.max(most, Math.ceil(metrics.advanceWidth(textAt(i))));
+        return most;
+    }
+
     Accessible.description: displayText + (enabled ? "" : ", unavailable")
     Accessible.name: ""
     focusPolicy: Qt.StrongFocus
     font: Theme.body
     implicitHeight: Theme.controlHeight
-    implicitWidth: 160
+    implicitWidth: widest + leftPadding + rightPadding
     leftPadding: 10
     opacity: enabled ? 1 : 0.45
     rightPadding: 26
@@ -35,6 +43,12 @@ T.ComboBox {
             box.popup.open();
     }
 
+    FontMetrics {
+        id: metrics
+
+        font: box.font
+    }
+
     background: Rectangle {
         border.color: box.Scheme.colors.controlBorder
         border.width: 1
@@ -47,12 +61,11 @@ T.ComboBox {
         }
     }
 
-    contentItem: Text {
+    contentItem: ElidedLine {
+        Accessible.ignored: true
         color: box.Scheme.colors.text
-        elide: Text.ElideRight
         font: box.font
         text: box.displayText
-        textFormat: Text.PlainText
         verticalAlignment: Text.AlignVCenter
     }
 
@@ -62,7 +75,7 @@ T.ComboBox {
         anchors.verticalCenter: parent.verticalCenter
         color: box.Scheme.colors.text
         name: Symbol.ChevronUpDown
-        size: 12
+        size: Theme.scaled(12)
     }
 
     // qmllint disable unqualified
@@ -84,7 +97,8 @@ T.ComboBox {
         leftPadding: 4
         rightPadding: 4
         topPadding: 4
-        width: box.width
+        margins: 4
+        width: Math.max(box.width, box.widest + 2 * 4 + 24 + 8) // as an entry needs
         y: box.height + 4
 
         background: PopupGround {}

@@ -3,15 +3,25 @@
 
 import QtQuick
 import QtQuick.Templates as T
+import Quorvale.Style
 
 // A menu below a button.
 T.Menu {
     id: dropMenu
 
+    /// Of its entries.
+    readonly property real widest: {
+        let most = 0;
+        for (let i = 0; i < count; ++i)
+            most = Math.max(most, (itemAt(i) as Item)?.implicitWidth ?? 0);
+        return most;
+    }
+
     bottomPadding: 4
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutsideParent
     implicitHeight: contentItem.implicitHeight + topPadding + bottomPadding
-    implicitWidth: 224
+    implicitWidth: Math.max(Theme.scaled(224), widest + leftPadding + rightPadding)
+    margins: 4
     leftPadding: 4
     rightPadding: 4
     topPadding: 4

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 import QtQuick
+import QtQuick.Layouts
 import QtQuick.Templates as T
 import Quorvale.Style
 
@@ -12,7 +13,7 @@ T.MenuItem {
     Accessible.name: text
     font: Theme.body
     implicitHeight: Theme.controlHeight
-    implicitWidth: 216
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
     leftPadding: 10
     rightPadding: 10
     Accessible.onPressAction: {
@@ -25,10 +26,11 @@ T.MenuItem {
         radius: Theme.controlRadius - 2
     }
 
-    contentItem: Item {
+    contentItem: RowLayout {
+        spacing: 24
+
         Text {
-            anchors.left: parent.left
-            anchors.verticalCenter: parent.verticalCenter
+            Layout.fillWidth: true
             color: item.highlighted ? Theme.white : item.Scheme.colors.text
             font: item.font
             text: item.text
@@ -36,12 +38,11 @@ T.MenuItem {
         }
 
         Text {
-            anchors.right: parent.right
-            anchors.verticalCenter: parent.verticalCenter
             color: item.highlighted ? Theme.white : item.Scheme.colors.secondary
             font: item.font
             text: shortcut.nativeText
             textFormat: Text.PlainText
+            visible: text !== ""
         }
     }
 

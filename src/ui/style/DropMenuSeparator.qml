@@ -10,7 +10,7 @@ T.MenuSeparator {
     id: separator
 
     implicitHeight: 9
-    implicitWidth: 216
+    implicitWidth: 0
 
     contentItem: Item {
         Rectangle {

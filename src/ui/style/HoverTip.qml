@@ -35,7 +35,7 @@ Item {
             id: popup
 
             bottomPadding: 5
-            contentWidth: Math.min(implicitContentWidth, 420)
+            contentWidth: Math.min(implicitContentWidth, Theme.scaled(420))
             delay: 600
             implicitHeight: contentHeight + topPadding + bottomPadding
             implicitWidth: contentWidth + leftPadding + rightPadding

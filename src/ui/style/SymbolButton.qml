@@ -14,7 +14,7 @@ PlainButton {
     /// One of Symbol's names.
     required property int symbol
     /// The side of its square.
-    property real symbolSize: 16
+    property real symbolSize: Theme.scaled(16)
     property color symbolColor: Scheme.colors.text
     /// While the pointer is elsewhere.
     property real symbolOpacity: 1

@@ -10,6 +10,13 @@ import Quorvale.Style
 TextStyles {
     id: theme
 
+    base: SystemLook.font
+
+    /// A length that grows and shrinks with the texts, by what it is at their default size.
+    function scaled(length: real): int {
+        return Math.round(length * scale);
+    }
+
     readonly property ColorScheme current: SystemLook.isDark ? dark : light
 
     readonly property ColorScheme light: ColorScheme {
@@ -76,14 +83,16 @@ TextStyles {
 
     readonly property font captionFixed: Qt.font({
         family: SystemLook.fixedFamily,
-        pixelSize: 10,
+        pixelSize: caption.pixelSize,
         weight: Font.DemiBold
     })
 
     readonly property int spacing: 8
-    readonly property int controlHeight: 26
-    readonly property int largeControlHeight: 34
+    readonly property int controlHeight: Math.max(target, scaled(26))
+    readonly property int largeControlHeight: scaled(34)
     readonly property int controlRadius: 6
+    /// Of the File menu's bar, over the sidebar.
+    readonly property int menuBarHeight: Math.max(target + 4, scaled(28))
     /// The least width and height of what can be pressed.
     readonly property int target: 24
 }

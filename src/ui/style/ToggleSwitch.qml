@@ -25,7 +25,7 @@ T.Switch {
     Accessible.name: text
     focusPolicy: Qt.StrongFocus
     font: Theme.body
-    implicitHeight: Theme.controlHeight
+    implicitHeight: Math.max(Theme.controlHeight, implicitContentHeight)
     implicitWidth: implicitContentWidth + 12 + indicator.implicitWidth
     rightPadding: indicator.width + 12
     Accessible.onPressAction: switchOverWithinReach()
@@ -73,5 +73,6 @@ T.Switch {
         isCentered: false
         symbol: control.symbol
         text: control.text
+        wrapMode: Text.Wrap
     }
 }

@@ -7,6 +7,7 @@
 #include "support/filetree.h"
 
 #include <QFile>
+#include <QFontDatabase>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPalette>
@@ -37,7 +38,7 @@ bool isConverting(const ConversionJob &job)
 
 } // namespace
 
-Bench::Bench(QObject *parent) : QObject(parent)
+Bench::Bench(QObject *parent) : QObject(parent), m_noFont(QGuiApplication::font())
 {
     begin();
 }
@@ -113,6 +114,7 @@ void Bench::begin()
     m_queue->panel().requests.clear(); // the bench's own choice of an output folder
     chooseDestination({});
     setDark(false);
+    QGuiApplication::setFont(m_noFont);
     Q_EMIT begun();
 }
 
@@ -126,6 +128,15 @@ void Bench::end()
     m_stay = 0;
     m_fractions.clear();
     m_queue.reset();
+}
+
+void Bench::setFont(const QString &family, double points)
+{
+    if (!QFontDatabase::hasFamily(family))
+        qFatal("The font %s is not installed.", qPrintable(family));
+    QFont font(family);
+    font.setPointSizeF(points);
+    QGuiApplication::setFont(font);
 }
 
 void Bench::queue(const QStringList &paths)

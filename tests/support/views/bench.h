@@ -7,6 +7,7 @@
 #include "support/queue.h"
 
 #include <QColor>
+#include <QFont>
 #include <QObject>
 #include <QtQmlIntegration>
 
@@ -49,9 +50,12 @@ public:
     QColor windowColor() const;
     void setWindowColor(const QColor &color);
 
-    /// Starts anew: an empty queue, default settings, no output folder, light colours. Ends what
-    /// the last test left behind.
+    /// Starts anew: an empty queue, default settings, no output folder, light colours, no font of
+    /// the desktop's. Ends what the last test left behind.
     Q_INVOKABLE void begin();
+
+    /// The font of the desktop becomes another; ends the test when it is not installed.
+    Q_INVOKABLE void setFont(const QString &family, double points);
 
     /// Queues waiting jobs for files at these paths, "/in/" before those that are not absolute, in
     /// this order.
@@ -109,6 +113,7 @@ private:
     void end();
     QString stayPath(int stay) const;
 
+    const QFont m_noFont;
     std::unique_ptr<Queue> m_queue;
     int m_runs = 0;            // of ffmpeg that have been told what to do
     QList<double> m_fractions; // that conversions stay at
