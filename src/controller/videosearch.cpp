@@ -7,6 +7,8 @@
 #include "model/filepath.h"
 #include "nameorder.h"
 
+#include <QDir>
+
 #include <algorithm>
 #include <ranges>
 #include <system_error>
@@ -158,7 +160,7 @@ void VideoSearch::leaveOut()
     }
     m_workers.clear();
     for (const Errand &errand : std::exchange(m_errands, {})) {
-        m_leftOut << shownPath(errand.tree->place().file.path());
+        m_leftOut << QDir::cleanPath(shownPath(errand.tree->place().file.path()));
         settle(errand, {});
     }
     startWorker();

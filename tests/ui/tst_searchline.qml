@@ -32,7 +32,7 @@ ViewTest {
         signalName: "dismissed"
     }
 
-    readonly property string notice: "“/videos/” did not answer and was left out."
+    readonly property string notice: "“/videos” did not answer and was left out."
 
     function button(text) {
         return one(view, BorderedButton, b => b.text === text);
