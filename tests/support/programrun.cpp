@@ -4,6 +4,7 @@
 #include "programrun.h"
 
 #include "patience.h"
+#include "slowdisk.h"
 #include "virtualdesktop.h"
 #include "waylanddisplay.h"
 
@@ -72,6 +73,12 @@ void ProgramRun::useServices(const VirtualDesktop &desktop)
 {
     set(u"DBUS_SESSION_BUS_ADDRESS"_s, desktop.session().address());
     set(u"QT_LINUX_ACCESSIBILITY_ALWAYS_ON"_s, u"1"_s);
+}
+
+void ProgramRun::put(const SlowDisk &disk)
+{
+    set(u"LD_PRELOAD"_s, QStringLiteral(SLOW_DISK));
+    set(QString::fromLatin1(SlowDisk::variable), disk.steering());
 }
 
 void ProgramRun::set(const QString &variable, const QString &value)

@@ -13,6 +13,7 @@
 
 namespace quorvale::test {
 
+class SlowDisk;
 class VirtualDesktop;
 class VirtualDisplay;
 class WaylandDisplay;
@@ -37,6 +38,9 @@ public:
     /// As a program of a Wayland session, of which the desktop has the services.
     void showOn(const VirtualDesktop &desktop, const WaylandDisplay &display);
     void showNowhere() { set(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen")); }
+
+    /// Makes it, and its tools, see the disk as slow as it is.
+    void put(const SlowDisk &disk);
 
     void set(const QString &variable, const QString &value);
     ChildOfTheTest &process() { return m_process; }
