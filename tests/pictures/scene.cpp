@@ -3,6 +3,7 @@
 
 #include "scene.h"
 
+#include "support/filetree.h"
 #include "support/recordedfilemanager.h"
 
 #include <QDir>
@@ -38,6 +39,7 @@ QQuickItem *findText(QQuickItem *item, const QString &text)
 
 Scene::Scene()
 {
+    qputenv(SlowDisk::variable, m_disk.steering().toUtf8());
     auto panel = std::make_unique<RecordedPanel>();
     m_panel = panel.get();
     m_model = ConverterViewModel::create(std::move(panel), std::make_unique<RecordedFileManager>());
@@ -92,6 +94,8 @@ bool Scene::enter(State state)
     m_model->setProperty("goalIndex", 2);
     if (state == State::waiting)
         return true;
+    if (state == State::searching)
+        return search();
     if (state == State::reordering)
         return lift(1, 3);
     m_model->start();
@@ -118,6 +122,21 @@ void Scene::add(const QStringList &paths)
 {
     for (const QString &path : paths)
         m_model->add({QUrl::fromLocalFile(u"/videos/"_s + path)});
+}
+
+// A folder with many videos, and one in it that does not answer.
+bool Scene::search()
+{
+    constexpr int videos = 1234;
+    QDir disk(m_disk.path());
+    for (int i = 0; i < videos; ++i)
+        write(disk.filePath(u"%1.mp4"_s.arg(i)), {});
+    if (!disk.mkdir(u"gone"_s))
+        return false;
+    m_disk.hang({u"gone"_s});
+    m_model->search({QUrl::fromLocalFile(disk.path())});
+    const SearchQueue *searches = m_model->searches();
+    return QTest::qWaitFor([&] { return searches->isLong() && searches->foundCount() == videos; });
 }
 
 void Scene::chooseDestination()

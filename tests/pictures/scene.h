@@ -5,6 +5,7 @@
 
 #include "controller/converterviewmodel.h"
 #include "support/recordedpanel.h"
+#include "support/slowdisk.h"
 #include "support/standintools.h"
 
 #include <QImage>
@@ -24,7 +25,17 @@ class Scene
     Q_GADGET
 
 public:
-    enum class State { empty, drop, menu, waiting, reordering, converting, finished, alert };
+    enum class State {
+        empty,
+        drop,
+        menu,
+        waiting,
+        searching,
+        reordering,
+        converting,
+        finished,
+        alert
+    };
     Q_ENUM(State)
 
     Scene();
@@ -40,12 +51,14 @@ public:
 
 private:
     void add(const QStringList &paths);
+    bool search();
     void chooseDestination();
     bool convert(int untilRow);
     bool click(const QString &text) const;
     bool lift(int row, int destination) const;
 
     StandInTools m_tools;
+    SlowDisk m_disk;
     RecordedPanel *m_panel;
     std::shared_ptr<ConverterViewModel> m_model;
     QQmlApplicationEngine m_engine;
