@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 import QtQuick
+import QtQuick.Templates as T
 import Quorvale
 import Quorvale.Style
 import Quorvale.Testing
@@ -22,6 +23,21 @@ ViewTest {
             FileMenuBar {
                 model: Bench.model
                 width: parent.width
+            }
+        }
+    }
+
+    Component {
+        id: menus
+
+        DropMenu {
+            T.Action {
+                shortcut: "Ctrl+Shift+O"
+                text: "An entry that is longer than the menu is wide by itself, as others may have"
+            }
+
+            T.Action {
+                text: "Without a shortcut"
             }
         }
     }
@@ -62,6 +78,21 @@ ViewTest {
         compare(all(overlay, DropMenuSeparator).length, 1);
         for (const entry of entries())
             verify(entry.enabled);
+    }
+
+    function test_aLongEntryIsWhole() {
+        show(bars);
+        const menu = createTemporaryObject(menus, view);
+        menu.open();
+        tryVerify(() => menu.opened);
+        settle();
+        for (const text of all(overlay, Text, text => text.text !== ""))
+            verify(text.contentWidth <= text.width + 0.5, text.text);
+        const [entry, keys] = all(entries()[0], Text);
+        verify(gapBeside(entry, keys) >= 24);
+        verify(area(keys).x + keys.width <= area(entries()[0]).x + entries()[0].width - 10 + 0.5);
+        menu.close();
+        tryVerify(() => !menu.visible);
     }
 
     function test_aHeldKeyOnlyOpensIt_data() {
