@@ -33,6 +33,14 @@ ViewTest {
         }
     }
 
+    Component {
+        id: lines
+
+        SearchLine {
+            width: 649
+        }
+    }
+
     /// The families and sizes, each with the other.
     function fonts() {
         const data = [];
@@ -96,6 +104,18 @@ ViewTest {
             || all(view, JobText).some(column => isInside(text, column));
     }
 
+    /// That nothing of the items covers anything else.
+    function verifyApart(items) {
+        for (let i = 0; i < items.length; ++i) {
+            for (let j = i + 1; j < items.length; ++j) {
+                const areApart = isInside(items[i], items[j]) || isInside(items[j], items[i])
+                    || !isCovering(items[i], items[j]);
+                verify(areApart, items[i] + (items[i].text ?? "") + " " + area(items[i]) + " and "
+                       + items[j] + (items[j].text ?? "") + " " + area(items[j]));
+            }
+        }
+    }
+
     /// That all texts are whole, or shortened where they may be, in what they belong to and beside
     /// everything else.
     function verifyTexts() {
@@ -109,15 +129,7 @@ ViewTest {
             const outside = surroundings(text).find(outer => !isIn(text, outer));
             verify(!outside, name + " in " + outside + " " + (outside ? area(outside) : ""));
         }
-        const items = texts.concat(all(view, T.Control));
-        for (let i = 0; i < items.length; ++i) {
-            for (let j = i + 1; j < items.length; ++j) {
-                const areApart = isInside(items[i], items[j]) || isInside(items[j], items[i])
-                    || !isCovering(items[i], items[j]);
-                verify(areApart, items[i] + (items[i].text ?? "") + " " + area(items[i]) + " and "
-                       + items[j] + (items[j].text ?? "") + " " + area(items[j]));
-            }
-        }
+        verifyApart(texts.concat(all(view, T.Control)));
     }
 
     function test_everyTextHasItsRoom_data() {
@@ -144,6 +156,29 @@ ViewTest {
         verify(shows(view, "Clear Completed"));
         Bench.model.chooseCodec(4);
         verifyTexts();
+    }
+
+    function test_searchLine_data() {
+        return fonts();
+    }
+
+    function test_searchLine(data) {
+        Bench.setFont(data.family, data.points);
+        show(lines, {"foundCount": 123456, "isSearching": true});
+        const verifyLine = () => {
+            settle();
+            for (const text of all(view, Text, text => text.text !== "")) {
+                verify(text instanceof ElidedLine || !text.truncated, text.text);
+                verify(text.contentWidth <= text.width + 1 && isIn(text, view), text.text);
+            }
+            verifyApart(all(view, Text).concat(all(view, T.Control)));
+        };
+        verifyLine();
+        verify(one(view, ProgressLine).width >= 80);
+        view.isSearching = false;
+        view.notice = "\u201c/media/a disk with a long name/that does not answer/" + "videos/".repeat(20)
+                      + "\u201d did not answer and was left out.";
+        verifyLine();
     }
 
     function test_popups_data() {
