@@ -5,16 +5,20 @@
 #include "support/leftovers.h"
 #include "support/patience.h"
 #include "support/queue.h"
+#include "support/slowdisk.h"
 #include "support/testclass.h"
 
 #include <QAbstractItemModelTester>
 #include <QDeadlineTimer>
 #include <QFile>
+#include <QSignalSpy>
 #include <QTest>
 
 #include <algorithm>
 #include <csignal>
 #include <random>
+
+#include <unistd.h>
 
 using namespace quorvale;
 using namespace quorvale::test;
@@ -23,7 +27,8 @@ using namespace Qt::StringLiterals;
 using enum JobState::Case;
 
 // Random sequences of what a user may do, before, during and after batches, applied to the queue
-// and to a plain model of it: both have to agree after every step. The seed is printed; with the
+// and to a plain model of it: both have to agree after every step. Each search looks at a folder of
+// its own, which does not answer until the search is to end. The seed is printed; with the
 // same one in QUORVALE_TEST_SEED the same sequences are tried again.
 
 namespace {
@@ -53,18 +58,57 @@ bool becomesTrue(const Condition &condition)
 class Pair
 {
 public:
-    explicit Pair(Random &random) : m_random(random)
+    Pair(Random &random, SlowDisk &disk) : m_random(random), m_disk(disk)
     {
         constexpr int mostConversions = 100; // more than any sequence has steps
         for (int i = 0; i < mostConversions; ++i)
             m_reference.plans << randomPlan();
     }
 
+    // What may be done beside editing the queue.
+    enum class Work { none, batches, searches, batchesAndSearches };
+
     // Does something at random on both sides. Says what is different afterwards, or nothing.
-    QString step(bool mayConvert)
+    QString step(Work work)
     {
-        const int kinds = mayConvert ? 14 : 9;
-        switch (oneOf(m_random, kinds)) {
+        constexpr int editing = 9;
+        constexpr int converting = 5;
+        constexpr int searching = 6;
+        const bool mayConvert = work == Work::batches || work == Work::batchesAndSearches;
+        const bool maySearch = work == Work::searches || work == Work::batchesAndSearches;
+        const int kind =
+            oneOf(m_random, editing + (mayConvert ? converting : 0) + (maySearch ? searching : 0));
+        if (maySearch && kind >= editing + (mayConvert ? converting : 0))
+            stepOfSearch(oneOf(m_random, searching));
+        else
+            step(kind);
+        return settled();
+    }
+    // Lets the batch that runs and all searches come to their end.
+    QString end()
+    {
+        QString difference;
+        while (difference.isEmpty() && m_reference.isConverting) {
+            endConversion();
+            difference = settled();
+        }
+        while (difference.isEmpty() && !m_reference.searches.isEmpty()) {
+            endSearch();
+            difference = settled();
+        }
+        if (!becomesTrue([this] { return !m_queue.model().searches()->hasThreads(); }))
+            return u"there are threads left,"_s;
+        return difference;
+    }
+
+    QString log() const { return m_log.join(u", "_s); }
+    qsizetype conversions() const { return m_reference.conversions; }
+    qsizetype searches() const { return m_searches; }
+
+private:
+    void step(int kind)
+    {
+        switch (kind) {
         case 0:
         case 1:
         case 2:
@@ -112,24 +156,23 @@ public:
         default:
             endConversion();
         }
-        return settled();
     }
 
-    // Lets the batch that runs come to its end.
-    QString end()
+    void stepOfSearch(int kind)
     {
-        QString difference;
-        while (difference.isEmpty() && m_reference.isConverting) {
-            endConversion();
-            difference = settled();
+        if (kind < 3) {
+            search();
+        } else if (kind < 5) {
+            endSearch();
+        } else {
+            m_log << u"stop searching"_s;
+            m_queue.model().searches()->stop();
+            m_reference.stopSearches();
+            m_folders.clear();
+            blockSearches();
         }
-        return difference;
     }
 
-    QString log() const { return m_log.join(u", "_s); }
-    qsizetype conversions() const { return m_reference.conversions; }
-
-private:
     ConversionPlan randomPlan()
     {
         ConversionPlan plan;
@@ -182,20 +225,77 @@ private:
         m_reference.endConversion();
     }
 
-    void add()
+    // In one of the folders.
+    QStringList randomPaths(const QStringList &folders)
     {
-        static const QStringList folders{u"/in/"_s, u"/in/../in/"_s, u"/other/"_s};
         static const QStringList endings{u".mkv"_s, u".mkv"_s, u".mkv"_s, u".txt"_s};
         QStringList paths;
-        for (int count = oneOf(m_random, 4); count >= 0; --count)
-            paths << folders[oneOf(m_random, 3)] + QChar(u'a' + oneOf(m_random, 8))
+        for (int count = oneOf(m_random, 4); count >= 0; --count) {
+            const auto folder = oneOf(m_random, static_cast<int>(folders.size()));
+            paths << folders[folder] + QChar(u'a' + oneOf(m_random, 8))
                          + endings[oneOf(m_random, 4)];
-        m_log << u"add "_s + paths.join(u' ');
+        }
+        return paths;
+    }
+
+    static QList<QUrl> urls(const QStringList &paths)
+    {
         QList<QUrl> urls;
-        for (const QString &path : std::as_const(paths))
+        for (const QString &path : paths)
             urls << QUrl::fromLocalFile(path);
-        m_queue.model().add(urls);
+        return urls;
+    }
+
+    void add()
+    {
+        const QStringList paths = randomPaths({u"/in/"_s, u"/in/../in/"_s, u"/other/"_s});
+        m_log << u"add "_s + paths.join(u' ');
+        m_queue.model().add(urls(paths));
         m_reference.add(paths);
+    }
+
+    // By a drop, of which each file is an addition, or by a panel.
+    void search()
+    {
+        const QString folder = QString::number(++m_searches);
+        m_folders << folder;
+        blockSearches();
+        // From there to the folders of the other additions, although no such way leads there.
+        const QString path = m_disk.path(folder);
+        const QString toTheRoot = path + u"/.."_s.repeated(path.count(u'/'));
+        const QStringList paths = randomPaths({toTheRoot + u"/in/"_s, toTheRoot + u"/other/"_s});
+        const bool isDrop = oneOf(m_random, 2) == 0;
+        m_log << (isDrop ? u"drop "_s : u"choose "_s) + paths.join(u' ');
+        if (isDrop) {
+            m_queue.model().handleDrop(urls(paths));
+            QList<QStringList> additions;
+            for (const QString &path : paths)
+                additions << QStringList{path};
+            m_reference.search(folder, additions);
+        } else {
+            m_queue.model().search(urls(paths));
+            m_reference.search(folder, {paths});
+        }
+    }
+
+    // Lets one of the searches find what it looks for.
+    void endSearch()
+    {
+        if (m_folders.isEmpty())
+            return;
+        const QString folder =
+            m_folders.takeAt(oneOf(m_random, static_cast<int>(m_folders.size())));
+        m_log << u"end of search "_s + folder;
+        blockSearches();
+        m_reference.endSearch(folder);
+    }
+
+    // All that are to go on.
+    void blockSearches() { m_disk.hang(m_folders); }
+
+    // The jobs that have been added have the numbers that the queue has given them.
+    void takeIds()
+    {
         const auto &jobs = m_queue.model().jobs();
         for (qsizetype row = 0; row < std::min(jobs.size(), m_reference.jobs.size()); ++row) {
             if (m_reference.jobs[row].id.isNull())
@@ -226,12 +326,18 @@ private:
     QString settled()
     {
         const bool isSettled = becomesTrue([this] {
+            if (m_found.size() != m_reference.additionsFound)
+                return false;
             if (!m_reference.isConverting)
                 return !m_queue.model().isConverting();
             const ReferenceQueue::Job *job = m_reference.convertingJob();
             return QFile::exists(mark(u"running"_s, m_reference.conversions))
                    && (!job || isAsFarAs(*job));
         });
+        takeIds();
+        if (m_found.size() != m_reference.additionsFound)
+            return u"%1 additions were found instead of %2"_s.arg(m_found.size())
+                .arg(m_reference.additionsFound);
         if (isSettled)
             return difference();
         const qsizetype number = m_reference.conversions;
@@ -278,13 +384,17 @@ private:
     }
 
     Random &m_random;
+    SlowDisk &m_disk;
     Queue m_queue;
     // Ends the program when what views are told does not fit the list.
     QAbstractItemModelTester m_tester{m_queue.model().jobModel(),
                                       QAbstractItemModelTester::FailureReportingMode::Fatal};
+    const QSignalSpy m_found{m_queue.model().searches(), &SearchQueue::found};
     ReferenceQueue m_reference;
     QByteArrayList m_microseconds; // that each conversion reports
     qsizetype m_prepared = 0;
+    qsizetype m_searches = 0; // so many there were
+    QStringList m_folders;    // of those that have not ended
     QStringList m_log;
 };
 
@@ -302,6 +412,7 @@ private Q_SLOTS:
         if (!isGiven)
             m_seed = static_cast<int>(std::random_device()() & 0x7fffffffU);
         qInfo("QUORVALE_TEST_SEED=%d", m_seed);
+        qputenv(SlowDisk::variable, m_disk.steering().toUtf8());
         // What Qt makes once and keeps is there from now on.
         Queue queue;
         queue.setConversions(Script());
@@ -309,22 +420,25 @@ private Q_SLOTS:
         QVERIFY(queue.runBatch());
     }
 
-    void withoutBatches() { tryOut(3000, 25, false); }
-    void withBatches() { tryOut(250, 20, true); }
+    void withoutBatches() { tryOut(3000, 25, Pair::Work::none); }
+    void withBatches() { tryOut(200, 20, Pair::Work::batches); }
+    void withSearches() { tryOut(500, 30, Pair::Work::searches); }
+    void withBatchesAndSearches() { tryOut(100, 30, Pair::Work::batchesAndSearches); }
 
 private:
-    void tryOut(int sequences, int steps, bool mayConvert)
+    void tryOut(int sequences, int steps, Pair::Work work)
     {
         const Leftovers leftovers;
         qsizetype conversions = 0;
+        qsizetype searches = 0;
         for (int sequence = 0; sequence < sequences; ++sequence) {
             // Each sequence has a seed of its own, so that one alone can be tried again.
-            std::seed_seq seed{m_seed, sequence, int(mayConvert)};
+            std::seed_seq seed{m_seed, sequence, static_cast<int>(work)};
             Random random(seed);
-            Pair pair(random);
+            Pair pair(random, m_disk);
             QString difference;
             for (int i = 0; difference.isEmpty() && i < steps; ++i)
-                difference = pair.step(mayConvert);
+                difference = pair.step(work);
             if (difference.isEmpty())
                 difference = pair.end();
             QVERIFY2(
@@ -332,12 +446,19 @@ private:
                 qPrintable(u"Seed %1, sequence %2: %3 after %4"_s.arg(m_seed).arg(sequence).arg(
                     difference, pair.log())));
             conversions += pair.conversions();
+            searches += pair.searches();
         }
-        QCOMPARE(conversions > 0, mayConvert);
-        qInfo("%d sequences with %lld conversions", sequences, static_cast<long long>(conversions));
+        const bool isWithBoth = work == Pair::Work::batchesAndSearches;
+        QCOMPARE(conversions > 0, work == Pair::Work::batches || isWithBoth);
+        QCOMPARE(searches > 0, work == Pair::Work::searches || isWithBoth);
+        QCOMPARE(m_disk.questions(::getpid()) > 0, searches > 0);
+        QCOMPARE(m_disk.questionsOfMainThread(::getpid()), QStringList());
+        qInfo("%d sequences with %lld conversions and %lld searches", sequences,
+              static_cast<long long>(conversions), static_cast<long long>(searches));
         QCOMPARE(leftovers.found(), QString());
     }
 
+    SlowDisk m_disk;
     int m_seed = 0;
 };
 

@@ -42,10 +42,19 @@ public:
         JobState state = JobState::waiting();
     };
 
+    struct Search
+    {
+        QString name;
+        QList<QStringList> additions;
+        bool hasEnded = false;
+    };
+
     QList<Job> jobs;
+    QList<Search> searches; // that are not handed over yet
     std::optional<QString> alertMessage;
-    QList<ConversionPlan> plans; // of the conversions, in turn
-    qsizetype conversions = 0;   // that have been started so far
+    qsizetype additionsFound = 0; // by searches
+    QList<ConversionPlan> plans;  // of the conversions, in turn
+    qsizetype conversions = 0;    // that have been started so far
     bool isConverting = false;
 
     /// Names are compared character by character here, so they have to be of lower-case letters.
@@ -65,6 +74,25 @@ public:
             fresh, {}, [](const Job &job) { return job.source.mid(job.source.lastIndexOf(u'/')); });
         jobs += fresh;
     }
+
+    /// Adds each of these lists when their search, and all before it, have ended.
+    void search(const QString &name, const QList<QStringList> &additions)
+    {
+        searches << Search{name, additions};
+    }
+
+    void endSearch(const QString &name)
+    {
+        std::ranges::find(searches, name, &Search::name)->hasEnded = true;
+        while (!searches.isEmpty() && searches.first().hasEnded) {
+            for (const QStringList &paths : searches.takeFirst().additions) {
+                add(paths);
+                ++additionsFound;
+            }
+        }
+    }
+
+    void stopSearches() { searches.clear(); }
 
     void remove(const QUuid &id)
     {

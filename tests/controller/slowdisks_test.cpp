@@ -148,7 +148,7 @@ private Q_SLOTS:
             SearchQueue searches({.untilOvertaken = 50ms, .untilLeftOut = 1s});
             const QSignalSpy found(&searches, &SearchQueue::found);
             write(m_disk->path(u"videos/last.mkv"_s), {});
-            m_disk->hang(u"videos/110"_s);
+            m_disk->hang({u"videos/110"_s});
             searches.search({{videos()}});
             QTRY_COMPARE_WITH_TIMEOUT(searches.foundCount(), 2, patience);
             QCOMPARE(found.size(), 0);

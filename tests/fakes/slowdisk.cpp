@@ -5,13 +5,14 @@
 // than the content of an open file, so that they wait before they do what they do. Preloaded into a
 // program as a library, or linked into a test, which steers it by a folder that the environment
 // variable SLOWDISK names (see tests/support/slowdisk.h). There it reads the file "rule" whenever a
-// function is called. As long as there is none, nothing waits and nothing is written. It has three
-// lines, the path of the disk, the path on it that is slow, with all that is below, and how:
+// function is called. As long as there is none, nothing waits and nothing is written. Its lines are
+// how slow the disk is, the path of the disk, and the paths on it that are slow, with all that is
+// below:
 //
-//   NUMBER each MILLISECONDS    every call takes so much longer
-//   NUMBER until MILLISECONDS   nobody gets an answer before that time of the monotonic clock
+//   each MILLISECONDS    every call takes so much longer
+//   until MILLISECONDS   nobody gets an answer before that time of the monotonic clock
 //
-// NUMBER tells a rule from the one before it, with which what waits stops waiting. To the file
+// What waits obeys the next rule as soon as there is one. To the file
 // "log" it adds a line for
 //
 //   PROCESS main FUNCTION PATH       a call for what is on the disk on the main thread, before it
@@ -81,11 +82,10 @@ Path steering(const char *file)
 
 struct Rule
 {
-    Path disk{};
-    Path slow{};
-    long number = 0;
     std::array<char, 8> word{};
-    std::int64_t milliseconds = 0;
+    long long milliseconds = 0;
+    Path disk{};
+    std::array<char, 16 * 1024> slow{}; // a path to a line
 };
 
 // False when there is none.
@@ -99,17 +99,18 @@ bool readRule(Rule &rule)
         ::syscall(SYS_openat, AT_FDCWD, file.data(), O_RDONLY | O_CLOEXEC | O_NOATIME, 0);
     if (descriptor < 0)
         return false;
-    Path text{};
-    ::syscall(SYS_read, descriptor, text.data(), text.size() - 1);
+    rule.slow.fill('\0');
+    ::syscall(SYS_read, descriptor, rule.slow.data(), rule.slow.size() - 1);
     ::syscall(SYS_close, descriptor);
-    long long milliseconds = 0;
-    if (std::sscanf(text.data(), "%4095[^\n]%*c%4095[^\n]%*c%ld %7s %lld", rule.disk.data(),
-                    rule.slow.data(), &rule.number, rule.word.data(), &milliseconds)
-        != 5) {
+    int length = 0;
+    if (std::sscanf(rule.slow.data(), "%7s %lld%*c%4095[^\n]%*c%n", rule.word.data(),
+                    &rule.milliseconds, rule.disk.data(), &length)
+        != 3) {
         std::fputs("slowdisk: there is no sense in the rule\n", stderr);
         std::abort();
     }
-    rule.milliseconds = milliseconds;
+    std::memmove(rule.slow.data(), rule.slow.data() + length,
+                 rule.slow.size() - static_cast<std::size_t>(length));
     return true;
 }
 
@@ -164,22 +165,32 @@ bool isAtOrBelow(std::string_view path, std::string_view folder)
            && (path.size() == folder.size() || path[folder.size()] == '/');
 }
 
-// Waits as the rule says, at most until there is another.
-void await(const Rule &rule)
+bool isSlow(std::string_view path, const Rule &rule)
+{
+    std::string_view folders(rule.slow.data());
+    while (!folders.empty()) {
+        const std::size_t length = std::min(folders.find('\n'), folders.size());
+        if (isAtOrBelow(path, folders.substr(0, length)))
+            return true;
+        folders.remove_prefix(std::min(length + 1, folders.size()));
+    }
+    return false;
+}
+
+// Waits as long as the present rule says.
+void await(std::string_view path, Rule &rule)
 {
     constexpr std::int64_t moment = 2 * million;
-    const bool isEach = std::strcmp(rule.word.data(), "each") == 0;
-    const std::int64_t end = (isEach ? now(CLOCK_MONOTONIC) : 0) + rule.milliseconds * million;
-    Rule present = rule;
-    while (present.number == rule.number) {
+    const std::int64_t begin = now(CLOCK_MONOTONIC);
+    do {
+        const bool isEach = std::strcmp(rule.word.data(), "each") == 0;
+        const std::int64_t end = (isEach ? begin : 0) + rule.milliseconds * million;
         const std::int64_t left = end - now(CLOCK_MONOTONIC);
-        if (left <= 0)
+        if (left <= 0 || !isSlow(path, rule))
             return;
         const timespec part{0, std::min(left, moment)};
         ::clock_nanosleep(CLOCK_MONOTONIC, 0, &part, nullptr);
-        if (!readRule(present))
-            return;
-    }
+    } while (readRule(rule));
 }
 
 template <typename GetPath>
@@ -192,8 +203,7 @@ void ask(const char *function, const GetPath &getPath)
         if (isAtOrBelow(path.data(), rule.disk.data()))
             note("%d %s %s %s\n", ::getpid(), isMainThread() ? "main" : "other", function,
                  path.data());
-        if (isAtOrBelow(path.data(), rule.slow.data()))
-            await(rule);
+        await(path.data(), rule);
     }
     errno = error;
 }

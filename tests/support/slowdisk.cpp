@@ -42,27 +42,29 @@ QString SlowDisk::path(const QString &name) const
 
 void SlowDisk::takeEachTime(std::chrono::milliseconds time, const QString &name)
 {
-    rule(name, "each " + QByteArray::number(time.count()));
+    rule({name}, "each " + QByteArray::number(time.count()));
 }
 
 void SlowDisk::sleep(std::chrono::milliseconds time, const QString &name)
 {
     const qint64 end = milliseconds(std::chrono::steady_clock::now() + time);
-    rule(name, "until " + QByteArray::number(end));
+    rule({name}, "until " + QByteArray::number(end));
 }
 
-void SlowDisk::hang(const QString &name)
+void SlowDisk::hang(const QStringList &names)
 {
-    rule(name, "until 9000000000000"); // milliseconds of a clock that counts from the start
+    rule(names, "until 9000000000000"); // milliseconds of a clock that counts from the start
 }
 
-void SlowDisk::rule(const QString &name, const QByteArray &manner)
+void SlowDisk::rule(const QStringList &names, const QByteArray &manner)
 {
+    QByteArray text = manner + '\n' + QFile::encodeName(path()) + '\n';
+    for (const QString &name : names)
+        text += QFile::encodeName(path(name)) + '\n';
     // Replaced as a whole, and without waiting until it is on a disk.
     const QString file = m_steering.filePath(u"rule"_s);
     const QString next = m_steering.filePath(u"next"_s);
-    write(next, QFile::encodeName(path()) + '\n' + QFile::encodeName(path(name)) + '\n'
-                    + QByteArray::number(++m_number) + ' ' + manner + '\n');
+    write(next, text);
     std::filesystem::rename(next.toStdString(), file.toStdString());
 }
 

@@ -34,8 +34,8 @@ public:
     static constexpr auto variable = "SLOWDISK";
     QString steering() const { return m_steering.path(); }
 
-    // From now on, each time in place of what was said before, with which what waits goes on.
-    // `name` is a file or folder on the disk, for when that alone is slow.
+    // From now on, each time in place of what was said before, also for who waits already. `name`
+    // is a file or folder on the disk, for when that alone is slow.
 
     void answerAtOnce() { rule({}, "each 0"); }
     /// Every question takes so much longer.
@@ -43,7 +43,7 @@ public:
     /// Nobody gets an answer for so long, as from a disk that has to wake up.
     void sleep(std::chrono::milliseconds time, const QString &name = {});
     /// Nobody gets an answer any more, as from a share that has gone.
-    void hang(const QString &name = {});
+    void hang(const QStringList &names = {QString()});
 
     /// How many questions the process has put to the disk, or has begun to.
     qsizetype questions(pid_t process) const;
@@ -56,13 +56,12 @@ public:
     std::chrono::milliseconds longestStandstill(pid_t process) const;
 
 private:
-    void rule(const QString &name, const QByteArray &manner);
+    void rule(const QStringList &names, const QByteArray &manner);
     // What the log says of the process behind the word.
     QStringList log(pid_t process, const QString &word) const;
 
     QTemporaryDir m_disk;
     QTemporaryDir m_steering;
-    int m_number = 0;
 };
 
 } // namespace quorvale::test
