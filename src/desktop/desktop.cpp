@@ -5,6 +5,7 @@
 
 #include "dialogpanel.h"
 #include "folderopener.h"
+#include "soleinstance.h"
 
 #ifdef QT_DBUS_LIB
 #include "applicationservice.h"
@@ -39,7 +40,7 @@ std::unique_ptr<Instance> makeInstance(const QList<QUrl> &files, const QVariantM
 #else
     Q_UNUSED(files)
     Q_UNUSED(platformData)
-    return std::make_unique<Instance>();
+    return std::make_unique<SoleInstance>();
 #endif
 }
 

@@ -30,12 +30,14 @@ void askForFolders(QFileDialog &dialog, bool allowsMultiple)
     dialog.setOption(QFileDialog::ShowDirsOnly);
     if (!allowsMultiple)
         return;
+#ifndef Q_OS_MACOS // whose own dialog is dearer to its users than several folders at once
     // Qt's own dialog takes whatever is selected in its two views: let that be several.
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     for (const QString &name : {u"listView"_s, u"treeView"_s}) {
         if (auto *view = dialog.findChild<QAbstractItemView *>(name))
             view->setSelectionMode(QAbstractItemView::ExtendedSelection);
     }
+#endif
 }
 
 } // namespace

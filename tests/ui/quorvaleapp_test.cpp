@@ -2,12 +2,14 @@
 // SPDX-License-Identifier: MIT
 
 #include "quorvaleapp.h"
+#include "service/ffmpegservice.h"
 #include "support/testclass.h"
 
 #include <QApplication>
 #include <QFile>
 #include <QIcon>
 #include <QQmlExtensionPlugin>
+#include <QRegularExpression>
 #include <QTest>
 #include <QWindow>
 
@@ -29,6 +31,21 @@ private Q_SLOTS:
     {
         const QString entry = QGuiApplication::desktopFileName() + u".desktop"_s;
         QVERIFY2(QFile::exists(QStringLiteral(PACKAGING "/") + entry), qPrintable(entry));
+    }
+
+    // macOS is not there to be tried, but what its bundle says can be read.
+    void itsBundleOffersToOpenWhatIsAccepted()
+    {
+        QFile file(QStringLiteral(PACKAGING "/Info.plist.in"));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QString text = QString::fromUtf8(file.readAll());
+        const QString list =
+            text.section(u"<key>CFBundleTypeExtensions</key>"_s, 1).section(u"</array>"_s, 0, 0);
+        static const QRegularExpression item(u"<string>(.*)</string>"_s);
+        QSet<QString> extensions;
+        for (const auto &match : item.globalMatch(list))
+            extensions << match.captured(1);
+        QCOMPARE(extensions, FFmpegService::supportedExtensions());
     }
 
     void hasAnIconInEverySize_data()
