@@ -9,6 +9,7 @@
 
 #ifdef QT_DBUS_LIB
 #include "applicationservice.h"
+#include "batchcompanion.h"
 #include "busfilemanager.h"
 #include "businstance.h"
 #include "portalpanel.h"
@@ -41,6 +42,16 @@ std::unique_ptr<Instance> makeInstance(const QList<QUrl> &files, const QVariantM
     Q_UNUSED(files)
     Q_UNUSED(platformData)
     return std::make_unique<SoleInstance>();
+#endif
+}
+
+std::unique_ptr<QObject> accompany(const ConverterViewModel &model)
+{
+#ifdef QT_DBUS_LIB
+    return std::make_unique<BatchCompanion>(model);
+#else
+    Q_UNUSED(model)
+    return {};
 #endif
 }
 

@@ -53,6 +53,7 @@ QuorvaleApp::Start QuorvaleApp::open(const QList<QUrl> &files, const QVariantMap
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     if (m_instance->place() == Instance::Place::elsewhere)
         return Start::elsewhere;
+    m_companion = accompany(*m_model);
     queue(files);
     m_engine.load(window);
     if (m_engine.rootObjects().isEmpty())

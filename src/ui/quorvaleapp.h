@@ -44,6 +44,7 @@ private:
     std::shared_ptr<ConverterViewModel> m_model;
     QQmlApplicationEngine m_engine;
     std::unique_ptr<Instance> m_instance;
+    std::unique_ptr<QObject> m_companion;
 };
 
 } // namespace quorvale

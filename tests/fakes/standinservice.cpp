@@ -13,6 +13,8 @@
 //   appear NAME     take the service's name
 //   reply VALUE...  answer the last call
 //   refuse          answer it by an error
+//   reply-lock      answer it by a file descriptor, and call it a call of "released" when that has
+//                   been closed by everyone who has a copy
 //   reply-request   answer it by the path that portals make from the caller and its token
 //   signal PATH INTERFACE NAME VALUE...  send a signal; an empty path stands for the one above
 //   end             end without a word
@@ -25,12 +27,16 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
+#include <QDBusUnixFileDescriptor>
 #include <QDBusVirtualObject>
 #include <QHash>
+#include <QSocketNotifier>
 
+#include <array>
 #include <cstdio>
 #include <cstdlib>
 
+#include <fcntl.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -60,12 +66,16 @@ public:
         m_call = message;
         nameRequest();
         perform(*script, bus);
-        auto report = QDBusMessage::createSignal(u"/"_s, steering, u"Called"_s);
-        report << message.member() << QVariant(values);
-        return bus.send(report);
+        return bus.send(report(message.member(), values));
     }
 
 private:
+    static QDBusMessage report(const QString &method, const QVariantList &values)
+    {
+        auto report = QDBusMessage::createSignal(u"/"_s, steering, u"Called"_s);
+        return report << method << QVariant(values);
+    }
+
     static QVariantList listIn(const QVariant &value) { return qdbus_cast<QVariantList>(value); }
 
     void perform(const QVariantList &script, const QDBusConnection &bus)
@@ -85,6 +95,17 @@ private:
             bus.send(m_call.createReply(values));
         } else if (step == "refuse"_L1) {
             bus.send(m_call.createErrorReply(QDBusError::Failed, u"I will not."_s));
+        } else if (step == "reply-lock"_L1) {
+            std::array<int, 2> ends{};
+            if (::pipe2(ends.data(), O_CLOEXEC) != 0)
+                qFatal("There is no pipe.");
+            bus.send(m_call.createReply(QVariant::fromValue(QDBusUnixFileDescriptor(ends[1]))));
+            ::close(ends[1]);
+            auto *released = new QSocketNotifier(ends[0], QSocketNotifier::Read, this);
+            connect(released, &QSocketNotifier::activated, this, [released, bus] {
+                released->setEnabled(false);
+                bus.send(report(u"released"_s, {}));
+            });
         } else if (step == "reply-request"_L1) {
             bus.send(m_call.createReply(QVariant::fromValue(QDBusObjectPath(m_request))));
         } else if (step == "signal"_L1) {

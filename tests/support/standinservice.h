@@ -27,6 +27,7 @@ public:
 
     static Step reply(const QVariantList &values = {}) { return step(u"reply", values); }
     static Step refuse() { return step(u"refuse"); }
+    static Step replyLock() { return step(u"reply-lock"); }
     static Step replyRequest() { return step(u"reply-request"); }
     static Step signal(const QString &path, const QString &interface, const QString &name,
                        const QVariantList &values)

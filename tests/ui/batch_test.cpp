@@ -1,7 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
+#include "support/patience.h"
 #include "support/programbench.h"
+#include "support/standinservice.h"
 #include "support/testclass.h"
 #include "support/videofile.h"
 
@@ -75,6 +77,20 @@ private Q_SLOTS:
         QVERIFY(window().clickInRow(u"long.mp4"_s, u"Remove from queue"_s));
         QVERIFY(window().convert(1));
         QVERIFY(window().waitForDescription(u"a.mp4"_s, u", Complete"_s));
+    }
+
+    void theMachineStaysAwakeMeanwhile()
+    {
+        const StandInService sessionManager(m_desktop.session(), u"org.gnome.SessionManager"_s,
+                                            {{u"Inhibit"_s, {StandInService::reply({7U})}},
+                                             {u"Uninhibit"_s, {StandInService::reply()}}});
+        queue({u"a.mp4"_s});
+        QCOMPARE(sessionManager.calls(u"Inhibit"_s).size(), 0);
+        QVERIFY(window().convert(1));
+        QTRY_COMPARE_WITH_TIMEOUT(sessionManager.calls(u"Inhibit"_s).size(), 1, patience);
+        QVERIFY(window().waitForDescription(u"a.mp4"_s, u", Complete"_s));
+        QTRY_COMPARE_WITH_TIMEOUT(sessionManager.calls(u"Uninhibit"_s),
+                                  QList<QVariantList>(1, {7U}), patience);
     }
 
     // As by session launchers and by scripts that run it in the background.

@@ -3,6 +3,7 @@
 
 #include "support/patience.h"
 #include "support/programbench.h"
+#include "support/standindock.h"
 #include "support/testclass.h"
 #include "support/videofile.h"
 
@@ -55,6 +56,19 @@ private Q_SLOTS:
         QCOMPARE(m_bench->run().waitForEnd(), std::optional(0));
         QCOMPARE(m_bench->run().complaints(), QByteArray());
         verifyConversion(ffmpeg);
+    }
+
+    void theDockShowsNoProgressOfAProgramThatHasEnded()
+    {
+        const StandInDock dock(m_desktop.session());
+        pid_t ffmpeg = 0;
+        QVERIFY(startConversion(ffmpeg));
+        QTRY_VERIFY_WITH_TIMEOUT(!dock.shown().isEmpty(), patience);
+        QVERIFY(dock.shown().last() != StandInDock::hidden);
+
+        QVERIFY(m_bench->window().close());
+        QCOMPARE(m_bench->run().waitForEnd(), std::optional(0));
+        QTRY_COMPARE_WITH_TIMEOUT(dock.shown().last(), StandInDock::hidden, patience);
     }
 
     void aRunningConversionOutlivesATerminationSignal()
