@@ -11,7 +11,7 @@
 using namespace quorvale::test;
 using namespace Qt::StringLiterals;
 
-// The window, while the desktop changes between light and dark.
+// The window, while the desktop changes between light and dark, or its font.
 class LightAndDarkTest : public QObject
 {
     Q_OBJECT
@@ -74,7 +74,24 @@ private Q_SLOTS:
         QCOMPARE(m_bench->run().complaints(), QByteArray());
     }
 
+    void theFontOfTheSettingsIsFollowed()
+    {
+        StandInPortal settings(m_desktop.session(), u"DejaVu Sans 11"_s);
+        QVERIFY(m_bench->start());
+        QTRY_COMPARE_WITH_TIMEOUT(heightOfAddVideos(), 29, patience);
+        settings.change(u"org.gnome.desktop.interface"_s, u"font-name"_s, u"DejaVu Sans 16"_s);
+        QTRY_COMPARE_WITH_TIMEOUT(heightOfAddVideos(), 43, patience);
+        QCOMPARE(m_bench->run().complaints(), QByteArray());
+    }
+
 private:
+    int heightOfAddVideos() const
+    {
+        const auto button = m_bench->window().application().find(
+            AccessibleItem::named(AccessibleItem::Role::button, u"Add Videos"_s));
+        return button ? button->extents().height() : 0;
+    }
+
     // As the portal numbers them.
     static constexpr uint dark = 1;
     static constexpr uint light = 2;
