@@ -70,7 +70,7 @@ WaylandDisplay::WaylandDisplay(const VirtualDisplay &display)
     }
     m_compositor.start(u"sway"_s, {u"--config"_s, file.fileName()});
     const auto isReady = [&] { // with a mouse, and as large as the display
-        return ask({u"--type"_s, u"get_seats"_s}).value_or(QByteArray()).contains("X11 pointer")
+        return ask({u"--type"_s, u"get_seats"_s}).value_or(QByteArray()).contains("\"pointer\"")
                && outputWidth() == 1280;
     };
     if (!QTest::qWaitFor(isReady, patience))
