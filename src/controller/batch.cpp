@@ -33,13 +33,15 @@ QCoro::Task<> Batch::run()
         m_jobs.setState(id, JobState::converting());
         m_jobs.setProgress(id, 0.0);
         // The service asks for it on a thread of its own, which may outlive the batch.
-        const FFmpegService::DestinationChooser output = [source, destination = m_destination,
-                                                          settings = m_settings] {
-            return outputUrl(source, destination, settings);
-        };
+        const auto chosen = std::make_shared<QUrl>(); // to be read when it has ended well
+        const FFmpegService::DestinationChooser output =
+            [chosen, source, destination = m_destination, settings = m_settings] {
+                *chosen = outputUrl(source, destination, settings);
+                return *chosen;
+            };
         try {
             co_await m_service.convert(source, output, m_settings, progressHandler(id));
-            m_jobs.setState(id, JobState::completed());
+            m_jobs.complete(id, *chosen);
             m_jobs.setProgress(id, 1.0);
         } catch (const FFmpegError &error) {
             if (error.kind() == FFmpegError::Case::cancelled) {

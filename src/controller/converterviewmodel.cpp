@@ -183,6 +183,18 @@ void ConverterViewModel::revealDestination()
         m_fileManager->reveal(*m_destination);
 }
 
+void ConverterViewModel::revealSource(const QUuid &id)
+{
+    if (const ConversionJob *job = m_jobs.find(id))
+        m_fileManager->reveal(job->source());
+}
+
+void ConverterViewModel::revealOutput(const QUuid &id)
+{
+    if (const auto output = m_jobs.output(id))
+        m_fileManager->reveal(*output);
+}
+
 void ConverterViewModel::setDropTargeted(bool isTargeted)
 {
     m_isDropTargeted = isTargeted;

@@ -127,6 +127,12 @@ public:
     bool isDropTargeted() const { return m_isDropTargeted; }
     void setDropTargeted(bool isTargeted);
 
+    /// Shows the job's video in the file manager.
+    Q_INVOKABLE void revealSource(const QUuid &id);
+
+    /// Shows in the file manager what a completed job has become.
+    Q_INVOKABLE void revealOutput(const QUuid &id);
+
     // The settings
 
     /// What the next batch converts with.

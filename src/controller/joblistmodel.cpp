@@ -3,6 +3,7 @@
 
 #include "joblistmodel.h"
 
+#include "model/filepath.h"
 #include "shownjob.h"
 
 #include <algorithm>
@@ -67,10 +68,12 @@ void JobListModel::count(std::span<const ConversionJob> jobs)
 void JobListModel::discount(std::span<const ConversionJob> jobs)
 {
     for (const ConversionJob &job : jobs) {
-        if (isCompleted(job))
+        if (isCompleted(job)) {
             --m_completedCount;
-        else
+            m_outputs.remove(job.id());
+        } else {
             m_queuedFiles.remove(job.sourceFile());
+        }
     }
 }
 
@@ -214,6 +217,19 @@ void JobListModel::setState(const QUuid &id, const JobState &state)
         count({&job, 1});
         announce(*row, JobRole);
     }
+}
+
+void JobListModel::complete(const QUuid &id, const QUrl &output)
+{
+    setState(id, JobState::completed());
+    if (rowOf(id))
+        m_outputs.insert(id, filePath(output));
+}
+
+std::optional<QUrl> JobListModel::output(const QUuid &id) const
+{
+    const auto output = m_outputs.constFind(id);
+    return output == m_outputs.cend() ? std::nullopt : std::optional(fileUrl(*output));
 }
 
 void JobListModel::setProgress(const QUuid &id, double progress)

@@ -9,6 +9,7 @@
 #include <QAbstractListModel>
 #include <QHash>
 #include <QList>
+#include <QUrl>
 
 #include <functional>
 #include <optional>
@@ -76,6 +77,13 @@ public:
     /// Says where the job stands from now on.
     void setState(const QUuid &id, const JobState &state);
 
+    /// The job is completed from now on, and this file is what has become of it.
+    void complete(const QUuid &id, const QUrl &output);
+
+    /// The file that a completed job has become, until it is another state's or removed; none where
+    /// that was not said.
+    std::optional<QUrl> output(const QUuid &id) const;
+
     /// Sets the fraction done, normally 0 to 1, which is stored as it comes.
     void setProgress(const QUuid &id, double progress);
 
@@ -98,7 +106,8 @@ private:
 
     QList<ConversionJob> m_jobs;
     int m_completedCount = 0;
-    QueuedFiles m_queuedFiles; // of the jobs that are not completed
+    QueuedFiles m_queuedFiles;          // of the jobs that are not completed
+    QHash<QUuid, QByteArray> m_outputs; // the paths of what completed jobs have become
 
     // Where each of the first so many jobs stands; completed at a look-up.
     mutable QHash<QUuid, qsizetype> m_rows;

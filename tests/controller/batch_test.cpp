@@ -53,6 +53,35 @@ private Q_SLOTS:
         QVERIFY(QFile::exists(queue.outputPath(u"a_converted.mp4"_s)));
     }
 
+    void theVideoAndWhatItHasBecomeAreShown()
+    {
+        Queue queue;
+        queue.setConversions(success());
+        queue.setConversion(2, failure("Invalid data found\n"));
+        queue.add({u"a.mkv"_s, u"b.mkv"_s, u"c.mkv"_s});
+        ConverterViewModel &model = queue.model();
+        QVERIFY(queue.runBatch());
+        for (qsizetype row = 0; row < 3; ++row) {
+            model.revealSource(queue.id(row));
+            model.revealOutput(queue.id(row));
+        }
+        // Nothing has become of the one that failed.
+        const auto url = [](const QString &path) {
+            return QUrl::fromLocalFile(path);
+        };
+        const QList shown{url(u"/in/a.mkv"_s), url(queue.outputPath(u"a_converted.mp4"_s)),
+                          url(u"/in/b.mkv"_s), url(u"/in/c.mkv"_s),
+                          url(queue.outputPath(u"c_converted.mp4"_s))};
+        QCOMPARE(queue.fileManager().revealed, shown);
+
+        const QUuid id = queue.id(0);
+        model.requeue(id);
+        model.revealOutput(id);
+        model.remove(id);
+        model.revealSource(id);
+        QCOMPARE(queue.fileManager().revealed, shown);
+    }
+
     void aFailedJobDoesNotStopTheBatch()
     {
         Queue queue;

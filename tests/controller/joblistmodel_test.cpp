@@ -3,6 +3,7 @@
 
 #include "controller/joblistmodel.h"
 #include "controller/shownjob.h"
+#include "model/filepath.h"
 #include "support/testclass.h"
 
 #include <QAbstractItemModelTester>
@@ -73,6 +74,24 @@ private Q_SLOTS:
         QCOMPARE(changes[0][0].toModelIndex().row(), 2);
         QCOMPARE(changes[0][1].toModelIndex().row(), 2);
         QCOMPARE(changes[0][2].value<QList<int>>(), QList<int>{JobListModel::JobRole});
+    }
+
+    void knowsWhatCompletedJobsHaveBecome()
+    {
+        for (qsizetype row = 0; row < 4; ++row)
+            m_model->complete(m_jobs[row].id(), fileUrl("/out/caf\xe9" + QByteArray::number(row)));
+        m_model->complete(QUuid::createUuid(), fileUrl("/out/x"));
+        QCOMPARE(m_model->completedCount(), 4);
+        for (qsizetype row = 0; row < 4; ++row)
+            QCOMPARE(m_model->output(m_jobs[row].id()),
+                     std::optional(fileUrl("/out/caf\xe9" + QByteArray::number(row))));
+        QCOMPARE(m_model->output(m_jobs[4].id()), std::nullopt);
+        m_model->setState(m_jobs[0].id(), JobState::waiting());
+        m_model->remove(m_jobs[1].id());
+        m_model->removeIf([this](const ConversionJob &job) { return job.id() == m_jobs[2].id(); });
+        for (const qsizetype row : {0, 1, 2})
+            QCOMPARE(m_model->output(m_jobs[row].id()), std::nullopt);
+        QVERIFY(m_model->output(m_jobs[3].id()));
     }
 
     void keepsAccountThroughEveryKindOfChange()

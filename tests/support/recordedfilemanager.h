@@ -12,7 +12,7 @@ namespace quorvale::test {
 /// A file manager that only remembers what it was to show.
 struct RecordedFileManager : FileManager
 {
-    void reveal(const QUrl &folder) override { revealed << folder; }
+    void reveal(const QUrl &item) override { revealed << item; }
 
     QList<QUrl> revealed;
 };
