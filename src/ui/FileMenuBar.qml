@@ -19,10 +19,7 @@ Item {
 
     Shortcut {
         sequences: ["Alt+F", "F10"]
-        onActivated: {
-            fileButton.forceActiveFocus(Qt.ShortcutFocusReason);
-            fileMenu.open();
-        }
+        onActivated: fileMenu.open() // and the keyboard stays where it is for when that closes
     }
 
     PlainButton {

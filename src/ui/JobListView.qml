@@ -6,7 +6,7 @@ import QtQuick.Templates as T
 import Quorvale
 import Quorvale.Style
 
-// The list of rows itself: scrolls, takes the arrow keys, and copies the current row's failure.
+// The list of rows itself: scrolls, takes the keys for the rows, and opens their menu.
 ListView {
     id: view
 
@@ -16,6 +16,58 @@ ListView {
     // For assistive technology, which reads them as they are stacked.
     function restackRows() {
         Stacking.sortByIndex(contentItem);
+    }
+
+    function copyFailure(): bool {
+        const row = currentItem as JobRow;
+        if (!row || !row.job.hasFailed)
+            return false;
+        Clipboard.copy(row.job.failure);
+        return true;
+    }
+
+    // As the row's button does, which a job that is converted has not.
+    function removeCurrent() {
+        const row = currentItem as JobRow;
+        if (!row || row.job.isInProgress)
+            return;
+        converter.remove(row.job.id);
+        keepKeyboard();
+    }
+
+    // With the row that took the place of the one that has gone.
+    function keepKeyboard() {
+        forceLayout();
+        currentItem?.forceActiveFocus(Qt.OtherFocusReason);
+    }
+
+    function moveCurrent(offset: int) {
+        const row = currentItem as JobRow;
+        if (!row)
+            return;
+        converter.moveJob(row.job.id, offset);
+        forceLayout();
+        positionViewAtIndex(currentIndex, ListView.Contain);
+    }
+
+    function openMenuOfCurrent() {
+        const row = currentItem as JobRow;
+        if (!row)
+            return;
+        positionViewAtIndex(currentIndex, ListView.Contain);
+        const place = mapFromItem(row, 10, row.height);
+        menu.openFor(row, currentIndex, view, place.x, place.y);
+    }
+
+    function openMenuAt(x: real, y: real) {
+        const index = indexAt(x, y);
+        const row = itemAtIndex(index) as JobRow;
+        if (!row)
+            return;
+        currentIndex = index;
+        row.forceActiveFocus(Qt.MouseFocusReason);
+        const place = mapFromItem(contentItem, x, y);
+        menu.openFor(row, index, view, place.x, place.y);
     }
 
     Accessible.name: "Conversion queue"
@@ -31,14 +83,12 @@ ListView {
     topMargin: 6
 
     Keys.onPressed: event => {
-        const row = currentItem as JobRow;
-        if (event.matches(StandardKey.Copy) && row && row.job.hasFailed) {
-            Clipboard.copy(row.job.failure);
-            event.accepted = true;
+        const page = Math.max(1, Math.floor(height / contentHeight * count));
+        if (event.matches(StandardKey.Copy)) {
+            event.accepted = copyFailure();
             return;
         }
-        const page = Math.max(1, Math.floor(height / contentHeight * count));
-        switch (event.key) {
+        switch (event.modifiers & ~Qt.KeypadModifier | event.key) {
         case Qt.Key_Home:
             currentIndex = 0;
             break;
@@ -50,6 +100,19 @@ ListView {
             break;
         case Qt.Key_PageDown:
             currentIndex = Math.min(count - 1, currentIndex + page);
+            break;
+        case Qt.Key_Delete:
+            removeCurrent();
+            break;
+        case Qt.AltModifier | Qt.Key_Up:
+            moveCurrent(-1);
+            break;
+        case Qt.AltModifier | Qt.Key_Down:
+            moveCurrent(1);
+            break;
+        case Qt.Key_Menu:
+        case Qt.ShiftModifier | Qt.Key_F10:
+            openMenuOfCurrent();
             break;
         default:
             return;
@@ -81,4 +144,20 @@ ListView {
     // qmllint enable unqualified
 
     T.ScrollBar.vertical: VerticalScrollBar {}
+
+    JobMenu {
+        id: menu
+
+        model: view.converter
+        onClosed: {
+            if (!view.activeFocus)
+                view.keepKeyboard();
+        }
+    }
+
+    // Of the content, so that its places are.
+    TapHandler {
+        acceptedButtons: Qt.RightButton
+        onTapped: eventPoint => view.openMenuAt(eventPoint.position.x, eventPoint.position.y)
+    }
 }

@@ -42,6 +42,21 @@ ViewTest {
         }
     }
 
+    Component {
+        id: fieldsAndBars
+
+        Column {
+            FileMenuBar {
+                model: Bench.model
+                width: 310
+            }
+
+            TextInput {
+                width: 100
+            }
+        }
+    }
+
     function fileButton() {
         return one(view, PlainButton);
     }
@@ -211,6 +226,18 @@ ViewTest {
         tryVerify(() => entries().length === 3);
         mouseClick(view, 290, 280);
         tryVerify(() => entries().length === 0);
+    }
+
+    function test_theKeyboardComesBack() {
+        show(fieldsAndBars);
+        const field = one(view, TextInput);
+        field.forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_F10);
+        tryVerify(() => entries().length === 3);
+        verify(!field.activeFocus);
+        keyClick(Qt.Key_Escape);
+        tryVerify(() => entries().length === 0);
+        tryVerify(() => field.activeFocus);
     }
 
     function test_buttonAndEntriesAnswerThePointer() {

@@ -293,4 +293,60 @@ ViewTest {
         verify(list().currentItem.activeFocus);
         verify(list().currentIndex >= 1);
     }
+
+    function test_deleteRemovesTheCurrentRow() {
+        showRows(4);
+        keyClick(Qt.Key_Down);
+        keyClick(Qt.Key_Delete);
+        compare(Bench.fileNames, ["clip1.mov", "clip3.mov", "clip4.mov"]);
+        settle();
+        verify(list().currentItem.activeFocus);
+        compare(list().currentItem.job.fileName, "clip3.mov");
+        // From a button of the row, too.
+        keyClick(Qt.Key_Tab);
+        compare(focusItem().text, "Move up");
+        keyClick(Qt.Key_Delete);
+        compare(Bench.fileNames, ["clip1.mov", "clip4.mov"]);
+        settle();
+        verify(list().currentItem.activeFocus);
+        keyClick(Qt.Key_Delete);
+        settle();
+        keyClick(Qt.Key_Delete);
+        compare(Bench.fileNames, []);
+    }
+
+    function test_deleteLeavesWhatIsConverted() {
+        Bench.queue(["a.mkv", "b.mkv"]);
+        show(lists);
+        Bench.chooseRealDestination();
+        Bench.willStayAt([0.5]);
+        verify(Bench.convert());
+        list().currentItem.forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Delete);
+        compare(Bench.fileNames, ["a.mkv", "b.mkv"]);
+        keyClick(Qt.Key_Down);
+        keyClick(Qt.Key_Delete);
+        compare(Bench.fileNames, ["a.mkv"]);
+    }
+
+    function test_altAndArrowsMoveTheCurrentRow() {
+        showRows(30);
+        keyClick(Qt.Key_Down, Qt.AltModifier);
+        compare(Bench.fileNames.slice(0, 3), ["clip2.mov", "clip1.mov", "clip3.mov"]);
+        compareCurrentIs(1, "clip1.mov");
+        keyClick(Qt.Key_Up, Qt.AltModifier);
+        keyClick(Qt.Key_Up, Qt.AltModifier);
+        compareCurrentIs(0, "clip1.mov");
+        for (let i = 0; i < 20; ++i)
+            keyClick(Qt.Key_Down, Qt.AltModifier);
+        compareCurrentIs(20, "clip1.mov");
+        verify(isInSight(list().currentItem));
+    }
+
+    function compareCurrentIs(index, name) {
+        settle();
+        compare(list().currentIndex, index);
+        compare(list().currentItem.job.fileName, name);
+        verify(list().currentItem.activeFocus);
+    }
 }

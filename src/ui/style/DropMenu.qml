@@ -5,7 +5,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Quorvale.Style
 
-// A menu below a button.
+// A menu below a button, or where else it is opened.
 T.Menu {
     id: dropMenu
 
@@ -15,6 +15,16 @@ T.Menu {
         for (let i = 0; i < count; ++i)
             most = Math.max(most, (itemAt(i) as Item)?.implicitWidth ?? 0);
         return most;
+    }
+
+    // What had the keyboard before, and has it again when nothing else has taken it.
+    property Item worked: null
+
+    onAboutToShow: worked = parent.Window.activeFocusItem
+    onClosed: {
+        const window = parent?.Window.window;
+        if (worked?.visible && window && (!window.activeFocusItem || window.activeFocusItem === window.contentItem))
+            worked.forceActiveFocus(Qt.PopupFocusReason);
     }
 
     bottomPadding: 4

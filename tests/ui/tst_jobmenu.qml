@@ -1,0 +1,211 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import Quorvale
+import Quorvale.Style
+import Quorvale.Testing
+
+// The menu of a row.
+ViewTest {
+    id: test
+
+    name: "JobMenu"
+
+    readonly property string showVideo: "Show Video in File Manager"
+    readonly property string showConverted: "Show Converted File in File Manager"
+
+    Component {
+        id: lists
+
+        JobList {
+            height: 460
+            model: Bench.model
+            width: 649
+        }
+    }
+
+    Component {
+        id: fields
+
+        TextEdit {}
+    }
+
+    function list() {
+        return one(view, JobListView);
+    }
+
+    function row(index) {
+        return list().itemAtIndex(index);
+    }
+
+    function entries() {
+        return all(overlay, DropMenuItem);
+    }
+
+    function waitUntilClosed() {
+        tryVerify(() => entries().length === 0);
+    }
+
+    /// Opens the menu of the row by the mouse; the texts of its entries.
+    function open(index) {
+        settle();
+        mouseClick(row(index), 200, 20, Qt.RightButton);
+        tryVerify(() => entries().length > 0);
+        settle();
+        return entries().map(entry => entry.text);
+    }
+
+    function choose(text) {
+        mouseClick(entries().find(entry => entry.text === text));
+        waitUntilClosed();
+    }
+
+    /// One that failed, one that is complete and one that waits.
+    function showThree() {
+        Bench.queue(["failed.mkv", "complete.mkv", "waiting.mkv"]);
+        show(lists);
+        Bench.chooseRealDestination();
+        Bench.willFail("No space left\non device");
+        Bench.willComplete();
+        Bench.willBeCancelled();
+        verify(Bench.convert());
+        Bench.model.requeue(row(2).job.id);
+        settle();
+    }
+
+    function test_entriesOfEveryState() {
+        showThree();
+        compare(open(0), ["Move Down", "Remove", showVideo, "Copy Message"]);
+        keyClick(Qt.Key_Escape);
+        waitUntilClosed();
+        compare(open(1), ["Queue Again", "Move Up", "Move Down", "Remove", showVideo, showConverted]);
+        keyClick(Qt.Key_Escape);
+        waitUntilClosed();
+        compare(open(2), ["Move Up", "Remove", showVideo]);
+        verify(row(2).activeFocus || list().currentIndex === 2);
+    }
+
+    function test_entriesWhileConverting() {
+        Bench.queue(["a.mkv", "b.mkv"]);
+        show(lists);
+        Bench.chooseRealDestination();
+        Bench.willStayAt([0.5]);
+        Bench.willComplete();
+        verify(Bench.convert());
+        compare(open(0), [showVideo]);
+        keyClick(Qt.Key_Escape);
+        waitUntilClosed();
+        compare(open(1), ["Remove", showVideo]);
+        // What it says does not apply any more.
+        verify(Bench.goOn());
+        waitUntilClosed();
+    }
+
+    function test_entriesDoWhatTheySay() {
+        showThree();
+        open(1);
+        choose("Move Up");
+        compare(Bench.fileNames, ["complete.mkv", "failed.mkv", "waiting.mkv"]);
+        open(0);
+        choose("Move Down");
+        compare(Bench.fileNames, ["failed.mkv", "complete.mkv", "waiting.mkv"]);
+        open(0);
+        choose(showVideo);
+        open(1);
+        choose(showConverted);
+        compare(Bench.revealedFolders.length, 2);
+        compare(Bench.revealedFolders[0], "/in/failed.mkv");
+        verify(Bench.revealedFolders[1].endsWith("/complete_converted.mp4"), Bench.revealedFolders[1]);
+        open(0);
+        choose("Copy Message");
+        const field = createTemporaryObject(fields, test);
+        field.paste();
+        compare(field.text, "No space left\non device");
+        open(1);
+        choose("Queue Again");
+        compare(Bench.model.completedCount, 0);
+        open(1);
+        choose("Remove");
+        compare(Bench.fileNames, ["failed.mkv", "waiting.mkv"]);
+    }
+
+    function test_byKeyboard_data() {
+        return [
+            {"tag": "menu key", "key": Qt.Key_Menu, "modifiers": Qt.NoModifier},
+            {"tag": "Shift+F10", "key": Qt.Key_F10, "modifiers": Qt.ShiftModifier},
+        ];
+    }
+
+    function test_byKeyboard(data) {
+        Bench.queue(["a.mkv", "b.mkv", "c.mkv"]);
+        show(lists);
+        list().currentItem.forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Down);
+        keyClick(data.key, data.modifiers);
+        tryVerify(() => entries().length === 4);
+        keyClick(Qt.Key_Escape);
+        waitUntilClosed();
+        tryVerify(() => row(1).activeFocus);
+        // Also from a button of the row, where it was.
+        keyClick(Qt.Key_Tab);
+        const button = test.Window.window.activeFocusItem;
+        compare(button.text, "Move up");
+        keyClick(data.key, data.modifiers);
+        tryVerify(() => entries().length === 4);
+        keyClick(Qt.Key_Escape);
+        waitUntilClosed();
+        tryVerify(() => button.activeFocus);
+        // And it is worked by it.
+        keyClick(data.key, data.modifiers);
+        tryVerify(() => entries().length === 4);
+        keyClick(Qt.Key_Down);
+        keyClick(Qt.Key_Return);
+        waitUntilClosed();
+        compare(Bench.fileNames, ["b.mkv", "a.mkv", "c.mkv"]);
+    }
+
+    function test_aPressElsewhereClosesIt() {
+        Bench.queue(["a.mkv", "b.mkv"]);
+        show(lists);
+        open(0);
+        mouseClick(view, 300, 440);
+        waitUntilClosed();
+        open(1);
+        mouseClick(row(0), 400, 20, Qt.RightButton);
+        tryVerify(() => entries().length > 0 && entries()[0].text === "Move Down");
+        // Where there is no row there is no menu.
+        keyClick(Qt.Key_Escape);
+        waitUntilClosed();
+        mouseClick(view, 300, 440, Qt.RightButton);
+        wait(20);
+        compare(entries(), []);
+    }
+
+    function test_itGoesWithItsRow() {
+        Bench.queue(["a.mkv", "b.mkv"]);
+        show(lists);
+        open(1);
+        Bench.model.remove(row(1).job.id);
+        waitUntilClosed();
+    }
+
+    function test_entriesAreWorkedByAssistiveTechnology() {
+        Bench.queue(["a.mkv", "b.mkv"]);
+        show(lists);
+        const texts = open(1);
+        compare(entries().map(entry => entry.Accessible.name), texts);
+        Assistant.act(entries().find(entry => entry.text === "Remove"), "Press");
+        tryCompare(Bench, "fileNames", ["a.mkv"]);
+    }
+
+    function test_readableInBothSchemes() {
+        showThree();
+        open(1);
+        inBothSchemes(() => verifyContrast(overlay));
+        mouseMove(entries()[1], 20, 10);
+        mouseMove(entries()[1], 22, 12);
+        tryVerify(() => entries()[1].highlighted);
+        inBothSchemes(() => verifyContrast(overlay));
+    }
+}
