@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace quorvale::bench {
 
-QList<Row> measureEncoding()
+void measureEncoding(const Report &report)
 {
     const QTemporaryDir folder;
     const QString sources = folder.filePath(u"sources"_s);
@@ -27,8 +27,8 @@ QList<Row> measureEncoding()
             runTask({u"convert-with-window"_s, sources, outputs}).output.split('\n');
         shares << figures.value(0).toDouble() / figures.value(1).toDouble();
     }
-    return {{u"the program's own processor time while ffmpeg encodes, with its window shown"_s,
-             u"one processor"_s, u"≤ 1 %"_s, u"%1 %"_s.arg(100 * median(shares), 0, 'f', 2)}};
+    report({u"the program's own processor time while ffmpeg encodes, with its window shown"_s,
+            u"one processor"_s, u"≤ 1 %"_s, u"%1 %"_s.arg(100 * median(shares), 0, 'f', 2)});
 }
 
 } // namespace quorvale::bench

@@ -72,10 +72,15 @@ int convertFolder(const QString &sources, const QString &outputs, const QString 
     return EXIT_SUCCESS;
 }
 
-int addFolder(const QString &folder)
+int searchFolders(const QStringList &folders)
 {
     const auto model = makeModel();
-    model->add({QUrl::fromLocalFile(folder)});
+    qsizetype found = 0;
+    QObject::connect(model->searches(), &SearchQueue::found, [&] { ++found; });
+    for (const QString &folder : folders)
+        model->handleDrop({QUrl::fromLocalFile(folder)});
+    while (found < folders.size())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     std::fflush(stdout);
     // Without the time that it takes to free every job: the program is there to keep them.
     std::_Exit(model->jobCount() > 0 ? EXIT_SUCCESS : EXIT_FAILURE);

@@ -3,8 +3,9 @@
 
 #pragma once
 
-#include <QList>
 #include <QString>
+
+#include <functional>
 
 namespace quorvale::bench {
 
@@ -17,14 +18,18 @@ struct Row
     QString figure;
 };
 
-// Each measures one thing, in seconds to a minute.
-QList<Row> measureBatch();
-QList<Row> measureAdding();
-QList<Row> measureDrops();
-QList<Row> measureLongList();
-QList<Row> measureStart();
-QList<Row> measureAtVirtualDisplay();
-QList<Row> measureEncoding();
-QList<Row> measureProgressStream();
+/// Takes a line as soon as it is known.
+using Report = std::function<void(const Row &)>;
+
+// Each measures one thing, in seconds to some minutes.
+void measureBatch(const Report &report);
+void measureAdding(const Report &report);
+void measureLargeTree(const Report &report);
+void measureDrops(const Report &report);
+void measureLongList(const Report &report);
+void measureStart(const Report &report);
+void measureAtVirtualDisplay(const Report &report);
+void measureEncoding(const Report &report);
+void measureProgressStream(const Report &report);
 
 } // namespace quorvale::bench

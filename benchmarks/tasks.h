@@ -14,8 +14,14 @@ namespace quorvale::bench {
 /// processor time and that of its children in seconds.
 int convertFolder(const QString &sources, const QString &outputs, const QString &toolFolder);
 
-/// Adds a folder to an empty queue.
-int addFolder(const QString &folder);
+/// Drops folders on an empty queue, one after the other without waiting, until all that is in them
+/// is queued.
+int searchFolders(const QStringList &folders);
+
+/// Drops a folder on the window. Says the seconds of the longest time between two turns of the
+/// event loop while the folder is searched, of the turn in which all that is in it is queued, and
+/// of the longest frame while the list is scrolled from end to end then.
+int searchWithWindow(const QString &folder);
 
 /// Drops files one by one, `count` of them; says the seconds.
 int dropFiles(int count);

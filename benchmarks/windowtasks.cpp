@@ -21,6 +21,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 
 #include <malloc.h>
 #include <sys/resource.h>
@@ -131,6 +132,16 @@ double longestFrame(Window &window, QQuickItem &list, double step, int steps)
     return longest;
 }
 
+// From end to end, first as by the wheel.
+double longestFrame(Window &window, QQuickItem &list)
+{
+    const double height =
+        list.property("contentHeight").toDouble() - list.property("height").toDouble();
+    constexpr int steps = 600;
+    const double byWheel = longestFrame(window, list, 60, steps);
+    return std::max(byWheel, longestFrame(window, list, (height - 60 * steps) / steps, steps));
+}
+
 std::unique_ptr<QQmlApplicationEngine> openBareWindow()
 {
     auto engine = std::make_unique<QQmlApplicationEngine>();
@@ -179,13 +190,42 @@ int scrollList(int count)
     QQuickItem *list = window.findList();
     if (!list)
         return EXIT_FAILURE;
-    const double height =
-        list->property("contentHeight").toDouble() - list->property("height").toDouble();
-    constexpr int steps = 600;
-    double longest = longestFrame(window, *list, 60, steps); // as by the wheel
-    longest = std::max(longest, longestFrame(window, *list, (height - 60 * steps) / steps, steps));
-    std::printf("%f\n%f\n", (after - before) / count, longest);
+    std::printf("%f\n%f\n", (after - before) / count, longestFrame(window, *list));
     return EXIT_SUCCESS;
+}
+
+int searchWithWindow(const QString &folder)
+{
+    Window window;
+    ConverterViewModel &model = window.model();
+    QElapsedTimer sinceTurn;
+    double longestGap = 0;
+    QTimer turns;
+    turns.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&turns, &QTimer::timeout, [&] {
+        longestGap = std::max(longestGap, static_cast<double>(sinceTurn.nsecsElapsed()) / 1e9);
+        sinceTurn.start();
+    });
+    bool isFound = false;
+    double whileSearching = 0;
+    QObject::connect(model.searches(), &SearchQueue::found, [&] { // and queued
+        isFound = true;
+        whileSearching = std::exchange(longestGap, 0.0);
+    });
+    sinceTurn.start();
+    turns.start(1);
+    model.handleDrop({QUrl::fromLocalFile(folder)});
+    while (!isFound)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    window.awaitFrame();
+    QCoreApplication::processEvents();
+    turns.stop();
+    QQuickItem *list = window.findList();
+    if (!list)
+        return EXIT_FAILURE;
+    std::printf("%f\n%f\n%f\n", whileSearching, longestGap, longestFrame(window, *list));
+    std::fflush(stdout);
+    std::_Exit(EXIT_SUCCESS); // without freeing every job
 }
 
 int showFirstFrame(bool isBare)
@@ -196,7 +236,7 @@ int showFirstFrame(bool isBare)
         return QGuiApplication::exec();
     }
     QuorvaleApp app;
-    if (!app.open())
+    if (app.open() != QuorvaleApp::Start::window)
         return EXIT_FAILURE;
     quitAtFirstFrame();
     return QGuiApplication::exec();
@@ -213,7 +253,7 @@ int idle(bool isBare)
         return QGuiApplication::exec();
     }
     QuorvaleApp app;
-    return app.open() ? QGuiApplication::exec() : EXIT_FAILURE;
+    return app.open() == QuorvaleApp::Start::window ? QGuiApplication::exec() : EXIT_FAILURE;
 }
 
 int convertWithWindow(const QString &sources, const QString &outputs)
