@@ -338,7 +338,5 @@ private:
     pid_t m_program = 0;
 };
 
-Q_DECLARE_METATYPE(Trouble)
-
 QUORVALE_TEST(SlowDisksTest)
 #include "slowdisks_test.moc"
