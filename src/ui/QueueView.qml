@@ -22,6 +22,17 @@ FocusScope {
             model: view.model
         }
 
+        Loader {
+            // By name, so that the list is read when there first is one.
+            readonly property string part:
+                view.model.jobCount === 0 ? "DropZone.qml" : "JobList.qml"
+
+            Layout.fillHeight: true
+            Layout.fillWidth: true
+            onPartChanged: setSource(part, {"model": view.model})
+        }
+
+        // Below the rows, which stay where they are when it comes.
         SearchLine {
             id: searchLine
 
@@ -37,16 +48,6 @@ FocusScope {
                     header.takeOver(searchLine.dismissButton);
                 }
             }
-        }
-
-        Loader {
-            // By name, so that the list is read when there first is one.
-            readonly property string part:
-                view.model.jobCount === 0 ? "DropZone.qml" : "JobList.qml"
-
-            Layout.fillHeight: true
-            Layout.fillWidth: true
-            onPartChanged: setSource(part, {"model": view.model})
         }
 
         QueueFooter {

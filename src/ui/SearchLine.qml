@@ -28,7 +28,7 @@ Item {
     // Read out when it appears.
     Accessible.name: isSearching ? "Searching for videos…" : notice
     Accessible.role: Accessible.AlertMessage
-    implicitHeight: row.implicitHeight + row.anchors.bottomMargin
+    implicitHeight: row.implicitHeight + row.anchors.topMargin + row.anchors.bottomMargin
     visible: isSearching || notice !== ""
 
     RowLayout {
@@ -38,6 +38,7 @@ Item {
         anchors.fill: parent
         anchors.leftMargin: 26
         anchors.rightMargin: 26
+        anchors.topMargin: 8
         spacing: 12
 
         TextLine {

@@ -4,6 +4,7 @@
 #include "support/leftovers.h"
 #include "support/patience.h"
 #include "support/queue.h"
+#include "support/searches.h"
 #include "support/testclass.h"
 
 #include <QAbstractItemModelTester>
@@ -205,7 +206,8 @@ private Q_SLOTS:
             return allocationsOf([&] {
                 for (const QUrl &url : urls.sliced(from, count))
                     model.handleDrop({url});
-                QCoreApplication::processEvents();
+                if (!awaitSearches(model))
+                    qWarning("The search does not end");
             });
         };
         const qint64 first = drop(0, drops / 2);

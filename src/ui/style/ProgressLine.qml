@@ -34,27 +34,35 @@ T.ProgressBar {
         }
 
         Rectangle {
+            id: runner
+
+            /// How far it has come, from 0 to 1: the way may be of any length meanwhile.
+            property real way: 0
+
             color: bar.Scheme.colors.accent
             height: parent.height
             radius: height / 2
             visible: bar.indeterminate
             width: parent.width / 4
+            x: way * (parent.width - width)
 
             // To and fro.
-            SequentialAnimation on x {
+            SequentialAnimation {
                 loops: Animation.Infinite
-                running: bar.indeterminate && bar.visible
+                running: runner.visible
 
                 NumberAnimation {
                     duration: 1200
                     easing.type: Easing.InOutSine
-                    from: 0
-                    to: bar.width * 3 / 4
+                    property: "way"
+                    target: runner
+                    to: 1
                 }
                 NumberAnimation {
                     duration: 1200
                     easing.type: Easing.InOutSine
-                    from: bar.width * 3 / 4
+                    property: "way"
+                    target: runner
                     to: 0
                 }
             }
