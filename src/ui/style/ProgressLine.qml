@@ -34,10 +34,8 @@ T.ProgressBar {
         }
 
         Rectangle {
-            id: runner
-
             /// How far it has come, from 0 to 1: the way may be of any length meanwhile.
-            property real way: 0
+            property real way
 
             color: bar.Scheme.colors.accent
             height: parent.height
@@ -47,22 +45,18 @@ T.ProgressBar {
             x: way * (parent.width - width)
 
             // To and fro.
-            SequentialAnimation {
+            SequentialAnimation on way {
                 loops: Animation.Infinite
-                running: runner.visible
+                running: bar.indeterminate && bar.visible
 
                 NumberAnimation {
                     duration: 1200
                     easing.type: Easing.InOutSine
-                    property: "way"
-                    target: runner
                     to: 1
                 }
                 NumberAnimation {
                     duration: 1200
                     easing.type: Easing.InOutSine
-                    property: "way"
-                    target: runner
                     to: 0
                 }
             }
