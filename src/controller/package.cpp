@@ -14,8 +14,9 @@ namespace quorvale {
 
 bool isPackage(QByteArrayView name)
 {
-    // The bundle types that macOS and its common applications declare as packages.
-    static const QSet<QString> extensions{
+    // The bundle types that macOS and its common applications declare as packages. Kept to the very
+    // end, when a thread that was left behind may still look into them.
+    static const auto &extensions = *new QSet<QString>{
         // programs and their parts
         u"app"_s, u"appex"_s, u"bundle"_s, u"component"_s, u"framework"_s, u"kext"_s,
         u"mdimporter"_s, u"plugin"_s, u"prefpane"_s, u"qlgenerator"_s, u"saver"_s, u"service"_s,

@@ -55,8 +55,10 @@ std::optional<QUrl> FFmpegService::locateBinary(const QString &named)
 
 const QSet<QString> &FFmpegService::supportedExtensions()
 {
-    static const QSet<QString> extensions{u"mp4"_s, u"mov"_s, u"mkv"_s,  u"webm"_s, u"m4v"_s,
-                                          u"avi"_s, u"mts"_s, u"m2ts"_s, u"ts"_s,   u"flv"_s};
+    // Kept to the very end, when a thread that was left behind may still look into it.
+    static const auto &extensions =
+        *new QSet<QString>{u"mp4"_s, u"mov"_s, u"mkv"_s,  u"webm"_s, u"m4v"_s,
+                           u"avi"_s, u"mts"_s, u"m2ts"_s, u"ts"_s,   u"flv"_s};
     return extensions;
 }
 
