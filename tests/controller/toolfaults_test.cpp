@@ -28,6 +28,13 @@ namespace {
 const QString noFFmpeg = u"FFmpeg was not found. Install it with Homebrew: brew install ffmpeg"_s;
 constexpr qint64 mebibyte = 1024 * 1024;
 
+// What a conversion may take that keeps nothing. ThreadSanitizer has its own notes on every thread.
+#ifdef __SANITIZE_THREAD__
+constexpr qint64 littleMemory = 160 * mebibyte;
+#else
+constexpr qint64 littleMemory = 32 * mebibyte;
+#endif
+
 Script success()
 {
     return Script().out("out_time_ms=5000000\nprogress=end\n").writeOutput("converted");
@@ -204,7 +211,7 @@ private Q_SLOTS:
         timer.start();
         QVERIFY(m_queue->runBatch());
         QVERIFY2(timer.elapsed() < patience / 2, "the batch has waited for it");
-        QVERIFY2(residentMemory() - before < 160 * mebibyte, "what it printed was kept");
+        QVERIFY2(residentMemory() - before < littleMemory, "what it printed was kept");
         QVERIFY(isSound);
         QCOMPARE(m_queue->state(0), completed);
         QVERIFY(m_queue->job(1).state
