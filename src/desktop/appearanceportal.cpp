@@ -3,11 +3,15 @@
 
 #include "appearanceportal.h"
 
+#include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusMetaType>
-#include <QDBusPendingReply>
+#include <QDBusPendingCallWatcher>
 #include <QDBusServiceWatcher>
+#include <QMap>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -22,6 +26,7 @@ constexpr auto appearance = "org.freedesktop.appearance"_L1;
 constexpr auto colorSchemeKey = "color-scheme"_L1;
 constexpr auto gnomeInterface = "org.gnome.desktop.interface"_L1;
 constexpr auto fontKey = "font-name"_L1;
+constexpr auto textScaleKey = "text-scaling-factor"_L1;
 
 // By the setting's values of which it is known what they mean.
 std::optional<bool> preference(uint colorScheme)
@@ -50,28 +55,27 @@ AppearancePortal::AppearancePortal(QObject *parent) : QObject(parent)
     // What a portal says that comes later or again may be something else.
     auto *watcher =
         new QDBusServiceWatcher(portal, bus, QDBusServiceWatcher::WatchForRegistration, this);
-    connect(watcher, &QDBusServiceWatcher::serviceRegistered, this, &AppearancePortal::askForAll);
-    askForAll();
+    connect(watcher, &QDBusServiceWatcher::serviceRegistered, this, &AppearancePortal::ask);
+    m_hasAnswered = false;
+    ask();
 }
 
-void AppearancePortal::askForAll()
-{
-    ask(appearance, colorSchemeKey);
-    ask(gnomeInterface, fontKey);
-}
-
-void AppearancePortal::ask(const QString &group, const QString &key)
+void AppearancePortal::ask()
 {
     QDBusMessage question =
-        QDBusMessage::createMethodCall(portal, portalPath, settingsInterface, u"Read"_s);
-    question << group << key;
+        QDBusMessage::createMethodCall(portal, portalPath, settingsInterface, u"ReadAll"_s);
+    question << QStringList{appearance, gnomeInterface};
     auto *answer =
         new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(question), this);
-    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer, group, key] {
-        // The answer is wrapped twice.
-        const QDBusPendingReply<QDBusVariant> reply = *answer;
-        if (!reply.isError())
-            readSetting(group, key, reply.value());
+    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
+        const QVariant content = answer->reply().arguments().value(0);
+        const auto groups = qdbus_cast<QMap<QString, QVariantMap>>(content);
+        for (const auto &[group, key] :
+             {std::pair(appearance, colorSchemeKey), std::pair(gnomeInterface, fontKey),
+              std::pair(gnomeInterface, textScaleKey)})
+            readSetting(group, key, QDBusVariant(groups.value(group).value(key)));
+        m_hasAnswered = true;
+        Q_EMIT answered();
         answer->deleteLater();
     });
 }
@@ -81,11 +85,14 @@ void AppearancePortal::readSetting(const QString &group, const QString &key,
 {
     const bool isColorScheme = group == appearance && key == colorSchemeKey;
     const bool isFont = group == gnomeInterface && key == fontKey;
-    QVariant content = value.variant();
-    if (content.canConvert<QDBusVariant>())
-        content = content.value<QDBusVariant>().variant();
+    const bool isTextScale = group == gnomeInterface && key == textScaleKey;
+    const QVariant content = value.variant();
     if (isFont && content.metaType() == QMetaType::fromType<QString>())
         Q_EMIT prefersFont(content.toString());
+    const double factor = content.toDouble();
+    const bool isFactor = content.metaType() == QMetaType::fromType<double>();
+    if (isTextScale && isFactor && factor >= 0.5 && factor <= 3)
+        Q_EMIT scalesTexts(factor);
     bool isNumber = false;
     const uint colorScheme = content.toUInt(&isNumber);
     if (isColorScheme && isNumber)

@@ -10,16 +10,20 @@
 
 namespace quorvale {
 
-/// Asks the desktop's settings whether the user wants dark windows and which font in them, and
-/// listens for changes: the "color-scheme" of "org.freedesktop.appearance" and GNOME's "font-name"
-/// of "org.gnome.desktop.interface" in the settings portal of the XDG desktop portals. Where there
-/// is no such portal, nothing is said until there is one. Main thread, which never waits for it.
+/// Asks the desktop's settings whether the user wants dark windows, which font in them and how
+/// large its texts, and listens for changes: the "color-scheme" of "org.freedesktop.appearance",
+/// and GNOME's "font-name" and "text-scaling-factor" of "org.gnome.desktop.interface", in the
+/// settings portal of the XDG desktop portals. Where there is no such portal, nothing is said until
+/// there is one. Main thread, which never waits for it.
 class AppearancePortal : public QObject
 {
     Q_OBJECT
 
 public:
     explicit AppearancePortal(QObject *parent = nullptr);
+
+    /// Whether what was asked at first is answered, or there is nobody to ask.
+    bool hasAnswered() const { return m_hasAnswered; }
 
 Q_SIGNALS:
     /// Nothing when the user wants neither dark windows nor light ones.
@@ -28,12 +32,18 @@ Q_SIGNALS:
     /// As GNOME describes it; see describedFont().
     void prefersFont(const QString &description);
 
+    /// How much larger than the font says the user wants texts, from 0.5 to 3.
+    void scalesTexts(double factor);
+
+    void answered();
+
 private Q_SLOTS:
     void readSetting(const QString &group, const QString &key, const QDBusVariant &value);
 
 private:
-    void askForAll();
-    void ask(const QString &group, const QString &key);
+    void ask();
+
+    bool m_hasAnswered = true;
 };
 
 } // namespace quorvale

@@ -53,6 +53,8 @@ bool takeStyle(QFont &font, const QString &word)
 
 std::optional<QFont> describedFont(const QString &description)
 {
+    if (description.size() > 1024)
+        return std::nullopt;
     QStringList words = description.simplified().split(u' ', Qt::SkipEmptyParts);
     if (words.size() < 2)
         return std::nullopt;

@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QEvent>
 #include <QFontDatabase>
+#include <QPointer>
 #include <QScopedValueRollback>
 
 #ifdef QT_DBUS_LIB
@@ -29,6 +30,14 @@ bool isLastResort(const QFont &font)
 
 } // namespace
 
+SystemLook &SystemLook::instance()
+{
+    static QPointer<SystemLook> look;
+    if (!look)
+        look = new SystemLook(QCoreApplication::instance());
+    return *look;
+}
+
 SystemLook::SystemLook(QObject *parent) : QObject(parent)
 {
     QCoreApplication::instance()->installEventFilter(this);
@@ -40,6 +49,15 @@ SystemLook::SystemLook(QObject *parent) : QObject(parent)
         Q_EMIT changed();
     });
     connect(settings, &AppearancePortal::prefersFont, this, &SystemLook::adaptFont);
+    connect(settings, &AppearancePortal::scalesTexts, this, [this](double factor) {
+        m_textScale = factor;
+        Q_EMIT fontChanged();
+    });
+    m_isKnown = settings->hasAnswered();
+    connect(settings, &AppearancePortal::answered, this, [this] {
+        m_isKnown = true;
+        Q_EMIT known();
+    });
 #endif
 }
 
@@ -60,19 +78,26 @@ void SystemLook::adaptPalette()
     if (m_desktopsPalette && QGuiApplication::palette() == m_ownPalette)
         QGuiApplication::setPalette(*m_desktopsPalette);
     m_desktopsPalette.reset();
-    if (!m_prefersDark || *m_prefersDark == isWindowDark())
-        return;
-    m_desktopsPalette = QGuiApplication::palette();
-    QGuiApplication::setPalette(plainPalette(*m_prefersDark));
-    m_ownPalette = QGuiApplication::palette();
+    if (m_prefersDark && *m_prefersDark != isWindowDark()) {
+        m_desktopsPalette = QGuiApplication::palette();
+        QGuiApplication::setPalette(plainPalette(*m_prefersDark));
+        m_ownPalette = QGuiApplication::palette();
+    }
 }
 
-QFont SystemLook::interfaceFont()
+QFont SystemLook::interfaceFont() const
 {
     QFont font = QGuiApplication::font();
     constexpr double defaultSize = 9.75; // in points, which is 13 pixels
     if (isLastResort(font))
         font.setPointSizeF(defaultSize);
+    // X11 desktops say it to all programs by the screen's resolution, from which Qt has it.
+    if (QGuiApplication::platformName() == u"xcb"_s)
+        return font;
+    if (font.pixelSize() > 0)
+        font.setPixelSize(qRound(font.pixelSize() * m_textScale));
+    else
+        font.setPointSizeF(font.pointSizeF() * m_textScale);
     return font;
 }
 

@@ -16,7 +16,7 @@ namespace quorvale {
 /// that the desktop has given to Qt is light although the user wants dark windows, or the other way
 /// round, the application's palette is replaced by one that fits, so that what Qt draws looks as
 /// the program does; so is its font where Qt knows none of the desktop's, but the desktop's
-/// settings do. One for the process. Main thread.
+/// settings do. Main thread.
 class SystemLook : public QObject
 {
     Q_OBJECT
@@ -25,27 +25,36 @@ class SystemLook : public QObject
     Q_PROPERTY(bool isDark READ isDark NOTIFY changed)
     /// The application's palette's colour of windows.
     Q_PROPERTY(QColor window READ window NOTIFY changed)
-    /// The font of ordinary texts.
+    /// The font of ordinary texts, as large as the user wants texts.
     Q_PROPERTY(QFont font READ interfaceFont NOTIFY fontChanged)
     /// The family of the interface font whose characters are all equally wide.
     Q_PROPERTY(QString fixedFamily READ fixedFamily CONSTANT)
 
 public:
+    /// The one that the program uses, made when it is first asked for; as long as the application
+    /// is there, which is needed.
+    static SystemLook &instance();
+
     explicit SystemLook(QObject *parent = nullptr);
+
+    /// Whether the desktop has said what it has to say, as far as it can be asked.
+    bool isKnown() const { return m_isKnown; }
 
     bool isDark() const { return m_prefersDark.value_or(isWindowDark()); }
     QColor window() const;
     QString fixedFamily() const;
 
     /// The application's font; but where Qt knows none of the desktop's, its last resort is taken a
-    /// little larger than Qt does, in the program's default size.
-    static QFont interfaceFont();
+    /// little larger than Qt does, in the program's default size. Times the factor that the user
+    /// wants texts to be scaled by, where that is not in the resolution of the screen already.
+    QFont interfaceFont() const;
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 Q_SIGNALS:
     void changed();
     void fontChanged();
+    void known();
 
 private:
     bool isWindowDark() const;
@@ -57,6 +66,8 @@ private:
     QPalette m_ownPalette;                     // the one that is
     bool m_isAdapting = false;
     std::optional<QFont> m_ownFont; // that was set in the place of Qt's last resort
+    double m_textScale = 1;
+    bool m_isKnown = true;
 };
 
 } // namespace quorvale

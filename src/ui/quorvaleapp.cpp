@@ -5,6 +5,7 @@
 
 #include "controller/converterviewmodel.h"
 #include "desktop/desktop.h"
+#include "desktop/systemlook.h"
 #include "desktop/windowactivation.h"
 #include "style/textstyles.h"
 
@@ -13,6 +14,7 @@
 #include <QIcon>
 #include <QQmlComponent>
 #include <QThreadPool>
+#include <QTimer>
 #include <QWindow>
 
 using namespace Qt::StringLiterals;
@@ -30,7 +32,8 @@ QuorvaleApp::QuorvaleApp() : m_model(ConverterViewModel::create(makeOpenPanel(),
 
 QuorvaleApp::~QuorvaleApp() = default;
 
-QuorvaleApp::Start QuorvaleApp::open(const QList<QUrl> &files, const QVariantMap &platformData)
+QuorvaleApp::Start QuorvaleApp::open(const QList<QUrl> &files, const QVariantMap &platformData,
+                                     std::chrono::milliseconds patience)
 {
     m_instance = makeInstance(files, platformData);
     QObject::connect(m_instance.get(), &Instance::handedOver, m_model.get(),
@@ -48,8 +51,16 @@ QuorvaleApp::Start QuorvaleApp::open(const QList<QUrl> &files, const QVariantMap
         QMetaObject::invokeMethod(qApp, &TextStyles::lookUp);
     });
     QGuiApplication::setWindowIcon(QIcon(u":/qt/qml/Quorvale/quorvale.svg"_s));
+    // And the desktop says how windows are to look, so that this one begins that way.
+    const SystemLook &look = SystemLook::instance();
+    QTimer limit;
+    limit.setSingleShot(true);
+    limit.start(patience);
+    const auto isReady = [&] {
+        return !reading.isLoading() && (look.isKnown() || !limit.isActive());
+    };
     while (m_instance->place() == Instance::Place::undecided
-           || (reading.isLoading() && m_instance->place() == Instance::Place::own))
+           || (m_instance->place() == Instance::Place::own && !isReady()))
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     if (m_instance->place() == Instance::Place::elsewhere)
         return Start::elsewhere;

@@ -8,6 +8,7 @@
 #include <QUrl>
 #include <QVariantMap>
 
+#include <chrono>
 #include <memory>
 
 namespace quorvale {
@@ -31,8 +32,9 @@ public:
 
     /// Opens the window and queues the videos among these files and in these folders, or has the
     /// program do so that runs already in this session. The platform data, of this start, is for
-    /// its window.
-    Start open(const QList<QUrl> &files = {}, const QVariantMap &platformData = {});
+    /// its window, which waits so long at most for the desktop to say how windows are to look.
+    Start open(const QList<QUrl> &files = {}, const QVariantMap &platformData = {},
+               std::chrono::milliseconds patience = std::chrono::milliseconds(300));
 
     /// Whether a conversion runs, or a thread of a search.
     bool isBusy() const;

@@ -55,6 +55,7 @@ private Q_SLOTS:
                                  u"Cantarell -3"_s, u"Cantarell 0"_s, u"Cantarell nan"_s,
                                  u"Cantarell inf"_s, u"Cantarell 1e9"_s, u"Cantarell px"_s})
             QTest::newRow(qPrintable(text)) << text;
+        QTest::newRow("too long") << QString(1022, u'a') + u" 11"_s;
     }
     void anythingElseIsNone()
     {

@@ -35,6 +35,7 @@ const QString appearance = u"org.freedesktop.appearance"_s;
 const QString colorSchemeKey = u"color-scheme"_s;
 const QString gnomeInterface = u"org.gnome.desktop.interface"_s;
 const QString fontKey = u"font-name"_s;
+const QString textScaleKey = u"text-scaling-factor"_s;
 
 } // namespace
 
@@ -88,10 +89,11 @@ private Q_SLOTS:
         StandInPortal settings(m_bus, colorScheme);
         SystemLook look;
         QSignalSpy changed(&look, &SystemLook::changed);
-        QTRY_COMPARE_WITH_TIMEOUT(
-            settings.calls(u"Read"_s),
-            (QList<QVariantList>{{appearance, colorSchemeKey}, {gnomeInterface, fontKey}}),
-            patience);
+        QVERIFY(!look.isKnown());
+        QTRY_VERIFY_WITH_TIMEOUT(look.isKnown(), patience);
+        QTRY_COMPARE_WITH_TIMEOUT(settings.calls(u"ReadAll"_s),
+                                  QList<QVariantList>{{QStringList({appearance, gnomeInterface})}},
+                                  patience); // it is said after the answer
         QFETCH(const int, changes);
         QTRY_COMPARE_WITH_TIMEOUT(changed.size(), changes, patience);
         QTest::qWait(50); // for what should not come
@@ -99,7 +101,14 @@ private Q_SLOTS:
         QTEST(look.isDark(), "isDarkOnLight");
         setWindowColor(darkWindow);
         QTEST(look.isDark(), "isDarkOnDark");
-        QCOMPARE(settings.calls(u"Read"_s).size(), 2);
+        QCOMPARE(settings.calls(u"ReadAll"_s).size(), 1);
+    }
+
+    // So that nobody waits for more.
+    void withoutAPortalThatIsKnown()
+    {
+        const SystemLook look;
+        QTRY_VERIFY_WITH_TIMEOUT(look.isKnown(), patience);
     }
 
     void aChangeOfTheSettingIsFollowed()
@@ -220,7 +229,7 @@ private Q_SLOTS:
         SystemLook look;
         QCOMPARE(look.interfaceFont().pointSizeF(), 9.75);
         QSignalSpy changes(&look, &SystemLook::fontChanged);
-        QTRY_COMPARE_WITH_TIMEOUT(settings.calls(u"Read"_s).size(), 2, patience);
+        QTRY_VERIFY_WITH_TIMEOUT(look.isKnown(), patience);
         settings.change(gnomeInterface, fontKey, u"DejaVu Serif 11"_s);
         QTRY_VERIFY_WITH_TIMEOUT(!changes.isEmpty(), patience);
         QCOMPARE(QApplication::font().family(), u"DejaVu Serif"_s);
@@ -234,7 +243,8 @@ private Q_SLOTS:
     void theSettingsFontIsReadAtTheStart()
     {
         QApplication::setFont(lastResort);
-        StandInPortal settings(m_bus, u"DejaVu Serif 11"_s);
+        const QVariantMap font{{fontKey, u"DejaVu Serif 11"_s}};
+        StandInPortal settings(m_bus, StandInPortal::Settings{{gnomeInterface, font}});
         const SystemLook look;
         QTRY_COMPARE_WITH_TIMEOUT(QApplication::font().family(), u"DejaVu Serif"_s, patience);
     }
@@ -248,6 +258,38 @@ private Q_SLOTS:
         settings.changeColorScheme(1U); // which comes after it
         QTRY_VERIFY_WITH_TIMEOUT(look.isDark(), patience);
         QCOMPARE(QApplication::font().family(), u"DejaVu Sans"_s);
+    }
+
+    void theTextsAreAsLargeAsTheUserWants_data()
+    {
+        QTest::addColumn<QVariant>("factor");
+        QTest::addColumn<double>("points");
+        QTest::newRow("large") << QVariant(1.25) << 12.5;
+        QTest::newRow("largest") << QVariant(3.0) << 30.0;
+        QTest::newRow("small") << QVariant(0.5) << 5.0;
+        QTest::newRow("too large") << QVariant(3.1) << 10.0;
+        QTest::newRow("too small") << QVariant(0.4) << 10.0;
+        QTest::newRow("not a number") << QVariant(qQNaN()) << 10.0;
+        QTest::newRow("no number") << QVariant(u"1.25"_s) << 10.0;
+    }
+    void theTextsAreAsLargeAsTheUserWants()
+    {
+        QFETCH(const QVariant, factor);
+        QApplication::setFont(QFont(u"DejaVu Sans"_s, 10));
+        const QVariantMap textScale{{textScaleKey, factor}};
+        StandInPortal settings(m_bus, StandInPortal::Settings{{gnomeInterface, textScale}});
+        SystemLook look;
+        QTRY_VERIFY_WITH_TIMEOUT(look.isKnown(), patience);
+        QTEST(look.interfaceFont().pointSizeF(), "points");
+        QCOMPARE(QApplication::font().pointSize(), 10); // not twice
+        QSignalSpy changes(&look, &SystemLook::fontChanged);
+        settings.change(gnomeInterface, textScaleKey, 1.5);
+        QTRY_VERIFY_WITH_TIMEOUT(!changes.isEmpty(), patience);
+        QCOMPARE(look.interfaceFont().pointSizeF(), 15.0);
+        QFont inPixels(u"DejaVu Sans"_s);
+        inPixels.setPixelSize(16);
+        QApplication::setFont(inPixels);
+        QCOMPARE(look.interfaceFont().pixelSize(), 24);
     }
 
     void theFixedFontIsFixed()

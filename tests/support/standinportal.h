@@ -5,29 +5,41 @@
 
 #include "standinservice.h"
 
+#include <QDBusMetaType>
 #include <QDBusVariant>
+#include <QMap>
 #include <QVariantMap>
 
 namespace quorvale::test {
 
-/// The desktop portal: a file chooser, which opens when it is asked to, and the settings, which
-/// know the colour scheme or, when that is invalid, nothing.
+/// The desktop portal: a file chooser, which opens when it is asked to, and settings.
 class StandInPortal : public StandInService
 {
 public:
     /// What the portal says in its response.
     enum Response : uint { success, cancelled, other };
 
-    /// With the version of its file chooser.
+    /// The values of their keys, by group.
+    using Settings = QMap<QString, QVariantMap>;
+
+    static constexpr auto appearance = "org.freedesktop.appearance";
+    static constexpr auto gnomeInterface = "org.gnome.desktop.interface";
+
+    explicit StandInPortal(const PrivateBus &bus, const Settings &settings)
+        : StandInPortal(bus, settings, 4)
+    {
+    }
+
+    /// With the version of its file chooser; settings that know the colour scheme or, when that is
+    /// invalid, nothing.
     explicit StandInPortal(const PrivateBus &bus, const QVariant &colorScheme = {},
                            uint version = 4)
-        : StandInService(
-            bus, QStringLiteral("org.freedesktop.portal.Desktop"),
-            {{QStringLiteral("Get"), {reply({wrapped(version)})}},
-             {QStringLiteral("OpenFile"), {replyRequest()}},
-             {QStringLiteral("Close"), {reply()}},
-             {QStringLiteral("Read"),
-              {colorScheme.isValid() ? reply({wrapped(wrapped(colorScheme))}) : refuse()}}})
+        : StandInPortal(bus,
+                        colorScheme.isValid()
+                            ? Settings{{QString::fromLatin1(appearance),
+                                        {{QStringLiteral("color-scheme"), colorScheme}}}}
+                            : Settings(),
+                        version)
     {
     }
 
@@ -41,6 +53,13 @@ public:
                       QStringLiteral("Response"), {response, results});
     }
 
+    /// Answers ReadAll.
+    static Step replySettings(const Settings &settings)
+    {
+        qDBusRegisterMetaType<Settings>();
+        return reply({QVariant::fromValue(settings)});
+    }
+
     /// Tells of another value of a setting; what is read stays the same.
     void change(const QString &group, const QString &key, const QVariant &value)
     {
@@ -50,11 +69,19 @@ public:
     }
     void changeColorScheme(uint colorScheme)
     {
-        change(QStringLiteral("org.freedesktop.appearance"), QStringLiteral("color-scheme"),
-               colorScheme);
+        change(QString::fromLatin1(appearance), QStringLiteral("color-scheme"), colorScheme);
     }
 
 private:
+    StandInPortal(const PrivateBus &bus, const Settings &settings, uint version)
+        : StandInService(bus, QStringLiteral("org.freedesktop.portal.Desktop"),
+                         {{QStringLiteral("Get"), {reply({wrapped(version)})}},
+                          {QStringLiteral("OpenFile"), {replyRequest()}},
+                          {QStringLiteral("Close"), {reply()}},
+                          {QStringLiteral("ReadAll"), {replySettings(settings)}}})
+    {
+    }
+
     static QVariant wrapped(const QVariant &value)
     {
         return QVariant::fromValue(QDBusVariant(value));

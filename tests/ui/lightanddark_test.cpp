@@ -6,6 +6,7 @@
 #include "support/standinportal.h"
 #include "support/testclass.h"
 
+#include <QElapsedTimer>
 #include <QTest>
 
 using namespace quorvale::test;
@@ -55,6 +56,16 @@ private Q_SLOTS:
         QCOMPARE(m_bench->run().complaints(), QByteArray());
     }
 
+    void aSilentPortalDoesNotHoldTheWindowUp()
+    {
+        StandInPortal settings(m_desktop.session(), dark);
+        settings.prepare(u"ReadAll"_s, {});
+        QElapsedTimer clock;
+        clock.start();
+        QVERIFY(m_bench->start());
+        QVERIFY2(clock.elapsed() < 15'000, qPrintable(QString::number(clock.elapsed())));
+    }
+
     void qtsDialogIsAsTheWindow_data() { aChangeIsFollowed_data(); }
     void qtsDialogIsAsTheWindow()
     {
@@ -76,10 +87,12 @@ private Q_SLOTS:
 
     void theFontOfTheSettingsIsFollowed()
     {
-        StandInPortal settings(m_desktop.session(), u"DejaVu Sans 11"_s);
+        const auto group = QString::fromLatin1(StandInPortal::gnomeInterface);
+        const QVariantMap font{{u"font-name"_s, u"DejaVu Sans 11"_s}};
+        StandInPortal settings(m_desktop.session(), StandInPortal::Settings{{group, font}});
         QVERIFY(m_bench->start());
         QTRY_COMPARE_WITH_TIMEOUT(heightOfAddVideos(), 29, patience);
-        settings.change(u"org.gnome.desktop.interface"_s, u"font-name"_s, u"DejaVu Sans 16"_s);
+        settings.change(group, u"font-name"_s, u"DejaVu Sans 16"_s);
         QTRY_COMPARE_WITH_TIMEOUT(heightOfAddVideos(), 43, patience);
         QCOMPARE(m_bench->run().complaints(), QByteArray());
     }

@@ -3,20 +3,26 @@
 
 #include "quorvaleapp.h"
 #include "service/ffmpegservice.h"
+#include "support/patience.h"
+#include "support/privatebus.h"
+#include "support/standinportal.h"
 #include "support/testclass.h"
 
 #include <QApplication>
 #include <QFile>
 #include <QIcon>
+#include <QPalette>
 #include <QQmlExtensionPlugin>
+#include <QQuickWindow>
 #include <QRegularExpression>
 #include <QTest>
-#include <QWindow>
+#include <QTimer>
 
 Q_IMPORT_QML_PLUGIN(QuorvalePlugin)
 Q_IMPORT_QML_PLUGIN(Quorvale_StylePlugin)
 
 using namespace quorvale;
+using namespace quorvale::test;
 using namespace Qt::StringLiterals;
 
 // What a desktop can tell the program's window by.
@@ -25,7 +31,31 @@ class QuorvaleAppTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { QCOMPARE(m_app.open(), QuorvaleApp::Start::window); }
+    void initTestCase()
+    {
+        // Before the connection of the process is made.
+        qputenv("DBUS_SESSION_BUS_ADDRESS", m_bus.address().toUtf8());
+        const auto font = QString::fromLatin1(StandInPortal::gnomeInterface);
+        const auto colors = QString::fromLatin1(StandInPortal::appearance);
+        const StandInPortal portal(m_bus);
+        portal.prepare(u"ReadAll"_s, {});
+        // When everything else is there.
+        QTimer::singleShot(500, this, [&] {
+            portal.perform(
+                {StandInPortal::replySettings({{colors, {{u"color-scheme"_s, 1U}}},
+                                               {font, {{u"font-name"_s, u"DejaVu Sans 12"_s}}}})});
+        });
+        QCOMPARE(m_app.open({}, {}, std::chrono::milliseconds(patience)),
+                 QuorvaleApp::Start::window);
+    }
+
+    // From its first frame on, which has not been drawn yet.
+    void opensAsTheDesktopWants()
+    {
+        const auto *window = qobject_cast<QQuickWindow *>(QGuiApplication::topLevelWindows()[0]);
+        QVERIFY(window->color().lightnessF() < 0.3F);
+        QVERIFY(QGuiApplication::palette().color(QPalette::Window).lightnessF() < 0.3F);
+    }
 
     void namesItsDesktopEntry()
     {
@@ -78,6 +108,7 @@ private Q_SLOTS:
     }
 
 private:
+    PrivateBus m_bus;
     QuorvaleApp m_app;
 };
 

@@ -32,7 +32,7 @@ double pixelSize(const QFont &font)
 
 TextStyles::TextStyles(QObject *parent) : QObject(parent)
 {
-    derive(SystemLook::interfaceFont());
+    derive(SystemLook::instance().interfaceFont());
 }
 
 void TextStyles::setBase(const QFont &base)
