@@ -5,6 +5,7 @@
 
 #include "fontdescription.h"
 #include "plainpalette.h"
+#include "windowframe.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -83,6 +84,7 @@ void SystemLook::adaptPalette()
         QGuiApplication::setPalette(plainPalette(*m_prefersDark));
         m_ownPalette = QGuiApplication::palette();
     }
+    renewFrames();
 }
 
 QFont SystemLook::interfaceFont() const

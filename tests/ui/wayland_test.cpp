@@ -4,6 +4,7 @@
 #include "support/dragsource.h"
 #include "support/patience.h"
 #include "support/programrun.h"
+#include "support/standinportal.h"
 #include "support/testclass.h"
 #include "support/virtualdesktop.h"
 #include "support/waylanddisplay.h"
@@ -51,6 +52,23 @@ private Q_SLOTS:
         QCOMPARE(m_run->complaints(), QByteArray());
     }
 
+    // Where the desktop leaves it to programs, and Qt draws it.
+    void theTitleBarIsAsTheWindow()
+    {
+        constexpr uint dark = 1;
+        constexpr uint light = 2;
+        StandInPortal settings(m_desktop.session(), dark);
+        QVERIFY(start());
+        QVERIFY(m_display.command(u"[title=\"^Quorvale$\"] border csd"_s));
+        QTRY_VERIFY_WITH_TIMEOUT(area().height() > 640 && titleBarsLightness() < 0x60, patience);
+        settings.changeColorScheme(light);
+        QTRY_VERIFY_WITH_TIMEOUT(titleBarsLightness() > 0xa0, patience);
+        settings.changeColorScheme(dark);
+        QTRY_VERIFY_WITH_TIMEOUT(titleBarsLightness() < 0x60, patience);
+        QCOMPARE(area().width(), 960 + 2 * 3);
+        QCOMPARE(m_run->complaints(), QByteArray());
+    }
+
     void takesWhatIsDropped()
     {
         QVERIFY(start());
@@ -91,6 +109,13 @@ private:
     {
         const auto window = m_display.window(u"Quorvale"_s);
         return window ? window->area : QRect();
+    }
+
+    // From 0 to 255, beside the title.
+    int titleBarsLightness() const
+    {
+        const QRect place(area().topLeft() + QPoint(100, 15), QSize(1, 1));
+        return static_cast<uchar>(m_desktop.display().picture(place)[0]);
     }
 
     // Drags the window's lower right corner, as far as the window lets it.
