@@ -29,7 +29,8 @@ FocusScope {
     /// The button was pressed.
     signal action
 
-    implicitHeight: Theme.scaled(34)
+    // Higher where the text needs that.
+    implicitHeight: Math.max(34, button.implicitContentHeight + 4)
     implicitWidth: button.implicitContentWidth + button.leftPadding + button.rightPadding
 
     // A control's own type is what it is read out as; Qt takes no other role for it.
@@ -94,9 +95,9 @@ FocusScope {
                 Accessible.ignored: true
                 Layout.fillWidth: true
                 color: Theme.white
-                elide: Text.ElideRight
                 font: root.selected ? Theme.subheadlineSemibold : Theme.subheadline
                 text: root.label
+                wrapMode: Text.Wrap
             }
 
             Symbol {

@@ -12,6 +12,9 @@ Item {
     required property ConverterViewModel model
 
     Scheme.colors: Theme.current
+    // What everything needs; the sidebar is what is highest, the queue what may need more width.
+    implicitHeight: sidebar.implicitHeight
+    implicitWidth: queue.x + queue.implicitWidth
 
     // First for the Tab key, though above the sidebar.
     Loader {
@@ -41,6 +44,8 @@ Item {
     }
 
     QueueView {
+        id: queue
+
         anchors.left: divider.right
         anchors.right: parent.right
         height: parent.height

@@ -25,6 +25,9 @@ ColumnLayout {
         }
     }
 
+    /// What the quality row takes when it is shown, while it is not.
+    readonly property real unusedHeight: quality.active ? 0 : quality.leastHeight + spacing
+
     spacing: 9
 
     SectionLabel {
@@ -42,6 +45,11 @@ ColumnLayout {
 
     // Read, with the fonts that it takes, when it is first shown.
     Loader {
+        id: quality
+
+        /// Of its slider, or of its text, which is of one line.
+        readonly property real leastHeight: Math.max(20, Theme.scaled(18))
+
         Layout.fillWidth: true
         active: group.model.goalIndex === EncodingGoal.ConstantQuality && !group.model.isProRes
         visible: active

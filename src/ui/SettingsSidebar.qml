@@ -21,6 +21,10 @@ FocusScope {
         button.forceActiveFocus(Qt.TabFocusReason);
     }
 
+    /// What everything needs, whatever the goal.
+    implicitHeight: scroll.y + column.y + column.implicitHeight + encoding.unusedHeight
+                    + scroll.anchors.bottomMargin + status.height + status.anchors.bottomMargin
+
     /// The control in it that has the keyboard.
     readonly property T.Control focused: activeFocus ? Window.activeFocusItem as T.Control : null
 
@@ -46,20 +50,20 @@ FocusScope {
     Flickable {
         id: scroll
 
-        readonly property real bottomSpace: 22
-        readonly property real needed: column.y + column.implicitHeight + bottomSpace
-
-        anchors.fill: parent
+        anchors.bottom: status.top
+        anchors.bottomMargin: column.spacing
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.top: parent.top
         anchors.topMargin: Theme.menuBarHeight // below which nothing goes
         boundsBehavior: Flickable.StopAtBounds
         clip: interactive
-        contentHeight: Math.max(height, needed)
-        interactive: needed > height
+        contentHeight: Math.max(height, column.y + column.implicitHeight)
+        interactive: contentHeight > height
 
         ColumnLayout {
             id: column
 
-            height: scroll.contentHeight - y - scroll.bottomSpace
             spacing: 20
             width: sidebar.width - 2 * x
             x: 24
@@ -102,6 +106,8 @@ FocusScope {
             }
 
             EncodingGroup {
+                id: encoding
+
                 Layout.fillWidth: true
                 model: sidebar.model
             }
@@ -149,16 +155,18 @@ FocusScope {
                     }
                 }
             }
-
-            Item {
-                Layout.fillHeight: true
-            }
-
-            ToolStatusRow {
-                Layout.fillWidth: true
-            }
         }
 
         T.ScrollBar.vertical: VerticalScrollBar {}
+    }
+
+    ToolStatusRow {
+        id: status
+
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: 22
+        anchors.left: parent.left
+        anchors.leftMargin: column.x
+        width: column.width
     }
 }

@@ -55,6 +55,7 @@ private Q_SLOTS:
         const auto *window = qobject_cast<QQuickWindow *>(QGuiApplication::topLevelWindows()[0]);
         QVERIFY(window->color().lightnessF() < 0.3F);
         QVERIFY(QGuiApplication::palette().color(QPalette::Window).lightnessF() < 0.3F);
+        QVERIFY2(window->height() > 640, qPrintable(QString::number(window->height())));
     }
 
     void namesItsDesktopEntry()

@@ -130,7 +130,7 @@ ViewTest {
     function test_aLongLabelLeavesRoomForTheMark() {
         show(buttons, {"label": "H.264 ".repeat(30)});
         const label = one(view, Text);
-        verify(label.truncated);
+        verify(label.lineCount > 1 && label.contentHeight <= button().height);
         verify(area(label).x + label.width <= area(symbolOf(view, Symbol.CheckmarkCircleFill)).x);
     }
 

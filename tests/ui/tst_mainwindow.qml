@@ -47,6 +47,60 @@ ViewTest {
         compare(window.title, "Quorvale");
     }
 
+    function open(family, points) {
+        window.destroy();
+        Bench.setFont(family, points);
+        window = createTemporaryObject(windows, null);
+        verify(window);
+        tryVerify(() => window.visible);
+    }
+
+    function scrollBars() {
+        Pixels.layOut(window.contentItem);
+        return all(content(), VerticalScrollBar).length;
+    }
+
+    function test_opensAsLargeAsTheFontNeeds_data() {
+        const data = [];
+        for (const family of ["Noto Sans", "DejaVu Sans", "Cantarell", "Inter"]) {
+            for (const points of [9, 9.75, 10, 11])
+                data.push({"tag": family + " " + points, "family": family, "points": points});
+        }
+        return data;
+    }
+
+    // With each of the goals, also what it makes higher than it is at the start.
+    function test_opensAsLargeAsTheFontNeeds(data) {
+        open(data.family, data.points);
+        const opened = [window.width, window.height];
+        compare(opened[0], 960);
+        verify(opened[1] >= 640 && (data.points > 10 || opened[1] === 640), opened);
+        for (let goal = 0; goal < 3; ++goal) {
+            Bench.model.goalIndex = goal;
+            tryVerify(() => scrollBars() === 0, 1000, Bench.model.goalLabels[goal]);
+        }
+        compare([window.width, window.height], opened);
+    }
+
+    // Unless the screen has no room for that, which here is 800 by 800.
+    function test_opensInsideTheScreen() {
+        open("DejaVu Sans", 22);
+        compare([window.width, window.height], [960, 800 - 72]);
+        compare(scrollBars(), 1);
+    }
+
+    function test_followsTheFontUntilTheUserHasResizedIt() {
+        Bench.setFont("DejaVu Sans", 12);
+        tryVerify(() => window.height > 640);
+        compare(scrollBars(), 0);
+        Bench.setFont("DejaVu Sans", 9);
+        tryCompare(window, "height", 640);
+        window.height = 650;
+        Bench.setFont("DejaVu Sans", 12);
+        wait(50);
+        compare(window.height, 650);
+    }
+
     function test_theContentFillsIt() {
         for (const size of [[960, 640], [1300, 800]]) {
             window.width = size[0];
