@@ -5,13 +5,14 @@
 
 #include "fontdescription.h"
 #include "plainpalette.h"
-#include "windowframe.h"
+#include "windowrefresh.h"
 
 #include <QApplication>
 #include <QEvent>
 #include <QFontDatabase>
 #include <QPointer>
 #include <QScopedValueRollback>
+#include <QScreen>
 
 #ifdef QT_DBUS_LIB
 #include "appearanceportal.h"
@@ -42,6 +43,8 @@ SystemLook &SystemLook::instance()
 SystemLook::SystemLook(QObject *parent) : QObject(parent)
 {
     QCoreApplication::instance()->installEventFilter(this);
+    for (const QScreen *screen : QGuiApplication::screens())
+        connect(screen, &QScreen::logicalDotsPerInchChanged, this, refreshSizes);
 #ifdef QT_DBUS_LIB
     auto *settings = new AppearancePortal(this);
     connect(settings, &AppearancePortal::prefersDark, this, [this](std::optional<bool> preference) {
@@ -84,7 +87,7 @@ void SystemLook::adaptPalette()
         QGuiApplication::setPalette(plainPalette(*m_prefersDark));
         m_ownPalette = QGuiApplication::palette();
     }
-    renewFrames();
+    refreshFrames();
 }
 
 QFont SystemLook::interfaceFont() const

@@ -1,11 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
+#include "support/childofthetest.h"
 #include "support/patience.h"
 #include "support/programbench.h"
 #include "support/testclass.h"
 
+#include <QFile>
+#include <QTemporaryDir>
 #include <QTest>
+
+#include <csignal>
 
 using namespace quorvale::test;
 using namespace Qt::StringLiterals;
@@ -52,6 +57,40 @@ private Q_SLOTS:
         QVERIFY(resizeBy(offset));
         const QSize large = least + QSize(offset.x(), offset.y());
         QTRY_COMPARE_WITH_TIMEOUT(size(), large, patience);
+        QCOMPARE(m_bench->run().complaints(), QByteArray());
+    }
+
+    // The resolution of an X11 screen is what Large Text changes there.
+    void isFilledWhenTheResolutionChanges()
+    {
+        const QTemporaryDir folder;
+        const QString settings = folder.filePath(u"settings"_s);
+        const auto set = [&settings](int dotsPerInch) {
+            QFile file(settings);
+            return file.open(QIODevice::WriteOnly)
+                   && file.write("Xft/DPI " + QByteArray::number(dotsPerInch * 1024) + '\n') > 0;
+        };
+        QVERIFY(set(120));
+        ChildOfTheTest daemon;
+        daemon.setProcessEnvironment(m_desktop.display().environment());
+        daemon.start(u"xsettingsd"_s, {u"-c"_s, settings});
+        QVERIFY(daemon.waitForStarted());
+        m_bench.reset();
+        m_bench = std::make_unique<ProgramBench>(m_desktop);
+        QVERIFY(m_bench->start());
+        const QSize large = least * 1.25;
+        QTRY_COMPARE_WITH_TIMEOUT(size(), large, patience);
+        QVERIFY(set(96));
+        QCOMPARE(::kill(pid_t(daemon.processId()), SIGHUP), 0);
+        const auto button = m_bench->window().waitFor(
+            AccessibleItem::named(AccessibleItem::Role::button, u"Add Videos"_s));
+        QVERIFY(button);
+        const auto rightMargin = [&] {
+            return m_desktop.display().areaOf(m_bench->window().window()).right()
+                   - button->extents().right();
+        };
+        QTRY_COMPARE_WITH_TIMEOUT(rightMargin(), 26, patience);
+        QCOMPARE(size(), large);
         QCOMPARE(m_bench->run().complaints(), QByteArray());
     }
 

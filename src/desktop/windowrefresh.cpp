@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
-#include "windowframe.h"
+#include "windowrefresh.h"
 
 #include <QGuiApplication>
 #include <QWindow>
@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace quorvale {
 
-void renewFrames()
+void refreshFrames()
 {
     if (QGuiApplication::platformName() != u"wayland"_s)
         return;
@@ -21,6 +21,15 @@ void renewFrames()
         const Qt::WindowFlags flags = window->flags();
         window->setFlags(flags | Qt::FramelessWindowHint);
         window->setFlags(flags);
+    }
+}
+
+void refreshSizes()
+{
+    for (QWindow *window : QGuiApplication::topLevelWindows()) {
+        const QSize size = window->size();
+        window->resize(size + QSize(1, 1)); // as what is the same is not said
+        window->resize(size);
     }
 }
 
