@@ -8,6 +8,7 @@
 #include "joblistmodel.h"
 #include "model/conversionsettings.h"
 #include "model/filepath.h"
+#include "model/legible.h"
 #include "openpanel.h"
 #include "searchqueue.h"
 
@@ -28,6 +29,7 @@ class ConverterViewModel : public QObject, public std::enable_shared_from_this<C
     Q_PROPERTY(quorvale::JobListModel *jobs READ jobModel CONSTANT)
     Q_PROPERTY(quorvale::SearchQueue *searches READ searches CONSTANT)
     Q_PROPERTY(QString destinationPath READ destinationPath NOTIFY destinationChanged)
+    Q_PROPERTY(QString legibleDestinationPath READ legibleDestinationPath NOTIFY destinationChanged)
     Q_PROPERTY(bool hasDestination READ hasDestination NOTIFY destinationChanged)
     Q_PROPERTY(QStringList codecLabels READ codecLabels CONSTANT)
     Q_PROPERTY(int codecIndex READ codecIndex NOTIFY settingsChanged)
@@ -177,6 +179,7 @@ private:
     ConverterViewModel(std::unique_ptr<OpenPanel> panel, std::unique_ptr<FileManager> fileManager);
 
     QString destinationPath() const { return shownPath(filePath(m_destination.value_or(QUrl()))); }
+    QString legibleDestinationPath() const { return legible(destinationPath()); }
     bool hasDestination() const { return m_destination.has_value(); }
 
     // The settings as QML binds to them: an option is its index among the labels. An index without

@@ -64,7 +64,8 @@ PlainButton {
                 elide: Text.ElideMiddle
                 font: Theme.body
                 maximumLineCount: 1
-                text: button.destination
+                text: button.model.hasDestination ? button.model.legibleDestinationPath : button.destination
+                whole: button.destination
             }
         }
     }

@@ -22,7 +22,8 @@ ColumnLayout {
         elide: Text.ElideMiddle
         font: Theme.bodyMedium
         maximumLineCount: 1
-        text: column.job.fileName
+        text: column.job.legibleFileName
+        whole: column.job.fileName
     }
 
     RowLayout {
@@ -37,7 +38,7 @@ ColumnLayout {
             elide: Text.ElideMiddle
             font: Theme.subheadline
             maximumLineCount: 1
-            text: column.job.folderName
+            text: column.job.legibleFolderName
 
             HoverTip {
                 text: column.job.sourcePath
@@ -79,7 +80,7 @@ ColumnLayout {
         elide: Text.ElideRight
         font: Theme.caption2
         maximumLineCount: 2
-        text: column.job.failureReason
+        text: column.job.legibleFailureReason
         visible: column.job.hasFailed
         whole: column.job.failure
         wrapMode: Text.Wrap

@@ -34,6 +34,19 @@ private Q_SLOTS:
         QCOMPARE(ShownJob(job).sourcePath(), u"/videos/Trip/clip.mkv"_s);
     }
 
+    void whatIsShownIsLegibleAndWhatIsSaidIsExact()
+    {
+        ConversionJob job(QUrl::fromLocalFile(u"/videos/a\nb/\u202egnp.mkv"_s));
+        job.state = JobState::failed(u"No\u2028.\nNo."_s);
+        const ShownJob shownJob(job);
+        QCOMPARE(shownJob.legibleFileName(), u"\ufffdgnp.mkv"_s);
+        QCOMPARE(shownJob.fileName(), u"\u202egnp.mkv"_s);
+        QCOMPARE(shownJob.legibleFolderName(), u"a\ufffdb"_s);
+        QCOMPARE(shownJob.folderName(), u"a\nb"_s);
+        QCOMPARE(shownJob.legibleFailureReason(), u"No\ufffd.\nNo."_s);
+        QCOMPARE(shownJob.failureReason(), u"No\u2028.\nNo."_s);
+    }
+
     void saysEveryStateInAWord()
     {
         QCOMPARE(shown(JobState::waiting()).stateWord(), u"Ready"_s);

@@ -97,10 +97,12 @@ ViewTest {
         show(buttons);
         const height = view.height;
         Bench.chooseDestination("/out\nput");
-        compare(destination().text, "/out\nput");
+        compare(destination().text, "/out\ufffdput");
         compare(destination().lineCount, 1);
         settle();
         compare(view.height, height);
+        compareTip(destination(), 10, 5, "/out\nput");
+        compare(view.Accessible.name, "Save to /out\nput");
     }
 
     function test_tooltipHasTheWholePath() {

@@ -53,8 +53,7 @@ ViewTest {
     function test_rightToLeftNamesStandOnTheLeft_data() {
         return [
             {"tag": "Hebrew", "name": "\u05e9\u05dc\u05d5\u05dd"},
-            {"tag": "Arabic", "name": "\u0645\u0631\u062d\u0628\u0627"},
-            {"tag": "override", "name": "\u202eevil"}
+            {"tag": "Arabic", "name": "\u0645\u0631\u062d\u0628\u0627"}
         ];
     }
 
@@ -88,13 +87,27 @@ ViewTest {
         compare(ground.y, area(line).y + line.height + 6);
     }
 
-    function test_nameInSeveralLinesStaysOneLine() {
-        Bench.queue(["/in/first\nsecond.mkv"]);
+    // What is shown of them is harmless; what is read out and stands in tooltips is what they are.
+    function test_hostileNames_data() {
+        return [
+            {"tag": "lines", "name": "first\nsecond", "shown": "first\ufffdsecond"},
+            {"tag": "override", "name": "holiday \u202egnp.exe", "shown": "holiday \ufffdgnp.exe"},
+        ];
+    }
+
+    function test_hostileNames(data) {
+        const path = "/in/" + data.name + "/" + data.name + longName;
+        Bench.queue([path]);
         show(lists);
-        const line = all(row(), Text)[0];
-        compare(line.text, "first\nsecond.mkv");
+        const line = textOf(row(), data.shown + longName);
         compare(line.lineCount, 1);
+        // Shortened in the middle rather than cut off.
+        verify(line.truncated && line.contentWidth > line.width - 20, line.contentWidth);
         compare(row().height, 56);
+        compareTip(line, 10, 5, data.name + longName);
+        compareTip(textOf(row(), data.shown), 10, 5, path);
+        compare(row().Accessible.name, data.name + longName);
+        compare(row().Accessible.description, data.name + ", Ready");
     }
 
     function test_longFolderLeavesRoomForTheState() {
@@ -145,14 +158,14 @@ ViewTest {
 
     function test_failureBeginsWhereItSaysWhy() {
         const noise = "Stream mapping:\n  Stream #0:0 -> #0:0 (copy)\n";
-        const message = noise + "No space left on device.\n[aac @ 0x55d0] Qavg: 891.402";
+        const message = noise + "No space left on \u202edevice.\n[aac @ 0x55d0] Qavg: 891.402";
         Bench.queue(["clip.mkv"]);
         show(lists);
         Bench.chooseRealDestination();
         Bench.willFail(message);
         verify(Bench.convert());
         settle();
-        const line = textOf(row(), "No space left on device.\n[aac @ 0x55d0] Qavg: 891.402");
+        const line = textOf(row(), "No space left on \ufffddevice.\n[aac @ 0x55d0] Qavg: 891.402");
         verify(!line.truncated);
         compareTip(line, 50, 5, message);
     }
