@@ -3,6 +3,8 @@
 
 #include "searchqueue.h"
 
+#include "model/legible.h"
+
 #include <QCoreApplication>
 
 #include <algorithm>
@@ -21,6 +23,11 @@ constexpr auto watchInterval = 100ms;
 
 // So many searches go on at the same time; the others are not handed over before them anyway.
 constexpr std::size_t mostStarted = 4;
+
+QString quoted(const QString &place)
+{
+    return u'“' + place + u'”';
+}
 
 } // namespace
 
@@ -133,14 +140,22 @@ void SearchQueue::stop()
 
 QString SearchQueue::notice() const
 {
-    if (m_leftOut.isEmpty())
-        return {};
-    const QString first = u"“%1”"_s.arg(m_leftOut.first());
+    return m_leftOut.isEmpty() ? QString() : quoted(m_leftOut.first()) + verdict();
+}
+
+QString SearchQueue::legiblePlace() const
+{
+    return m_leftOut.isEmpty() ? QString() : quoted(legible(m_leftOut.first()));
+}
+
+QString SearchQueue::verdict() const
+{
     const auto others = m_leftOut.size() - 1;
+    if (others < 0)
+        return {};
     if (others == 0)
-        return u"%1 did not answer and was left out."_s.arg(first);
-    return u"%1 and %2 more did not answer and were left out."_s.arg(first,
-                                                                     QString::number(others));
+        return u" did not answer and was left out."_s;
+    return u" and %1 more did not answer and were left out."_s.arg(others);
 }
 
 void SearchQueue::clearNotice()

@@ -24,6 +24,8 @@ class SearchQueue : public QObject
     Q_PROPERTY(bool isLong READ isLong NOTIFY isLongChanged)
     Q_PROPERTY(int foundCount READ foundCount NOTIFY foundCountChanged)
     Q_PROPERTY(QString notice READ notice NOTIFY noticeChanged)
+    Q_PROPERTY(QString legiblePlace READ legiblePlace NOTIFY noticeChanged)
+    Q_PROPERTY(QString verdict READ verdict NOTIFY noticeChanged)
 
 public:
     explicit SearchQueue(const SearchPatience &patience = {});
@@ -46,6 +48,11 @@ public:
 
     /// What was left out because it did not answer, in a sentence; empty when nothing was.
     QString notice() const;
+
+    /// The two parts of that sentence as they are shown: the first path, in quotes and legible(),
+    /// and what is said of it.
+    QString legiblePlace() const;
+    QString verdict() const;
 
     /// Forgets what was left out, as when the user has read it.
     Q_INVOKABLE void clearNotice();

@@ -39,7 +39,9 @@ FocusScope {
             Layout.fillWidth: true
             foundCount: view.model.searches.foundCount
             isSearching: view.model.searches.isLong
+            legiblePlace: view.model.searches.legiblePlace
             notice: view.model.searches.notice
+            verdict: view.model.searches.verdict
             onDismissed: view.model.searches.clearNotice()
             onStopped: view.model.searches.stop()
             onVisibleChanged: {

@@ -14,6 +14,9 @@ Item {
     property int foundCount: 0
     /// What was left out; empty when nothing was.
     property string notice
+    /// Its two parts as they are shown: a path in quotes, and what is said of it.
+    property string legiblePlace
+    property string verdict
 
     /// The user does not want to wait for the search any longer.
     signal stopped
@@ -70,14 +73,43 @@ Item {
             }
         }
 
-        ElidedLine {
+        // Of what does not fit the path is shortened, whose ends say enough; the sentence is whole.
+        Item {
+            Accessible.name: line.notice
+            Accessible.role: Accessible.StaticText
             Layout.fillWidth: true
-            color: Theme.current.text
-            elide: Text.ElideMiddle
-            font: Theme.subheadline
-            maximumLineCount: 1
-            text: line.notice
+            implicitHeight: verdict.implicitHeight
+            implicitWidth: place.implicitWidth + verdict.implicitWidth
             visible: !line.isSearching
+
+            TextLine {
+                id: place
+
+                Accessible.ignored: true
+                color: Theme.current.text
+                elide: Text.ElideMiddle
+                font: Theme.subheadline
+                maximumLineCount: 1
+                text: line.legiblePlace
+                width: Math.min(Math.ceil(implicitWidth),
+                                Math.max(parent.width / 5, parent.width - Math.ceil(verdict.implicitWidth)))
+            }
+
+            TextLine {
+                id: verdict
+
+                Accessible.ignored: true
+                color: Theme.current.text
+                font: Theme.subheadline
+                text: line.verdict
+                width: Math.min(Math.ceil(implicitWidth), parent.width - x)
+                wrapMode: Text.Wrap
+                x: Math.ceil(place.contentWidth)
+            }
+
+            HoverTip {
+                text: place.truncated || place.text + verdict.text !== line.notice ? line.notice : ""
+            }
         }
 
         BorderedButton {

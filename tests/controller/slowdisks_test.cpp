@@ -161,6 +161,7 @@ private Q_SLOTS:
                 searches.notice(),
                 u"“%1” did not answer and was left out."_s.arg(m_disk->path(u"videos/110"_s)),
                 patience);
+            QCOMPARE(searches.legiblePlace() + searches.verdict(), searches.notice());
         });
     }
 

@@ -33,6 +33,7 @@ ViewTest {
     }
 
     readonly property string notice: "“/videos” did not answer and was left out."
+    readonly property string verdict: " did not answer and was left out."
 
     function button(text) {
         return one(view, BorderedButton, b => b.text === text);
@@ -79,14 +80,53 @@ ViewTest {
         tryVerify(() => !grabImage(view).equals(before));
     }
 
+    function leaveOut(path, shownPath) {
+        view.notice = "“" + path + "”" + verdict;
+        view.legiblePlace = "“" + shownPath + "”";
+        view.verdict = verdict;
+        settle();
+    }
+
     function test_saysWhatWasLeftOutWhenItSearchesNoMore() {
         begin();
         view.isSearching = true;
-        view.notice = notice;
-        verify(!shows(view, notice));
+        leaveOut("/videos", "/videos");
+        verify(!shows(view, "“/videos”"));
         view.isSearching = false;
-        verify(shows(view, notice));
+        settle();
+        const place = textOf(view, "“/videos”");
+        verify(!place.truncated);
+        compare(textOf(view, verdict).lineCount, 1);
+        fuzzyCompare(area(textOf(view, verdict)).x, area(place).x + place.contentWidth, 1);
         verify(!shows(view, "Searching for videos… 0 found"));
+        verifyNoTip(place, 10, 5);
+    }
+
+    function test_shortensThePathAndNotTheSentence() {
+        begin();
+        const path = "/start of it/" + "videos/".repeat(30) + "end of it";
+        leaveOut(path, path);
+        const place = textOf(view, "“" + path + "”");
+        compare(place.elide, Text.ElideMiddle);
+        verify(place.truncated);
+        compare(textOf(view, verdict).lineCount, 1);
+        fuzzyCompare(area(textOf(view, verdict)).x, area(place).x + place.contentWidth, 1);
+        verify(gapBeside(textOf(view, verdict), button("Dismiss")) >= 12);
+        compareTip(textOf(view, verdict), 10, 5, view.notice);
+        // Where not even that leaves it room.
+        const height = view.height;
+        view.width = 360;
+        settle();
+        compare(textOf(view, verdict).lineCount, 2);
+        verify(view.height > height && place.width > 30);
+        verify(gapBeside(textOf(view, verdict), button("Dismiss")) >= 12);
+    }
+
+    function test_saysInItsTooltipWhatThePathIs() {
+        begin();
+        leaveOut("/a\nb", "/a\ufffdb");
+        compareTip(textOf(view, "“/a\ufffdb”"), 10, 5, view.notice);
+        compare(all(view, TextLine).filter(text => !text.Accessible.ignored), []);
     }
 
     function test_isReadOut() {
