@@ -57,10 +57,11 @@ ColumnLayout {
     }
 
     TextLine {
+        Accessible.name: group.description
         Layout.fillWidth: true
         color: Theme.dark.secondary
         font: Theme.caption
-        text: group.description
+        text: WordWrap.broken(group.description, font, width)
         wrapMode: Text.Wrap
     }
 }
