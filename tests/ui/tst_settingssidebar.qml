@@ -359,6 +359,21 @@ ViewTest {
         tryCompare(ground, "color", atRest);
     }
 
+    function test_theSwitchAnswersThePointer() {
+        const ground = hardwareSwitch().indicator;
+        for (const [is, becomes] of [["accentFill", "track"], ["track", "accentFill"]]) {
+            compare(ground.color, Theme.dark[is]);
+            mouseMove(hardwareSwitch(), 20, 10);
+            tryCompare(ground, "color", Theme.dark[is + "Hovered"]);
+            mousePress(hardwareSwitch(), 20, 10);
+            compare(ground.color, Theme.dark[is + "Pressed"]);
+            mouseRelease(hardwareSwitch(), 20, 10);
+            tryCompare(ground, "color", Theme.dark[becomes + "Hovered"]);
+            restPointer();
+            tryCompare(ground, "color", Theme.dark[becomes]);
+        }
+    }
+
     /// That the control shows the keyboard, but not the mouse, where it is.
     function verifyRing(control) {
         control.focus = false;

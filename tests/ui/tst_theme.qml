@@ -106,6 +106,7 @@ ViewTest {
         return [
             {"tag": "bordered", "grounds": ["control", "controlHovered", "controlPressed"]},
             {"tag": "prominent", "grounds": ["accentFill", "accentFillHovered", "accentFillPressed"]},
+            {"tag": "track", "grounds": ["track", "trackHovered", "trackPressed"]},
             {"tag": "without a bezel", "grounds": ["window", "rowHovered", "rowPressed"]},
         ];
     }

@@ -38,7 +38,14 @@ T.Switch {
 
     indicator: Rectangle {
         anchors.verticalCenter: parent.verticalCenter
-        color: control.checked ? control.Scheme.colors.accentFill : control.Scheme.colors.track
+        color: {
+            const colors = control.Scheme.colors;
+            if (control.checked)
+                return control.down ? colors.accentFillPressed
+                     : control.hovered ? colors.accentFillHovered : colors.accentFill;
+            return control.down ? colors.trackPressed
+                 : control.hovered ? colors.trackHovered : colors.track;
+        }
         implicitHeight: 20
         implicitWidth: 34
         radius: height / 2

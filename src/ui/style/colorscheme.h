@@ -41,6 +41,8 @@ class ColorScheme : public QObject
     Q_PROPERTY(QColor controlBorder MEMBER controlBorder NOTIFY changed REQUIRED)
     /// What of a bar or a switch is not filled.
     Q_PROPERTY(QColor track MEMBER track NOTIFY changed REQUIRED)
+    Q_PROPERTY(QColor trackHovered MEMBER trackHovered NOTIFY changed REQUIRED)
+    Q_PROPERTY(QColor trackPressed MEMBER trackPressed NOTIFY changed REQUIRED)
     Q_PROPERTY(QColor popup MEMBER popup NOTIFY changed REQUIRED)
     Q_PROPERTY(QColor popupBorder MEMBER popupBorder NOTIFY changed REQUIRED)
     Q_PROPERTY(QColor rowHovered MEMBER rowHovered NOTIFY changed REQUIRED)
@@ -53,7 +55,8 @@ public:
 
     QColor paletteWindow, ownWindow, text, secondary, tertiary, secondarySymbol, separator, accent,
         green, red, accentFill, accentFillHovered, accentFillPressed, control, controlHovered,
-        controlPressed, controlBorder, track, popup, popupBorder, rowHovered, rowPressed;
+        controlPressed, controlBorder, track, trackHovered, trackPressed, popup, popupBorder,
+        rowHovered, rowPressed;
 
 Q_SIGNALS:
     void changed();
