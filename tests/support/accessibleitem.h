@@ -49,6 +49,7 @@ public:
         enabled = 8,
         focusable = 11,
         focused = 12,
+        selected = 23,
         sensitive = 24,
         showing = 25,
     };

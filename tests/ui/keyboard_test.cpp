@@ -120,11 +120,16 @@ private Q_SLOTS:
         QVERIFY(window().waitForNo(entry));
         QVERIFY(waitForChoice(u"Audio"_s, u"AAC (compatible)"_s));
 
+        // Each step is told, and so are the box and what is chosen.
         QVERIFY(window().press(key));
-        QVERIFY(window().waitFor(entry));
+        QVERIFY(waitForFocus(u"AAC (compatible)"_s));
+        QVERIFY(waitForChoice(u"Audio"_s, u"AAC (compatible), open"_s));
+        QVERIFY(waitForState(u"AAC (compatible)"_s, State::selected));
         QVERIFY(window().press(u"Down"_s));
+        QVERIFY(waitForFocus(u"Copy source audio"_s));
+        QVERIFY(waitForState(u"Copy source audio"_s, State::selected, false));
         QVERIFY(window().press(key));
-        QVERIFY(window().waitForNo(entry));
+        QVERIFY(waitForFocus(u"Audio"_s));
         QVERIFY(waitForChoice(u"Audio"_s, u"Copy source audio"_s));
     }
 

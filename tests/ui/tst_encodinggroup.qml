@@ -248,15 +248,51 @@ ViewTest {
         compare(Bench.model.goalIndex, EncodingGoal.ConstantQuality);
         keyClick(Qt.Key_Return);
         tryVerify(() => picker().popup.opened);
-        keyClick(Qt.Key_Up);
-        keyClick(Qt.Key_Up);
-        compare(Bench.model.goalIndex, EncodingGoal.ConstantQuality);
         const entries = all(picker().popup.contentItem, DropDownEntry);
-        compare(entries.map(entry => entry.highlighted), [true, false, false]);
+        // What assistive technology speaks is where the keyboard is.
+        const press = (key, index) => {
+            keyClick(key);
+            compare(entries.map(entry => entry.highlighted), entries.map(entry => entry === entries[index]));
+            compare(test.Window.window.activeFocusItem, entries[index]);
+        };
+        for (const [key, index] of [[Qt.Key_Home, 0], [Qt.Key_End, 2], [Qt.Key_Up, 1], [Qt.Key_Up, 0],
+                                    [Qt.Key_Up, 0], [Qt.Key_B, 1], [Qt.Key_Up, 0]])
+            press(key, index);
+        compare(Assistant.description(picker()), "Constant quality, open");
+        compare(entries.map(entry => entry.Accessible.selected), [false, false, true]);
         compare(entries.map(entry => all(entry, Symbol).length), [0, 0, 1]);
+        compare(Bench.model.goalIndex, EncodingGoal.ConstantQuality);
         keyClick(Qt.Key_Return);
         tryVerify(() => !picker().popup.visible);
         compare(Bench.model.goalIndex, EncodingGoal.SameSize);
+        compare(Assistant.description(picker()), "Match source size");
+        verify(picker().activeFocus && picker().visualFocus);
+    }
+
+    function test_anOpenListGivesTheKeyboardBack_data() {
+        return [
+            {"tag": "Escape", "leave": () => keyClick(Qt.Key_Escape), "focused": () => picker()},
+            {"tag": "press of the picker", "leave": () => mouseClick(picker()), "focused": () => picker()},
+            {"tag": "press elsewhere", "leave": () => mouseClick(view, 1, 299), "focused": () => picker()},
+            {"tag": "Tab", "leave": () => keyClick(Qt.Key_Tab), "focused": () => sliders()[0]},
+            {"tag": "another window", "leave": () => verify(Bench.interruptByDialog()), "focused": () => picker()},
+            {"tag": "another codec", "leave": () => {
+                Bench.model.chooseCodec(OutputCodec.Hevc + 1);
+                Bench.model.chooseCodec(OutputCodec.Hevc);
+            }, "focused": () => picker()},
+        ];
+    }
+
+    function test_anOpenListGivesTheKeyboardBack(data) {
+        Bench.model.goalIndex = EncodingGoal.ConstantQuality;
+        show(groups);
+        mouseClick(picker());
+        tryVerify(() => picker().popup.opened);
+        verify(!picker().activeFocus);
+        data.leave();
+        tryVerify(() => !picker().popup.visible);
+        verify(data.focused().activeFocus);
+        verify(!picker().visualFocus);
     }
 
     function test_aHeldKeyOpensTheListOnce_data() {

@@ -17,7 +17,13 @@ T.ComboBox {
         return most;
     }
 
-    Accessible.description: displayText + (enabled ? "" : ", unavailable")
+    /// Whether its list is. The list is not made before it is asked for.
+    property bool isOpen: false
+    /// Whether the box showed that it had the keyboard when that went to the list.
+    property bool hadVisualFocus: false
+
+    // Qt 6.4 tells assistive technology neither state.
+    Accessible.description: displayText + (isOpen ? ", open" : "") + (enabled ? "" : ", unavailable")
     Accessible.name: ""
     focusPolicy: Qt.StrongFocus
     font: Theme.body
@@ -26,6 +32,10 @@ T.ComboBox {
     leftPadding: 10
     opacity: enabled ? 1 : 0.45
     rightPadding: 26
+    onEnabledChanged: {
+        if (isOpen)
+            popup.close();
+    }
     Accessible.onPressAction: {
         if (!Reach.includes(box))
             return;
@@ -57,7 +67,7 @@ T.ComboBox {
         radius: Theme.controlRadius
 
         FocusRing {
-            visible: box.visualFocus
+            visible: box.visualFocus || (box.isOpen && box.hadVisualFocus)
         }
     }
 
@@ -83,6 +93,7 @@ T.ComboBox {
         required property string modelData
         required property int index
 
+        Keys.forwardTo: box
         font: box.font
         highlighted: box.highlightedIndex === index
         isChosen: box.currentIndex === index
@@ -93,6 +104,7 @@ T.ComboBox {
 
     popup: T.Popup {
         bottomPadding: 4
+        focus: true
         implicitHeight: contentItem.implicitHeight + topPadding + bottomPadding
         leftPadding: 4
         rightPadding: 4
@@ -100,15 +112,35 @@ T.ComboBox {
         margins: 4
         width: Math.max(box.width, box.widest + 2 * 4 + 24 + 8) // as an entry needs
         y: box.height + 4
+        onAboutToHide: box.isOpen = false
+        onAboutToShow: {
+            box.hadVisualFocus = box.visualFocus;
+            box.isOpen = true;
+        }
+        onClosed: {
+            const window = box.Window.window;
+            // Unless something else has taken the keyboard.
+            if (window && (!window.activeFocusItem || window.activeFocusItem === window.contentItem))
+                box.forceActiveFocus(Qt.PopupFocusReason);
+            if (box.activeFocus && box.focusReason === Qt.PopupFocusReason && box.hadVisualFocus)
+                box.focusReason = Qt.TabFocusReason;
+        }
 
         background: PopupGround {}
 
         contentItem: ListView {
+            Accessible.name: box.Accessible.name
+            Accessible.role: Accessible.List
             clip: true
             currentIndex: box.highlightedIndex
+            focus: true
             implicitHeight: contentHeight
             interactive: false
             model: box.delegateModel
+            onActiveFocusChanged: {
+                if (!activeFocus && !box.activeFocus)
+                    box.popup.close();
+            }
         }
     }
 }

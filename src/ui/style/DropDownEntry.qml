@@ -12,6 +12,8 @@ T.ItemDelegate {
     property bool isChosen: false
 
     Accessible.name: text
+    Accessible.selectable: true
+    Accessible.selected: isChosen
     implicitHeight: Theme.controlHeight
     leftPadding: 24
     rightPadding: 8
