@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <csignal>
+#include <cstdlib>
 
 using namespace quorvale;
 using namespace quorvale::test;
@@ -85,9 +86,7 @@ private Q_SLOTS:
         const QFileInfo executable(program());
         QVERIFY2(executable.isFile() && executable.isExecutable(), qPrintable(program()));
         QCOMPARE(command.sliced(1), QStringList{u"%F"_s}); // local files, all at once
-        QImageReader icon(inPlace(u"icons/hicolor/scalable/apps/"_s) + file.value("Icon").toString()
-                          + u".svg"_s);
-        QVERIFY2(!icon.read().isNull(), qPrintable(icon.errorString()));
+        verifyIcon(file.value("Icon").toString());
     }
 
     // So that a file manager offers it for these, and for no others.
@@ -163,6 +162,25 @@ private:
     QString place() const { return m_folder.filePath(u"any place"_s); }
     QString inPlace(const QString &path) const { return place() + u"/usr/share/"_s + path; }
     QString program() const { return place() + u"/usr/bin/quorvale"_s; }
+
+    // Of any size, and of the one that icon themes have to have, for those who read no SVG.
+    void verifyIcon(const QString &name) const
+    {
+        const QSize size(48, 48);
+        QImageReader icon(inPlace(u"icons/hicolor/scalable/apps/"_s) + name + u".svg"_s);
+        icon.setScaledSize(size);
+        const QImage drawn = icon.read().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+        QVERIFY2(!drawn.isNull(), qPrintable(icon.errorString()));
+        const QImage ready = QImage(inPlace(u"icons/hicolor/48x48/apps/"_s) + name + u".png"_s)
+                                 .convertToFormat(drawn.format());
+        QCOMPARE(ready.size(), size);
+        int difference = 0; // of all colours of all pixels, each of which has 255 steps
+        for (int y = 0; y < size.height(); ++y) {
+            for (int x = 0; x < 4 * size.width(); ++x)
+                difference += std::abs(drawn.constScanLine(y)[x] - ready.constScanLine(y)[x]);
+        }
+        QVERIFY2(difference < 4 * 48 * 48 * 3, qPrintable(QString::number(difference)));
+    }
 
     QString field(const QString &name) const
     {
