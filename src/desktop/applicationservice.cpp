@@ -33,6 +33,9 @@ QVariantMap ApplicationService::platformDataOfStart()
         if (qEnvironmentVariableIsSet(variable))
             data.insert(key, qEnvironmentVariable(variable));
     }
+    // It is for this start, and not for what is started from here. The other one goes with Qt,
+    // which needs it on X11.
+    qunsetenv("XDG_ACTIVATION_TOKEN");
     return data;
 }
 

@@ -26,8 +26,8 @@ public:
     static constexpr auto path = "/org/quorvale/Quorvale";
 
     /// What the starter of this process gave to it to have its window come to the front, from the
-    /// environment: the platform data of the interface. To be called before there is an
-    /// application, which takes it away.
+    /// environment: the platform data of the interface. To be called once, before there is an
+    /// application, as they are taken away.
     static QVariantMap platformDataOfStart();
 
     /// A call of Open or, for no files, Activate that has to be done within `patience`, or not at

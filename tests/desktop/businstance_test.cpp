@@ -183,6 +183,7 @@ private Q_SLOTS:
         QCOMPARE(ApplicationService::platformDataOfStart(),
                  (QVariantMap{{u"activation-token"_s, u"t"_s},
                               {u"desktop-startup-id"_s, u"s_TIME7"_s}}));
+        QVERIFY(!qEnvironmentVariableIsSet("XDG_ACTIVATION_TOKEN"));
     }
 
 private:

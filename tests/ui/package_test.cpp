@@ -81,6 +81,8 @@ private Q_SLOTS:
         QVERIFY(!file.value("GenericName").toString().isEmpty());
         QVERIFY(!file.value("Comment").toString().isEmpty());
         QCOMPARE(file.value("Terminal").toString(), u"false"_s);
+        // Without it no starter gives out what lets a second start bring the window to the front.
+        QCOMPARE(file.value("StartupNotify").toString(), u"true"_s);
         const QStringList command = file.value("Exec").toString().split(u' ');
         QCOMPARE(program(), place() + u"/usr/bin/"_s + command.value(0));
         const QFileInfo executable(program());
