@@ -8,6 +8,7 @@
 #include "portalfilter.h"
 #include "portalrequest.h"
 
+#include <QDir>
 #include <QGuiApplication>
 #include <QWidget>
 #include <QWindow>
@@ -67,8 +68,8 @@ QVariantMap optionsFor(const OpenPanelRequest &request, const QUrl &folder)
         options.insert(u"directory"_s, true);
     else
         options.insert(u"filters"_s, portalVideoFilters());
-    if (folder.isValid()) // a path in the file system's bytes, with the byte that ends it
-        options.insert(u"current_folder"_s, filePath(folder).append('\0'));
+    // A path in the file system's bytes, with the byte that ends it
+    options.insert(u"current_folder"_s, filePath(folder).append('\0'));
     return options;
 }
 
@@ -85,12 +86,14 @@ std::optional<QList<QUrl>> PortalPanel::run(const OpenPanelRequest &request)
     if (!bus.isConnected())
         return m_otherwise->run(request);
 
+    const QUrl home = QUrl::fromLocalFile(QDir::homePath());
     const QString parent = portalName(activeWindow());
     PortalRequest portal(bus);
     const auto outcome = [&] {
         const ModalStandIn modal;
         return portal.open(isForFolders(request) ? versionWithFolders : firstVersion, parent,
-                           request.title, optionsFor(request, m_lastFolders.value(request.title)));
+                           request.title,
+                           optionsFor(request, m_lastFolders.value(request.title, home)));
     }();
     switch (outcome) {
     case PortalRequest::Outcome::failed:

@@ -17,8 +17,8 @@ namespace quorvale {
 /// Lets the user choose in the desktop's own dialog, which the desktop portal opens, whatever
 /// toolkit the desktop is made of. What the portal does not bring to an end of the user's making
 /// goes to another panel: there is none, it cannot do it or it breaks off. Each panel, told by its
-/// title, opens where the portal wants at first and then beside what was chosen last. Needs a
-/// QApplication.
+/// title, asks to open in the user's home at first and then beside what was chosen last, which
+/// portals heed from the fourth version of their file chooser on. Needs a QApplication.
 class PortalPanel : public OpenPanel
 {
 public:
