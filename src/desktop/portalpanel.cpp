@@ -4,13 +4,13 @@
 #include "portalpanel.h"
 
 #include "activewindow.h"
+#include "inputbarrier.h"
 #include "model/filepath.h"
 #include "portalfilter.h"
 #include "portalrequest.h"
 
 #include <QDir>
 #include <QGuiApplication>
-#include <QWidget>
 #include <QWindow>
 
 #include <utility>
@@ -24,27 +24,6 @@ namespace {
 // The first versions of the portal's file chooser, and of that with folders.
 constexpr uint firstVersion = 1;
 constexpr uint versionWithFolders = 3;
-
-// Keeps the user out of the program's windows, as a modal dialog of the program would: to Qt it is
-// one, but it is never shown.
-class ModalStandIn
-{
-public:
-    ModalStandIn()
-    {
-        m_widget.setAttribute(Qt::WA_DontShowOnScreen);
-        m_widget.setAttribute(Qt::WA_QuitOnClose, false);
-        m_widget.setWindowModality(Qt::ApplicationModal);
-        m_widget.show();
-    }
-    ~ModalStandIn() { m_widget.hide(); }
-
-    ModalStandIn(const ModalStandIn &) = delete;
-    ModalStandIn &operator=(const ModalStandIn &) = delete;
-
-private:
-    QWidget m_widget;
-};
 
 // The window by the name under which portals know it; empty where it has none.
 QString portalName(const QWindow *window)
@@ -90,7 +69,9 @@ std::optional<QList<QUrl>> PortalPanel::run(const OpenPanelRequest &request)
     const QString parent = portalName(activeWindow());
     PortalRequest portal(bus);
     const auto outcome = [&] {
-        const ModalStandIn modal;
+        const InputBarrier barrier;
+        QObject::connect(&barrier, &InputBarrier::pressed, &portal, &PortalRequest::takePress);
+        QObject::connect(&barrier, &InputBarrier::escaped, &portal, &PortalRequest::abandon);
         return portal.open(isForFolders(request) ? versionWithFolders : firstVersion, parent,
                            request.title,
                            optionsFor(request, m_lastFolders.value(request.title, home)));

@@ -16,9 +16,11 @@ namespace quorvale {
 
 /// Lets the user choose in the desktop's own dialog, which the desktop portal opens, whatever
 /// toolkit the desktop is made of. What the portal does not bring to an end of the user's making
-/// goes to another panel: there is none, it cannot do it or it breaks off. Each panel, told by its
-/// title, asks to open in the user's home at first and then beside what was chosen last, which
-/// portals heed from the fourth version of their file chooser on. Needs a QApplication.
+/// goes to another panel: there is none, it cannot do it or it breaks off. The program's windows
+/// are shut meanwhile, but can be closed; PortalRequest says what a press on them does. Each panel,
+/// told by its title, asks to open in the user's home at first and then beside what was chosen
+/// last, which portals heed from the fourth version of their file chooser on. Needs a
+/// QGuiApplication.
 class PortalPanel : public OpenPanel
 {
 public:

@@ -8,6 +8,7 @@
 #include <QDBusServiceWatcher>
 #include <QDBusVariant>
 #include <QGuiApplication>
+#include <QTimer>
 #include <QUuid>
 
 using namespace std::chrono_literals;
@@ -25,6 +26,12 @@ const auto requestInterface = u"org.freedesktop.portal.Request"_s;
 // Long enough for a portal that is started first, short enough for a user who waits for a panel.
 constexpr auto patience = 5s;
 
+// In which an answer comes that was on its way when the user gave up.
+constexpr auto grace = 250ms;
+
+// How often one presses on a window that does not answer until one means it.
+constexpr int insistence = 3;
+
 // What the portal's response says; anything else is that the chooser ended in some other way.
 constexpr uint success = 0;
 constexpr uint cancelledByUser = 1;
@@ -36,6 +43,7 @@ PortalRequest::PortalRequest(const QDBusConnection &bus) : m_bus(bus) {}
 PortalRequest::Outcome PortalRequest::open(uint leastVersion, const QString &parentWindow,
                                            const QString &title, QVariantMap options)
 {
+    m_age.start();
     const QDBusServiceWatcher watcher(service, m_bus, QDBusServiceWatcher::WatchForOwnerChange);
     connect(&watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
             [this](const QString &, const QString &oldOwner) {
@@ -57,6 +65,7 @@ PortalRequest::Outcome PortalRequest::open(uint leastVersion, const QString &par
     auto openFile =
         QDBusMessage::createMethodCall(service, objectPath, chooserInterface, u"OpenFile"_s);
     openFile << parentWindow << title << options;
+    m_isKeptAbove = !parentWindow.isEmpty();
     ask(getVersion, patience,
         [this, leastVersion, openFile](const QDBusPendingReply<QDBusVariant> &reply) {
             if (!reply.isValid() || reply.value().variant().toUInt() < leastVersion)
@@ -78,6 +87,19 @@ PortalRequest::Outcome PortalRequest::open(uint leastVersion, const QString &par
         m_bus.send(close);
     }
     return m_outcome;
+}
+
+void PortalRequest::takePress()
+{
+    // Not yet when the user presses twice for a chooser that is about to come.
+    if ((m_wasLeft || m_age.hasExpired(patience / 1ms))
+        && (++m_presses == insistence || !m_isKeptAbove))
+        abandon();
+}
+
+void PortalRequest::abandon()
+{
+    QTimer::singleShot(grace, this, [this] { end(Outcome::cancelled); });
 }
 
 void PortalRequest::ask(const QDBusMessage &question, std::chrono::milliseconds patience,

@@ -6,6 +6,7 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCall>
+#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QList>
 #include <QObject>
@@ -26,7 +27,8 @@ class PortalRequest : public QObject
 public:
     enum class Outcome {
         chosen,
-        cancelled, ///< by the user, who may just close the window, or by the end of the program
+        cancelled, ///< by the user, who may just close the window or leave it, or by the end of the
+                   ///< program
         failed     ///< there is no such portal, or it ended without an answer of the user's
     };
 
@@ -37,6 +39,14 @@ public:
     /// none. Once for each object.
     Outcome open(uint leastVersion, const QString &parentWindow, const QString &title,
                  QVariantMap options);
+
+    /// The user presses on a window of the program meanwhile, where the chooser may be behind it.
+    /// That closes a chooser without a parent window; above one, where the desktop keeps it, the
+    /// user has to insist.
+    void takePress();
+
+    /// Closes the chooser soon, unless an answer of the user's comes first.
+    void abandon();
 
     /// What was chosen, in the chooser's order.
     const QList<QUrl> &urls() const { return m_urls; }
@@ -53,9 +63,12 @@ private:
     void end(Outcome outcome);
 
     QDBusConnection m_bus;
+    QElapsedTimer m_age;
     QEventLoop m_loop;
     QString m_handle; // the path of the request on the bus
     bool m_mayBeOpen = false;
+    bool m_isKeptAbove = false; // above its parent window, by the desktop
+    int m_presses = 0;
     bool m_wasLeft = false; // the program, for another window
     bool m_isOver = false;
     Outcome m_outcome = Outcome::cancelled;

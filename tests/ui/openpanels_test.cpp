@@ -115,6 +115,10 @@ private Q_SLOTS:
             window().waitFor(AccessibleItem::named(Role::button, u"Save to "_s + m_folder.path())));
         QTRY_COMPARE_WITH_TIMEOUT(portal.calls(u"OpenFile"_s).size(), 2, patience);
         QCOMPARE(window().application().children().size(), 1);
+        // They belong to the window.
+        const QString parent = u"x11:"_s + QString::number(window().window().toUInt(), 16);
+        for (const QVariantList &call : portal.calls(u"OpenFile"_s))
+            QCOMPARE(call.value(0).toString(), parent);
     }
 
     void nothingOpensBesideThePortalsChooser()
@@ -124,12 +128,17 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(portal.calls(u"OpenFile"_s).size(), 1, patience);
         QVERIFY(window().press(u"ctrl+o"_s));
         QVERIFY(window().press(u"ctrl+shift+o"_s));
-        // The menu, which may open, comes after what those would have opened.
+        QVERIFY(window().act(u"Press"_s, Role::radioButton, u"H.265 (HEVC)"_s));
+        // The menu, which may open, comes after what those would have done.
         QVERIFY(window().press(u"F10"_s));
         QVERIFY(window().waitFor(AccessibleItem::named(Role::menuItem, u"Quit"_s)));
         for (const QString &title : {videoPanel, folderPanel})
             QVERIFY(m_desktop.display().windows(title).isEmpty());
         QVERIFY(window().press(u"Escape"_s));
+        QVERIFY(window().waitFor([](const AccessibleItem &item) {
+            return AccessibleItem::named(Role::radioButton, u"H.264"_s)(item)
+                   && item.is(AccessibleItem::State::checked);
+        }));
 
         const QString folder = QUrl::fromLocalFile(m_folder.path()).toString(QUrl::FullyEncoded);
         portal.perform({StandInPortal::respond(StandInPortal::success, {folder})});
@@ -172,6 +181,29 @@ private Q_SLOTS:
         QVERIFY(window().act(u"Press"_s, Role::button, u"Folder"_s));
         QTRY_COMPARE_WITH_TIMEOUT(portal.calls(u"OpenFile"_s).size(), 2, patience);
         QVERIFY(m_desktop.display().windows(folderPanel).isEmpty());
+    }
+
+    void pressesOnTheWindowCloseAChooserThatNobodySees()
+    {
+        StandInPortal portal(m_desktop.session());
+        QVERIFY(window().press(u"ctrl+o"_s));
+        QTRY_COMPARE_WITH_TIMEOUT(portal.calls(u"OpenFile"_s).size(), 1, patience);
+        const auto middle = AccessibleItem::named(Role::frame, u"Quorvale"_s);
+        QTRY_VERIFY_WITH_TIMEOUT(window().click(middle) && !portal.calls(u"Close"_s).isEmpty(),
+                                 patience);
+        QVERIFY(window().press(u"ctrl+o"_s));
+        QTRY_COMPARE_WITH_TIMEOUT(portal.calls(u"OpenFile"_s).size(), 2, patience);
+        QVERIFY(m_desktop.display().windows(videoPanel).isEmpty());
+    }
+
+    void theWindowClosesAndWithItThePortalsChooser()
+    {
+        StandInPortal portal(m_desktop.session());
+        QVERIFY(window().press(u"ctrl+o"_s));
+        QTRY_COMPARE_WITH_TIMEOUT(portal.calls(u"OpenFile"_s).size(), 1, patience);
+        QVERIFY(window().close());
+        QCOMPARE(m_bench->run().waitForEnd(), std::optional(0));
+        QTRY_COMPARE_WITH_TIMEOUT(portal.calls(u"Close"_s).size(), 1, patience);
     }
 
     void theShortcutOfANewWindowDoesNothing()

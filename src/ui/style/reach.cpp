@@ -3,6 +3,8 @@
 
 #include "reach.h"
 
+#include "desktop/inputbarrier.h"
+
 #include <QGuiApplication>
 #include <QQuickWindow>
 
@@ -36,7 +38,7 @@ bool Reach::includes(const QQuickItem *item)
     if (!item || !item->window() || !item->isEnabled() || !item->isVisible())
         return false;
     const QWindow *dialog = QGuiApplication::modalWindow();
-    return (!dialog || dialog == item->window()) && !isBehindPopup(item);
+    return (!dialog || dialog == item->window()) && !InputBarrier::isUp() && !isBehindPopup(item);
 }
 
 } // namespace quorvale
