@@ -4,14 +4,13 @@
 #include "portalpanel.h"
 
 #include "activewindow.h"
+#include "exportedwindow.h"
 #include "inputbarrier.h"
 #include "model/filepath.h"
 #include "portalfilter.h"
 #include "portalrequest.h"
 
 #include <QDir>
-#include <QGuiApplication>
-#include <QWindow>
 
 #include <utility>
 
@@ -24,14 +23,6 @@ namespace {
 // The first versions of the portal's file chooser, and of that with folders.
 constexpr uint firstVersion = 1;
 constexpr uint versionWithFolders = 3;
-
-// The window by the name under which portals know it; empty where it has none.
-QString portalName(const QWindow *window)
-{
-    if (!window || QGuiApplication::platformName() != u"xcb"_s)
-        return {};
-    return u"x11:"_s + QString::number(window->winId(), 16);
-}
 
 bool isForFolders(const OpenPanelRequest &request)
 {
@@ -66,13 +57,13 @@ std::optional<QList<QUrl>> PortalPanel::run(const OpenPanelRequest &request)
         return m_otherwise->run(request);
 
     const QUrl home = QUrl::fromLocalFile(QDir::homePath());
-    const QString parent = portalName(activeWindow());
+    const ExportedWindow parent(activeWindow());
     PortalRequest portal(bus);
     const auto outcome = [&] {
         const InputBarrier barrier;
         QObject::connect(&barrier, &InputBarrier::pressed, &portal, &PortalRequest::takePress);
         QObject::connect(&barrier, &InputBarrier::escaped, &portal, &PortalRequest::abandon);
-        return portal.open(isForFolders(request) ? versionWithFolders : firstVersion, parent,
+        return portal.open(isForFolders(request) ? versionWithFolders : firstVersion, parent.name(),
                            request.title,
                            optionsFor(request, m_lastFolders.value(request.title, home)));
     }();

@@ -40,7 +40,7 @@ constexpr uint cancelledByUser = 1;
 
 PortalRequest::PortalRequest(const QDBusConnection &bus) : m_bus(bus) {}
 
-PortalRequest::Outcome PortalRequest::open(uint leastVersion, const QString &parentWindow,
+PortalRequest::Outcome PortalRequest::open(uint leastVersion, QFuture<QString> parentWindow,
                                            const QString &title, QVariantMap options)
 {
     m_age.start();
@@ -62,17 +62,21 @@ PortalRequest::Outcome PortalRequest::open(uint leastVersion, const QString &par
     auto getVersion = QDBusMessage::createMethodCall(
         service, objectPath, u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
     getVersion << chooserInterface << u"version"_s;
-    auto openFile =
-        QDBusMessage::createMethodCall(service, objectPath, chooserInterface, u"OpenFile"_s);
-    openFile << parentWindow << title << options;
-    m_isKeptAbove = !parentWindow.isEmpty();
-    ask(getVersion, patience,
-        [this, leastVersion, openFile](const QDBusPendingReply<QDBusVariant> &reply) {
-            if (!reply.isValid() || reply.value().variant().toUInt() < leastVersion)
-                return giveUp();
-            m_mayBeOpen = true;
-            ask(openFile, 25s, [this](const QDBusPendingCall &answer) { takeHandle(answer); });
-        });
+    const auto openFile = [this, title, options](const QString &parent) {
+        if (m_isOver)
+            return;
+        auto call =
+            QDBusMessage::createMethodCall(service, objectPath, chooserInterface, u"OpenFile"_s);
+        call << parent << title << options;
+        m_mayBeOpen = true;
+        m_isKeptAbove = !parent.isEmpty();
+        ask(call, 25s, [this](const QDBusPendingCall &answer) { takeHandle(answer); });
+    };
+    ask(getVersion, patience, [=, this](const QDBusPendingReply<QDBusVariant> &reply) mutable {
+        if (!reply.isValid() || reply.value().variant().toUInt() < leastVersion)
+            return giveUp();
+        parentWindow.then(this, openFile);
+    });
     connect(qGuiApp, &QGuiApplication::applicationStateChanged, this,
             [this](Qt::ApplicationState state) {
                 m_wasLeft = m_wasLeft || state != Qt::ApplicationActive;

@@ -8,6 +8,7 @@
 #include <QDBusPendingCall>
 #include <QElapsedTimer>
 #include <QEventLoop>
+#include <QFuture>
 #include <QList>
 #include <QObject>
 #include <QUrl>
@@ -34,10 +35,10 @@ public:
 
     explicit PortalRequest(const QDBusConnection &bus);
 
-    /// Opens the file chooser with the options of OpenFile and waits until it is closed. A portal
-    /// that does not run yet is started; one whose file chooser is older than `leastVersion` is
-    /// none. Once for each object.
-    Outcome open(uint leastVersion, const QString &parentWindow, const QString &title,
+    /// Opens the file chooser with the options of OpenFile, as soon as the name of its parent
+    /// window is there, and waits until it is closed. A portal that does not run yet is started;
+    /// one whose file chooser is older than `leastVersion` is none. Once for each object.
+    Outcome open(uint leastVersion, QFuture<QString> parentWindow, const QString &title,
                  QVariantMap options);
 
     /// The user presses on a window of the program meanwhile, where the chooser may be behind it.

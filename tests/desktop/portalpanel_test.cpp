@@ -469,7 +469,8 @@ private Q_SLOTS:
                 request.takePress();
             });
         });
-        QCOMPARE(request.open(1, u"x11:7"_s, videos.title, {}), PortalRequest::Outcome::cancelled);
+        QCOMPARE(request.open(1, QtFuture::makeReadyFuture(u"x11:7"_s), videos.title, {}),
+                 PortalRequest::Outcome::cancelled);
         QVERIFY(insists);
         QTRY_COMPARE_WITH_TIMEOUT(m_portal->calls(u"Close"_s).size(), 1, patience);
     }

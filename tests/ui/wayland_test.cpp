@@ -96,6 +96,27 @@ private Q_SLOTS:
         QVERIFY(m_run->standardError().contains(".set_buffer_scale(2)"));
     }
 
+    // By a name that the compositor gives it for as long as the chooser is open. The window can be
+    // closed meanwhile.
+    void aChooserBelongsToIt()
+    {
+        StandInPortal portal(m_desktop.session());
+        m_run->set(u"WAYLAND_DEBUG"_s, u"client"_s);
+        QVERIFY(start());
+        QVERIFY(m_desktop.display().xdotool({u"key"_s, u"ctrl+o"_s}));
+        QTRY_COMPARE_WITH_TIMEOUT(portal.calls(u"OpenFile"_s).size(), 1, patience);
+        const QString name = portal.calls(u"OpenFile"_s)[0].value(0).toString();
+        QVERIFY2(name.startsWith("wayland:"_L1), qPrintable(name));
+        const QByteArray begin = "handle(\"" + name.mid(8).toUtf8() + "\")";
+        QTRY_VERIFY_WITH_TIMEOUT(m_run->standardError().contains(begin), patience);
+        const QByteArray end = "-> zxdg_exported_v2@";
+        QVERIFY(!m_run->standardError().contains(end));
+        QVERIFY(m_display.command(u"[title=\"^Quorvale$\"] kill"_s));
+        QCOMPARE(m_run->waitForEnd(), std::optional(0));
+        QTRY_COMPARE_WITH_TIMEOUT(portal.calls(u"Close"_s).size(), 1, patience);
+        QVERIFY(m_run->standardError().contains(end));
+    }
+
 private:
     bool start()
     {
