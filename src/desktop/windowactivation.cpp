@@ -106,20 +106,33 @@ bool bringToFrontOnX11(const QWindow & /*window*/, const QString & /*startupId*/
 
 #endif
 
+const auto startupIdKey = u"desktop-startup-id"_s;
+
+void activate(QWindow &window, const QVariantMap &platformData)
+{
+    // From here Qt 6.4 takes the token that it shows to a Wayland compositor, and nowhere else.
+    const char *variable = "XDG_ACTIVATION_TOKEN";
+    const QVariant token =
+        platformData.value(u"activation-token"_s, platformData.value(startupIdKey));
+    qputenv(variable, token.toString().toUtf8());
+    window.requestActivate();
+    qunsetenv(variable);
+}
+
 } // namespace
 
 void bringToFront(QWindow &window, const QVariantMap &platformData)
 {
     window.setWindowStates(window.windowStates() & ~Qt::WindowMinimized);
     window.raise();
-    const QString startupId = platformData.value(u"desktop-startup-id"_s).toString();
-    if (bringToFrontOnX11(window, startupId))
-        return;
-    // From here Qt 6.4 takes the token that it shows to a Wayland compositor, and nowhere else.
-    const char *variable = "XDG_ACTIVATION_TOKEN";
-    qputenv(variable, platformData.value(u"activation-token"_s, startupId).toString().toUtf8());
-    window.requestActivate();
-    qunsetenv(variable);
+    if (!bringToFrontOnX11(window, platformData.value(startupIdKey).toString()))
+        activate(window, platformData);
+}
+
+void claimStart(QWindow &window, const QVariantMap &platformData)
+{
+    if (!platformData.isEmpty() && QGuiApplication::platformName() != u"xcb"_s)
+        activate(window, platformData);
 }
 
 } // namespace quorvale

@@ -16,4 +16,9 @@ namespace quorvale {
 /// window asks for attention. Main thread.
 void bringToFront(QWindow &window, const QVariantMap &platformData);
 
+/// Says to the desktop that the window is what the user has started this process for, with what
+/// `platformData` has from the starter, so that it waits for no window any longer. On X11 Qt says
+/// it. Main thread.
+void claimStart(QWindow &window, const QVariantMap &platformData);
+
 } // namespace quorvale

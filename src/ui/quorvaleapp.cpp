@@ -39,13 +39,14 @@ QuorvaleApp::Start QuorvaleApp::open(const QList<QUrl> &files, const QVariantMap
     QObject::connect(m_instance.get(), &Instance::handedOver, m_model.get(),
                      [this](const QList<QUrl> &others, const QVariantMap &itsPlatformData) {
                          queue(others);
-                         bringToFront(itsPlatformData);
+                         if (QWindow *own = window())
+                             bringToFront(*own, itsPlatformData);
                      });
     QObject::connect(qApp, &QGuiApplication::lastWindowClosed, m_instance.get(), &Instance::leave);
     // The larger part of the start, at the same time: a thread of the engine's reads the QML,
     // another one looks for the fonts of the system, and then this one for the window's.
-    const QUrl window(u"qrc:/qt/qml/Quorvale/MainWindow.qml"_s);
-    const QQmlComponent reading(&m_engine, window, QQmlComponent::Asynchronous);
+    const QUrl source(u"qrc:/qt/qml/Quorvale/MainWindow.qml"_s);
+    const QQmlComponent reading(&m_engine, source, QQmlComponent::Asynchronous);
     QThreadPool::globalInstance()->start([] {
         QFontDatabase::families();
         QMetaObject::invokeMethod(qApp, &TextStyles::lookUp);
@@ -66,9 +67,10 @@ QuorvaleApp::Start QuorvaleApp::open(const QList<QUrl> &files, const QVariantMap
         return Start::elsewhere;
     m_companion = accompany(*m_model);
     queue(files);
-    m_engine.load(window);
+    m_engine.load(source);
     if (m_engine.rootObjects().isEmpty())
         return Start::failed;
+    claimStart(*window(), platformData);
     return Start::window;
 }
 
@@ -78,12 +80,9 @@ void QuorvaleApp::queue(const QList<QUrl> &files)
         m_model->search(files);
 }
 
-void QuorvaleApp::bringToFront(const QVariantMap &platformData)
+QWindow *QuorvaleApp::window() const
 {
-    for (QObject *root : m_engine.rootObjects()) {
-        if (auto *window = qobject_cast<QWindow *>(root))
-            quorvale::bringToFront(*window, platformData);
-    }
+    return qobject_cast<QWindow *>(m_engine.rootObjects().value(0));
 }
 
 bool QuorvaleApp::isBusy() const

@@ -11,6 +11,8 @@
 #include <chrono>
 #include <memory>
 
+class QWindow;
+
 namespace quorvale {
 
 class ConverterViewModel;
@@ -41,7 +43,7 @@ public:
 
 private:
     void queue(const QList<QUrl> &files);
-    void bringToFront(const QVariantMap &platformData);
+    QWindow *window() const; // null as long as there is none
 
     std::shared_ptr<ConverterViewModel> m_model;
     QQmlApplicationEngine m_engine;

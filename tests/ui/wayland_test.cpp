@@ -96,6 +96,23 @@ private Q_SLOTS:
         QVERIFY(m_run->standardError().contains(".set_buffer_scale(2)"));
     }
 
+    // By the token of the start, under either name, so that the desktop does not wait for it.
+    void isWhatTheUserHasStarted_data()
+    {
+        QTest::addColumn<QString>("variable");
+        QTest::newRow("of the desktop") << u"XDG_ACTIVATION_TOKEN"_s;
+        QTest::newRow("of older ones") << u"DESKTOP_STARTUP_ID"_s;
+    }
+    void isWhatTheUserHasStarted()
+    {
+        QFETCH(const QString, variable);
+        m_run->set(variable, u"of-this-start"_s);
+        m_run->set(u"WAYLAND_DEBUG"_s, u"client"_s);
+        QVERIFY(start());
+        QTRY_VERIFY_WITH_TIMEOUT(
+            m_run->standardError().contains(".activate(\"of-this-start\", wl_surface@"), patience);
+    }
+
     // By a name that the compositor gives it for as long as the chooser is open. The window can be
     // closed meanwhile.
     void aChooserBelongsToIt()
