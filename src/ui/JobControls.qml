@@ -26,7 +26,6 @@ RowLayout {
         id: again
 
         focusPolicy: controls.focusPolicyOf(again)
-        help: "Queue this video again"
         symbol: Symbol.ArrowClockwiseCircleFill
         symbolColor: Theme.current.green
         symbolSize: Theme.scaled(18)
@@ -77,7 +76,6 @@ RowLayout {
         id: remove
 
         focusPolicy: controls.focusPolicyOf(remove)
-        help: "Remove from queue"
         symbol: Symbol.XmarkCircleFill
         symbolColor: Theme.current.secondarySymbol
         symbolOpacity: 0.7

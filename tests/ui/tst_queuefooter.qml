@@ -264,6 +264,7 @@ ViewTest {
         compare(texts(revealButtons()[0]), []);
         compare(Bench.revealedFolders, []);
         settle();
+        compareTip(revealButtons()[0], 12, 12, "Show output folder");
         mouseClick(revealButtons()[0]);
         compare(Bench.revealedFolders, ["/out"]);
         revealButtons()[0].forceActiveFocus(Qt.TabFocusReason);

@@ -5,9 +5,9 @@ import QtQuick
 import QtQuick.Layouts
 import Quorvale.Style
 
-// A plain button that is one symbol. Its text is what a screen reader says, its help what the
-// pointer brings up. It can be pressed beyond the symbol, in Theme.target at least, but in a layout
-// it takes the symbol's room only.
+// A plain button that is one symbol. Its text is what a screen reader says and the pointer brings
+// up. It can be pressed beyond the symbol, in Theme.target at least, but in a layout it takes the
+// symbol's room only.
 PlainButton {
     id: button
 
@@ -18,8 +18,6 @@ PlainButton {
     property color symbolColor: Scheme.colors.text
     /// While the pointer is elsewhere.
     property real symbolOpacity: 1
-    /// The tooltip; empty for none.
-    property string help: ""
     /// How far beyond the symbol it can be pressed; to be divided otherwise where another is close.
     property real leftReach: verticalReach
     property real rightReach: verticalReach
@@ -47,6 +45,6 @@ PlainButton {
     }
 
     HoverTip {
-        text: button.help
+        text: button.text
     }
 }
