@@ -77,10 +77,17 @@ ListView {
     clip: true
     highlightMoveDuration: 0 // to the end of a long queue at once, too
     leftMargin: 16
-    model: converter.jobs
+    model: null
     reuseItems: true
     rightMargin: 16
     topMargin: 6
+
+    // Once there is room for rows. Without any, the view makes none and puts the second that comes
+    // where the first belongs, which is then above the list's beginning.
+    onHeightChanged: {
+        if (height > 0)
+            model = converter.jobs;
+    }
 
     Keys.onPressed: event => {
         const page = Math.max(1, Math.floor(height / contentHeight * count));

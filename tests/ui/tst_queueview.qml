@@ -82,6 +82,54 @@ ViewTest {
         }
     }
 
+    function test_aNewListShowsItsBeginning_data() {
+        const data = [];
+        for (const points of [9, 11, 13, 16]) {
+            for (const count of [1, 8, 9, 200])
+                data.push({"tag": `${count} at ${points} points`, "count": count, "points": points});
+        }
+        return data;
+    }
+
+    // Of files that are dropped, which come one by one, and whatever becomes of them.
+    function test_aNewListShowsItsBeginning(data) {
+        Bench.setFont("DejaVu Sans", data.points);
+        show(views);
+        Bench.queue(Array.from({"length": data.count}, (_, i) => `clip${i}.mov`));
+        const verifyBeginning = what => {
+            settle();
+            const list = one(view, JobListView);
+            verify(list.itemAtIndex(0), what);
+            compare(area(list.itemAtIndex(0), list).y, 6, what);
+            compare(list.contentY, list.originY - list.topMargin, what);
+        };
+        verifyBeginning("dropped");
+        Bench.chooseRealDestination();
+        Bench.willStayAt([0.5]);
+        verify(Bench.convert());
+        verifyBeginning("converting");
+        Bench.willFail("No space left\non device");
+        Bench.willBeCancelled();
+        verify(Bench.goOn());
+        verifyBeginning("converted");
+        Bench.queue(["more.mov", "more.mkv", "more.mp4"]);
+        verifyBeginning("more");
+        Bench.model.requeue(one(view, JobListView).itemAtIndex(0).job.id);
+        verifyBeginning("queued again");
+        Bench.completeEverySecond();
+        verifyBeginning("completed");
+        Bench.model.clearCompleted();
+        verifyBeginning("cleared");
+        Bench.model.remove(one(view, JobListView).itemAtIndex(0).job.id);
+        verifyBeginning("removed");
+        for (const height of [480, 900, 640]) {
+            view.height = height;
+            verifyBeginning("resized");
+        }
+        Bench.queue(Array.from({"length": 9}, (_, i) => `again${i}.mov`));
+        verifyBeginning("dropped again");
+    }
+
     function test_scrolledRowsStayInTheirPart() {
         Bench.queueMany(50);
         show(views);
