@@ -33,10 +33,13 @@ Item {
         anchors.rightMargin: 26
         anchors.topMargin: 27
         columnSpacing: Theme.spacing
-        // The buttons below the title where large texts leave no room beside it. Counts are rather
-        // shortened, so that nothing jumps as they grow.
-        columns: Math.max(title.implicitWidth, header.model.jobCount === 0 ? hint.implicitWidth : 0)
-                 + columnSpacing + buttons.implicitWidth <= width ? 2 : 1
+        // The buttons below the title where large texts leave no room beside it. So that nothing jumps,
+        // counts are rather shortened as they grow, and room is kept for the button that comes and
+        // goes.
+        columns: Math.max(title.implicitWidth + clearButton.implicitWidth + buttons.spacing,
+                          header.model.jobCount === 0 ? hint.implicitWidth : 0)
+                 + columnSpacing + folderButton.implicitWidth + buttons.spacing
+                 + addButton.implicitWidth <= width ? 2 : 1
         rowSpacing: 12
 
         ColumnLayout {
@@ -68,6 +71,7 @@ Item {
         RowLayout {
             id: buttons
 
+            Layout.alignment: Qt.AlignRight
             spacing: Theme.spacing
 
             BorderlessButton {
@@ -91,6 +95,8 @@ Item {
             }
 
             ProminentButton {
+                id: addButton
+
                 symbol: Symbol.Plus
                 text: "Add Videos"
                 onClicked: Qt.callLater(header.model.chooseFiles) // qmllint disable

@@ -235,6 +235,35 @@ ViewTest {
         compare(area(add).x + add.width, 649 - 26);
     }
 
+    function test_clearCompletedMovesNothing_data() {
+        const data = [];
+        for (const family of ["Noto Sans", "DejaVu Sans", "Cantarell", "Inter"]) {
+            for (const points of [9, 10, 11, 12, 13, 14, 16])
+                data.push({"tag": `${family} ${points}`, "family": family, "points": points});
+        }
+        return data;
+    }
+
+    // Neither as it comes nor as it goes.
+    function test_clearCompletedMovesNothing(data) {
+        Bench.setFont(data.family, data.points);
+        Bench.queue(["a.mp4", "b.mp4"]);
+        show(headers);
+        const shown = all(view, Text).concat(button("Folder"), button("Add Videos"));
+        const places = () => [view.height].concat(shown.map(item => area(item).x), shown.map(middle));
+        const before = places();
+        Bench.completeEverySecond();
+        settle();
+        compare(places(), before);
+        const clear = clearButtons()[0];
+        verify(area(clear).x >= 26 && gapBeside(clear, button("Folder")) === 8);
+        compare(all(view, Text, text => text.truncated), []);
+        Bench.model.clearCompleted();
+        settle();
+        compare(clearButtons(), []);
+        compare(places(), before);
+    }
+
     function test_styles() {
         Bench.queue(["a.mp4"]);
         Bench.chooseRealDestination();
