@@ -15,15 +15,42 @@ ColumnLayout {
 
     spacing: 6
 
+    // Of the texts' own fonts. Letters and pictures that another one has to step in for make no row
+    // higher, nor do they move the line that the others stand on.
+    FontMetrics {
+        id: nameMetrics
+
+        font: Theme.bodyMedium
+    }
+
+    FontMetrics {
+        id: statusMetrics
+
+        font: Theme.subheadline
+    }
+
+    FontMetrics {
+        id: failureMetrics
+
+        font: Theme.caption2
+    }
+
     ElidedLine {
+        id: nameLine
+
         Accessible.ignored: true
         Layout.fillWidth: true
+        Layout.preferredHeight: Math.ceil(nameMetrics.height)
         color: Theme.current.text
         elide: Text.ElideMiddle
-        font: Theme.bodyMedium
+        font: nameMetrics.font
         maximumLineCount: 1
         text: column.job.legibleFileName
         whole: column.job.fileName
+
+        transform: Translate {
+            y: Math.round(nameMetrics.ascent - nameLine.baselineOffset)
+        }
     }
 
     RowLayout {
@@ -31,14 +58,21 @@ ColumnLayout {
         spacing: 8
 
         TextLine {
+            id: folderLine
+
             Accessible.ignored: true
             Layout.fillWidth: true
             Layout.maximumWidth: Math.ceil(implicitWidth)
+            Layout.preferredHeight: Math.ceil(statusMetrics.height)
             color: Theme.current.secondary
             elide: Text.ElideMiddle
-            font: Theme.subheadline
+            font: statusMetrics.font
             maximumLineCount: 1
             text: column.job.legibleFolderName
+
+            transform: Translate {
+                y: Math.round(statusMetrics.ascent - folderLine.baselineOffset)
+            }
 
             HoverTip {
                 text: column.job.sourcePath
@@ -78,7 +112,9 @@ ColumnLayout {
         Layout.fillWidth: true
         color: Theme.current.red
         elide: Text.ElideRight
-        font: Theme.caption2
+        font: failureMetrics.font
+        lineHeight: Math.ceil(failureMetrics.height)
+        lineHeightMode: Text.FixedHeight
         maximumLineCount: 2
         text: column.job.legibleFailureReason
         visible: column.job.hasFailed

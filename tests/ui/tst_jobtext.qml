@@ -110,6 +110,49 @@ ViewTest {
         compare(row().Accessible.description, data.name + ", Ready");
     }
 
+    function test_aRowIsAsHighWhateverItsNamesAreWrittenIn_data() {
+        const data = [];
+        for (const family of ["DejaVu Sans", "Cantarell"]) {
+            for (const points of [9, 11, 13, 16])
+                data.push({"tag": `${family} ${points}`, "family": family, "points": points});
+        }
+        return data;
+    }
+
+    /// What the letters of the row's line stand on, from the row's top.
+    function baselineOf(row, line) {
+        const text = all(row, Text)[line];
+        return area(text, row).y + text.baselineOffset;
+    }
+
+    // Though other fonts step in whose letters and pictures are higher.
+    function test_aRowIsAsHighWhateverItsNamesAreWrittenIn(data) {
+        Bench.setFont(data.family, data.points);
+        const written = ["clip", "\u0e01\u0e34\u0e49\u0e21", "\u0f40\u0fb1\u0f74", "\u{1f3ac}"]; // Thai, Tibetan, a picture
+        Bench.queue(written.map(name => `/in/${name}/${name}.mkv`));
+        show(lists);
+        Bench.chooseRealDestination();
+        for (const name of written)
+            Bench.willFail(name + "\nNo.");
+        const rows = all(view, JobRow);
+        const verifyHeights = () => {
+            settle();
+            for (let i = 1; i < rows.length; ++i) {
+                const higher = all(rows[i], Text).filter((text, line) => text.contentHeight > all(rows[0], Text)[line].contentHeight);
+                verify(higher.length >= 2, "a higher font for " + written[i]);
+                compare(rows[i].height, rows[0].height);
+                for (const line of [0, 1])
+                    fuzzyCompare(baselineOf(rows[i], line), baselineOf(rows[0], line), 0.51);
+            }
+            // What ordinary names need, and no less.
+            for (const text of all(rows[0], Text))
+                verify(text.contentHeight <= text.height && text.height < text.contentHeight + 1, text.text);
+        };
+        verifyHeights();
+        verify(Bench.convert());
+        verifyHeights();
+    }
+
     function test_longFolderLeavesRoomForTheState() {
         const folder = "f".repeat(240);
         Bench.queue(["/in/" + folder + "/clip.mkv"]);
