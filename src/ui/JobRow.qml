@@ -57,6 +57,7 @@ Item {
         border.color: Theme.current.popupBorder
         border.width: row.isLifted ? 1 : 0
         color: row.isLifted ? Theme.current.popup
+             : row.isCurrent ? Theme.current.rowCurrent
              : hover.hovered ? Theme.current.rowHovered : "transparent"
         radius: 8
     }

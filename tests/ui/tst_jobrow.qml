@@ -124,6 +124,7 @@ ViewTest {
             verify(Pixels.contrast(film, film.color) >= 3);
             verifyHandle();
         });
+        one(view, JobListView).currentIndex = -1;
         mouseMove(row(), 300, 5);
         inBothSchemes(() => {
             verifyContrast(row(), isReadable);
@@ -231,7 +232,7 @@ ViewTest {
         const content = tile.parent;
         compare(content.y, 7);
         compare(content.y + content.height, row().height - 7);
-        compare(Pixels.at(row(), 300, 0), Theme.current.window); // without a frame
+        compare(Pixels.at(row(), 300, 0), Pixels.at(row(), 300, 3)); // without a frame
         compare(area(row()).x, 16);
         compare(area(row()).width, 649 - 32);
     }

@@ -72,9 +72,12 @@ ViewTest {
             {"tag": "#efefef", "isKept": true},
             {"tag": "#eff0f1", "isKept": true},
             {"tag": "#fafafa", "isKept": true},
+            {"tag": "#eaeaea", "isKept": true},
+            {"tag": "#e6e6e6", "isKept": false}, // for the current row
             {"tag": "#d4d0c8", "isKept": false},
             {"tag": "#808080", "isKept": false},
             {"tag": "#505050", "isKept": false},
+            {"tag": "#383838", "isKept": false}, // for the current row
             {"tag": "#353535", "isKept": true},
             {"tag": "#2a2e32", "isKept": true},
             {"tag": "#1f1f23", "isKept": true},
@@ -86,10 +89,12 @@ ViewTest {
         Bench.windowColor = data.tag;
         compare(Theme.current, Bench.isDark ? Theme.dark : Theme.light);
         compare(Qt.colorEqual(Theme.current.window, data.tag), data.isKept, Theme.current.window);
-        show(grounds, {"color": Theme.current.window});
-        for (const text of ["text", "secondary", "accent", "green", "red"]) {
-            const contrast = Pixels.contrast(view.children[0], Theme.current[text]);
-            verify(contrast >= 4.5, text + ": " + contrast);
+        for (const ground of [Theme.current.window, Qt.tint(Theme.current.window, Theme.current.rowCurrent)]) {
+            show(grounds, {"color": ground});
+            for (const text of ["text", "secondary", "accent", "green", "red"]) {
+                const contrast = Pixels.contrast(view.children[0], Theme.current[text]);
+                verify(contrast >= 4.5, text + ": " + contrast);
+            }
         }
     }
 
@@ -108,15 +113,16 @@ ViewTest {
             {"tag": "prominent", "grounds": ["accentFill", "accentFillHovered", "accentFillPressed"]},
             {"tag": "track", "grounds": ["track", "trackHovered", "trackPressed"]},
             {"tag": "without a bezel", "grounds": ["window", "rowHovered", "rowPressed"]},
+            {"tag": "current row", "grounds": ["window", "rowCurrent"]},
         ];
     }
 
-    // Each of the three grounds differs from the two others by a tenth at least.
+    // Each of the grounds differs from the others by a tenth at least.
     function test_anAnswerToThePointerCanBeSeen(data) {
         for (const isDark of [false, true]) {
             Bench.isDark = isDark;
             const colors = data.grounds.map(ground => Theme.current[ground]);
-            for (const [one, other] of [[0, 1], [1, 2], [0, 2]]) {
+            for (const [one, other] of [[0, 1], [1, 2], [0, 2]].filter(pair => pair[1] < colors.length)) {
                 const contrast = Pixels.contrastBetween(colors[one], colors[other], Theme.current.window);
                 verify(contrast >= 1.1, data.grounds[one] + " and " + data.grounds[other] + ": " + contrast);
             }
@@ -126,7 +132,7 @@ ViewTest {
     function test_cuesCanBeSeen_data() {
         const data = [];
         for (const scheme of ["light", "dark"]) {
-            for (const ground of ["window", "popup", "rowHovered"])
+            for (const ground of ["window", "popup", "rowHovered", "rowCurrent"])
                 data.push({"tag": `tertiary on ${scheme} ${ground}`, "text": "tertiary", "scheme": scheme, "ground": ground});
             data.push({"tag": `disabled on ${scheme}`, "text": "secondary", "scheme": scheme, "ground": "track"});
         }
@@ -151,7 +157,7 @@ ViewTest {
                                    "ground": ground, "text": text});
                 }
             };
-            add(["text", "secondary", "accent", "green", "red"], ["window", "popup", "rowHovered"]);
+            add(["text", "secondary", "accent", "green", "red"], ["window", "popup", "rowHovered", "rowCurrent"]);
             add(["text", "secondary"], ["rowPressed"]);
             add(["text", "red"], ["control", "controlHovered", "controlPressed"]);
             add(["white"], ["accentFill", "accentFillHovered", "accentFillPressed"]);

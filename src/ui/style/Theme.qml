@@ -43,6 +43,7 @@ TextStyles {
         popup: "#fbfbfc"
         popupBorder: "#c2c2c8"
         rowHovered: "#0c000000"
+        rowCurrent: "#128e35c4"
         rowPressed: "#1a000000"
     }
 
@@ -70,6 +71,7 @@ TextStyles {
         popup: "#2c2c33"
         popupBorder: "#4a4a52"
         rowHovered: "#10ffffff"
+        rowCurrent: "#12cd8cf7"
         rowPressed: "#20ffffff"
     }
 

@@ -28,13 +28,25 @@ float contrast(const QColor &a, const QColor &b)
     return (lighter + 0.05F) / (darker + 0.05F);
 }
 
+// The colour that the upper one, which may let it through, makes of the lower one.
+QColor over(const QColor &lower, const QColor &upper)
+{
+    const float alpha = upper.alphaF();
+    const auto mixed = [alpha](float below, float above) {
+        return below + alpha * (above - below);
+    };
+    return QColor::fromRgbF(mixed(lower.redF(), upper.redF()),
+                            mixed(lower.greenF(), upper.greenF()),
+                            mixed(lower.blueF(), upper.blueF()));
+}
+
 } // namespace
 
 QColor ColorScheme::window() const
 {
     constexpr float readable = 4.5F;
-    const auto isReadable = [this](const QColor &color) {
-        return contrast(color, paletteWindow) >= readable;
+    const auto isReadable = [ground = over(paletteWindow, rowCurrent)](const QColor &color) {
+        return contrast(color, ground) >= readable;
     };
     return std::ranges::all_of(std::array{text, secondary, accent, green, red}, isReadable)
                ? paletteWindow

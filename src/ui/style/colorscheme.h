@@ -9,8 +9,8 @@
 
 namespace quorvale {
 
-/// The colours of one scheme, light or dark. Text colours reach a contrast of 4.5:1 on `window`.
-/// Main thread.
+/// The colours of one scheme, light or dark. Text colours reach a contrast of 4.5:1 on `window`,
+/// and on `rowCurrent` above it, which is nearer to them. Main thread.
 class ColorScheme : public QObject
 {
     Q_OBJECT
@@ -46,6 +46,8 @@ class ColorScheme : public QObject
     Q_PROPERTY(QColor popup MEMBER popup NOTIFY changed REQUIRED)
     Q_PROPERTY(QColor popupBorder MEMBER popupBorder NOTIFY changed REQUIRED)
     Q_PROPERTY(QColor rowHovered MEMBER rowHovered NOTIFY changed REQUIRED)
+    /// Of the row that the keyboard works on.
+    Q_PROPERTY(QColor rowCurrent MEMBER rowCurrent NOTIFY changed REQUIRED)
     Q_PROPERTY(QColor rowPressed MEMBER rowPressed NOTIFY changed REQUIRED)
 
 public:
@@ -56,7 +58,7 @@ public:
     QColor paletteWindow, ownWindow, text, secondary, tertiary, secondarySymbol, separator, accent,
         green, red, accentFill, accentFillHovered, accentFillPressed, control, controlHovered,
         controlPressed, controlBorder, track, trackHovered, trackPressed, popup, popupBorder,
-        rowHovered, rowPressed;
+        rowHovered, rowCurrent, rowPressed;
 
 Q_SIGNALS:
     void changed();
