@@ -12,20 +12,12 @@ RowLayout {
 
     required property ConverterViewModel model
     required property shownJob job
-    /// Whether the row is the one that the keyboard works on.
-    required property bool isCurrent
-
-    // Also the button that has the focus, until it has gone: it must not be taken from it.
-    function focusPolicyOf(button: Item): int {
-        return isCurrent || button.activeFocus ? Qt.StrongFocus : Qt.ClickFocus;
-    }
+    required property ListRow row
 
     spacing: 12
 
-    SymbolButton {
-        id: again
-
-        focusPolicy: controls.focusPolicyOf(again)
+    RowButton {
+        row: controls.row
         symbol: Symbol.ArrowClockwiseCircleFill
         symbolColor: Theme.current.green
         symbolSize: Theme.scaled(18)
@@ -45,11 +37,11 @@ RowLayout {
         spacing: 2
         visible: !controls.job.isCompleted
 
-        SymbolButton {
+        RowButton {
             id: up
 
             focusGap: 0 // the other one is close
-            focusPolicy: controls.focusPolicyOf(up)
+            row: controls.row
             leftReach: Math.max(0, Theme.target - symbolSize - rightReach)
             rightReach: 1 // half the way to the other one
             symbol: Symbol.ChevronUp
@@ -58,11 +50,9 @@ RowLayout {
             onClicked: controls.model.moveJob(controls.job.id, -1)
         }
 
-        SymbolButton {
-            id: down
-
+        RowButton {
             focusGap: 0 // the other one is close
-            focusPolicy: controls.focusPolicyOf(down)
+            row: controls.row
             leftReach: 1
             rightReach: Math.max(0, Theme.target - symbolSize - leftReach)
             symbol: Symbol.ChevronDown
@@ -72,10 +62,8 @@ RowLayout {
         }
     }
 
-    SymbolButton {
-        id: remove
-
-        focusPolicy: controls.focusPolicyOf(remove)
+    RowButton {
+        row: controls.row
         symbol: Symbol.XmarkCircleFill
         symbolColor: Theme.current.secondarySymbol
         symbolOpacity: 0.7

@@ -13,9 +13,39 @@ ListView {
     required property ConverterViewModel converter
     required property RowReorder reorder
 
+    /// Whether the row that has the keyboard shows it: it does not where the pointer has put it.
+    property bool showsKeyboard: true
+
     // For assistive technology, which reads them as they are stacked.
     function restackRows() {
         Stacking.sortByIndex(contentItem);
+    }
+
+    /// The row of the index, or a button of it, is pressed or gets the keyboard for this
+    /// Qt.FocusReason: it becomes the current one, which the keys work on.
+    function work(index: int, reason: int) {
+        if (index < 0) // it is about to go
+            return;
+        currentIndex = index;
+        switch (reason) {
+        case Qt.MouseFocusReason:
+            showsKeyboard = false;
+            break;
+        case Qt.TabFocusReason:
+        case Qt.BacktabFocusReason:
+            showsKeyboard = true;
+            showCurrent();
+            break;
+        }
+    }
+
+    // With the room above the first row and below the last.
+    function showCurrent() {
+        positionViewAtIndex(currentIndex, ListView.Contain);
+        if (currentIndex === 0)
+            reorder.scrollTo(-Infinity);
+        else if (currentIndex === count - 1)
+            reorder.scrollTo(Infinity);
     }
 
     function copyFailure(): bool {
@@ -47,27 +77,15 @@ ListView {
             return;
         converter.moveJob(row.job.id, offset);
         forceLayout();
-        positionViewAtIndex(currentIndex, ListView.Contain);
     }
 
-    function openMenuOfCurrent() {
+    /// At a place of the row that is current.
+    function openMenu(place: point) {
         const row = currentItem as JobRow;
         if (!row)
             return;
-        positionViewAtIndex(currentIndex, ListView.Contain);
-        const place = mapFromItem(row, 10, row.height);
-        menu.openFor(row, currentIndex, view, place.x, place.y);
-    }
-
-    function openMenuAt(x: real, y: real) {
-        const index = indexAt(x, y);
-        const row = itemAtIndex(index) as JobRow;
-        if (!row)
-            return;
-        currentIndex = index;
-        row.forceActiveFocus(Qt.MouseFocusReason);
-        const place = mapFromItem(contentItem, x, y);
-        menu.openFor(row, index, view, place.x, place.y);
+        const inView = mapFromItem(row, place);
+        menu.openFor(row, currentIndex, view, inView.x, inView.y);
     }
 
     Accessible.name: "Conversion queue"
@@ -75,7 +93,8 @@ ListView {
     bottomMargin: 6
     boundsBehavior: Flickable.StopAtBounds
     clip: true
-    highlightMoveDuration: 0 // to the end of a long queue at once, too
+    highlightFollowsCurrentItem: false // it would scroll what is pressed away under the pointer
+    keyNavigationEnabled: false
     leftMargin: 16
     model: null
     reuseItems: true
@@ -90,12 +109,19 @@ ListView {
     }
 
     Keys.onPressed: event => {
+        forceLayout();
         const page = Math.max(1, Math.floor(height / contentHeight * count));
         if (event.matches(StandardKey.Copy)) {
             event.accepted = copyFailure();
             return;
         }
         switch (event.modifiers & ~Qt.KeypadModifier | event.key) {
+        case Qt.Key_Up:
+            decrementCurrentIndex();
+            break;
+        case Qt.Key_Down:
+            incrementCurrentIndex();
+            break;
         case Qt.Key_Home:
             currentIndex = 0;
             break;
@@ -119,12 +145,15 @@ ListView {
             break;
         case Qt.Key_Menu:
         case Qt.ShiftModifier | Qt.Key_F10:
-            openMenuOfCurrent();
+            showCurrent();
+            openMenu(Qt.point(10, currentItem.height));
             break;
         default:
             return;
         }
         event.accepted = true;
+        showsKeyboard = true;
+        showCurrent();
     }
 
     // qmllint disable unqualified
@@ -136,10 +165,13 @@ ListView {
         model: view.converter
         opacity: view.reorder.from === index ? 0 : 1
         shift: view.reorder.shiftOf(index)
+        showsKeyboard: view.showsKeyboard
         width: view.width - view.leftMargin - view.rightMargin
 
         Component.onCompleted: Qt.callLater(view.restackRows)
         onIndexChanged: Qt.callLater(view.restackRows)
+        onMenuAsked: place => view.openMenu(place)
+        onWorked: reason => view.work(index, reason)
 
         // A row that waits to be used again is nothing to read out.
         ListView.onPooled: visible = false
@@ -152,6 +184,21 @@ ListView {
 
     T.ScrollBar.vertical: VerticalScrollBar {}
 
+    // As very many rows go at once, all are shown anew.
+    Connections {
+        property var currentId
+
+        target: view.model
+
+        function onModelAboutToBeReset() {
+            currentId = (view.currentItem as JobRow)?.job.id;
+        }
+        function onModelReset() {
+            view.currentIndex = Math.max(0, view.model.indexOf(currentId));
+            Qt.callLater(view.showCurrent); // qmllint disable
+        }
+    }
+
     JobMenu {
         id: menu
 
@@ -160,11 +207,5 @@ ListView {
             if (!view.activeFocus)
                 view.keepKeyboard();
         }
-    }
-
-    // Of the content, so that its places are.
-    TapHandler {
-        acceptedButtons: Qt.RightButton
-        onTapped: eventPoint => view.openMenuAt(eventPoint.position.x, eventPoint.position.y)
     }
 }

@@ -7,20 +7,12 @@ import Quorvale
 import Quorvale.Style
 
 // One job: its file, its state, and what can be done with it.
-Item {
+ListRow {
     id: row
 
     required property ConverterViewModel model
     required property shownJob job
     required property double progress
-
-    /// Whether the row is the one that the keyboard works on.
-    property bool isCurrent: false
-    /// Whether the row is a picture under the pointer that drags it.
-    property bool isLifted: false
-    /// How far the row gives way to the one that is dragged.
-    property real shift: 0
-    property bool glides: false
 
     readonly property int percentage: Math.trunc(progress * 100)
     Accessible.description: job.folderName + ", " + job.stateWord
@@ -28,49 +20,7 @@ Item {
                             + (job.hasFailed ? ", " + job.failureReason : "")
     Accessible.name: job.fileName
     Accessible.role: Accessible.ListItem
-    // Until the focus has gone, too: it must not be taken from an item that has it.
-    activeFocusOnTab: isCurrent || activeFocus
     implicitHeight: content.implicitHeight + content.anchors.topMargin + content.anchors.bottomMargin
-
-    transform: Translate {
-        y: row.shift
-
-        Behavior on y {
-            enabled: row.glides
-            NumberAnimation {
-                duration: 150
-                easing.type: Easing.OutCubic
-            }
-        }
-    }
-
-    Glow {
-        anchors.fill: parent
-        blur: 10
-        color: Theme.shadow
-        radius: 8
-        visible: row.isLifted
-    }
-
-    Rectangle {
-        anchors.fill: parent
-        border.color: Theme.current.popupBorder
-        border.width: row.isLifted ? 1 : 0
-        color: row.isLifted ? Theme.current.popup
-             : row.isCurrent ? Theme.current.rowCurrent
-             : hover.hovered ? Theme.current.rowHovered : "transparent"
-        radius: 8
-    }
-
-    FocusRing {
-        cornerRadius: 8
-        gap: -2
-        visible: row.activeFocus
-    }
-
-    HoverHandler {
-        id: hover
-    }
 
     RowLayout {
         id: content
@@ -114,9 +64,9 @@ Item {
         }
 
         JobControls {
-            isCurrent: row.isCurrent
             job: row.job
             model: row.model
+            row: row
             visible: !row.job.isInProgress
         }
     }

@@ -62,7 +62,8 @@ private Q_SLOTS:
         QTest::addColumn<QString>("name");
         QStringList names = QDir(folder).entryList({u"*.qml"_s});
         QVERIFY(names.contains(u"MainWindow.qml"_s));
-        // These two know each other, and are shown by JobList.
+        // These know each other or what they are in, and are shown by JobList.
+        QCOMPARE(names.removeAll(u"JobControls.qml"_s), 1);
         QCOMPARE(names.removeAll(u"JobListView.qml"_s), 1);
         QCOMPARE(names.removeAll(u"RowReorder.qml"_s), 1);
         for (const QString &name : names)
@@ -146,7 +147,6 @@ private:
             {u"parent"_s, QVariant::fromValue(&ground)},
             {u"job"_s, QVariant::fromValue(ShownJob(failedJob()))},
             {u"progress"_s, 0.5},
-            {u"isCurrent"_s, false},
             {u"codec"_s, 0},
             {u"label"_s, u"H.264"_s},
             {u"selected"_s, true},

@@ -131,35 +131,68 @@ ViewTest {
         verify(button("a.mp4", "Move up").visualFocus);
     }
 
-    function test_removingByKeyKeepsTheKeyboardInTheList_data() {
-        return [
-            {"tag": "first", "file": "a.mp4", "next": "b.mp4"},
-            {"tag": "in between", "file": "b.mp4", "next": "c.mp4"},
-            {"tag": "last", "file": "c.mp4", "next": "b.mp4"},
+    function test_theKeyboardGoesOnFromARowThatIsRemoved_data() {
+        const data = [];
+        const means = [
+            {"tag": "key", "isByKey": true, "remove": file => {
+                button(file, "Remove from queue").forceActiveFocus(Qt.TabFocusReason);
+                keyClick(Qt.Key_Space);
+            }},
+            {"tag": "mouse", "isByKey": false, "remove": file => mouseClick(button(file, "Remove from queue"))},
+            {"tag": "menu", "isByKey": false, "remove": file => {
+                mouseClick(row(file), 200, 20, Qt.RightButton);
+                const remove = () => all(overlay, DropMenuItem).find(entry => entry.text === "Remove");
+                tryVerify(remove);
+                mouseClick(remove());
+            }},
+            {"tag": "assistive technology", "isByKey": true, "remove": file => {
+                row("a.mp4").forceActiveFocus(Qt.TabFocusReason);
+                Assistant.act(button(file, "Remove from queue"), "Press");
+            }},
         ];
+        for (const way of means) {
+            for (const [file, next] of [["a.mp4", "b.mp4"], ["b.mp4", "c.mp4"], ["c.mp4", "b.mp4"]])
+                data.push({"tag": `${file} by ${way.tag}`, "way": way, "file": file, "next": next});
+        }
+        return data;
     }
 
-    function test_removingByKeyKeepsTheKeyboardInTheList(data) {
-        one(view, JobListView).currentIndex = names.indexOf(data.file);
-        button(data.file, "Remove from queue").forceActiveFocus(Qt.TabFocusReason);
-        keyClick(Qt.Key_Space);
+    // To the one that took its place, and is shown there as it was before.
+    function test_theKeyboardGoesOnFromARowThatIsRemoved(data) {
+        data.way.remove(data.file);
+        const left = names.filter(name => name !== data.file);
+        compare(Bench.fileNames, left);
         settle();
+        const list = one(view, JobListView);
+        compare(list.currentItem, row(data.next));
         tryVerify(() => row(data.next).activeFocus);
+        compare(all(list, FocusRing).length, data.way.isByKey ? 1 : 0);
+        keyClick(Qt.Key_Delete);
+        compare(Bench.fileNames, left.filter(name => name !== data.next));
     }
 
-    function test_removingByMouseShowsNoRing() {
-        press("b.mp4", "Remove from queue");
-        wait(50);
-        compare(all(view, FocusRing), []);
+    // Before the list has been laid out.
+    function test_aKeyOrAPressFollowsARemovalAtOnce() {
+        const last = row("c.mp4");
+        mouseClick(button("a.mp4", "Remove from queue"));
+        mousePress(last, 200, 20);
+        keyClick(Qt.Key_Delete); // before the button is let go, too
+        mouseRelease(view, 200, 20);
+        compare(Bench.fileNames, ["b.mp4"]);
+        mouseClick(button("b.mp4", "Move down"));
+        keyClick(Qt.Key_Delete);
+        compare(Bench.fileNames, []);
     }
 
     function test_whileConverting() {
         Bench.chooseRealDestination();
         Bench.willStayAt([0.5]);
+        button("a.mp4", "Move down").forceActiveFocus(Qt.TabFocusReason);
         verify(Bench.convert());
         settle();
         jobs.clear();
         compare(all(row("a.mp4"), SymbolButton), []);
+        verify(row("a.mp4").activeFocus); // as the button has gone
         compare(all(row("b.mp4"), SymbolButton).length, 3);
         press("b.mp4", "Move down");
         press("c.mp4", "Move up");

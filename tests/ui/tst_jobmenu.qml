@@ -112,6 +112,7 @@ ViewTest {
         compare(Bench.fileNames, ["failed.mkv", "complete.mkv", "waiting.mkv"]);
         open(0);
         choose(showVideo);
+        compare(list().currentIndex, 0); // and not the row below the entry
         open(1);
         choose(showConverted);
         compare(Bench.revealedFolders.length, 2);

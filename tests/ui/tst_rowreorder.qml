@@ -454,13 +454,14 @@ ViewTest {
         verify(list().interactive); // it scrolls on
     }
 
-    function test_theFocusStaysWithTheRow() {
+    function test_theRowIsTheCurrentOneWhereItIsLetGo() {
         showRows(5);
-        list().currentItem.forceActiveFocus(Qt.TabFocusReason);
-        drag(1, 2 * rowHeight);
+        drag(2, 2 * rowHeight);
         letGo();
-        compare(names(), [2, 3, 1, 4, 5]);
-        verify(row(1).activeFocus);
-        compare(list().currentItem, row(1));
+        compare(names(), [1, 3, 4, 2, 5]);
+        verify(row(2).activeFocus);
+        compare([list().currentItem, list().currentIndex], [row(2), 3]);
+        keyClick(Qt.Key_Delete);
+        compare(names(), [1, 3, 4, 5]);
     }
 }

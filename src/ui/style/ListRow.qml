@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: 2026 The Quorvale authors
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import Quorvale.Style
+
+// A row of a list that is worked by pointer and keys, on its ground. It tells the list when it is,
+// and the list says which row is the current one.
+FocusItem {
+    id: row
+
+    /// Whether the row is the one that the keyboard works on.
+    property bool isCurrent: false
+    /// Whether the row shows that it has the keyboard.
+    property bool showsKeyboard: true
+    /// Whether the row is a picture under the pointer that drags it.
+    property bool isLifted: false
+    /// How far the row gives way to the one that is dragged.
+    property real shift: 0
+    property bool glides: false
+
+    /// The row or a button of it is pressed, by whatever means, or has got the keyboard; the reason is
+    /// a Qt.FocusReason.
+    signal worked(int reason)
+    /// The pointer asks for the menu, at this place of the row.
+    signal menuAsked(point place)
+
+    // Until the focus has gone, too: it must not be taken from an item that has it.
+    activeFocusOnTab: isCurrent || activeFocus
+    onFocused: reason => worked(reason)
+
+    transform: Translate {
+        y: row.shift
+
+        Behavior on y {
+            enabled: row.glides
+            NumberAnimation {
+                duration: 150
+                easing.type: Easing.OutCubic
+            }
+        }
+    }
+
+    Glow {
+        anchors.fill: parent
+        blur: 10
+        color: Theme.shadow
+        radius: 8
+        visible: row.isLifted
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        border.color: row.Scheme.colors.popupBorder
+        border.width: row.isLifted ? 1 : 0
+        color: row.isLifted ? row.Scheme.colors.popup
+             : row.isCurrent ? row.Scheme.colors.rowCurrent
+             : hover.hovered ? row.Scheme.colors.rowHovered : "transparent"
+        radius: 8
+    }
+
+    FocusRing {
+        cornerRadius: 8
+        gap: -2
+        visible: row.activeFocus && row.showsKeyboard
+    }
+
+    HoverHandler {
+        id: hover
+    }
+
+    // Takes what no button above it does.
+    MouseArea {
+        acceptedButtons: Qt.AllButtons
+        anchors.fill: parent
+        onClicked: mouse => {
+            if (mouse.button === Qt.RightButton)
+                row.menuAsked(Qt.point(mouse.x, mouse.y));
+        }
+        onPressed: {
+            row.worked(Qt.MouseFocusReason);
+            row.forceActiveFocus(Qt.MouseFocusReason);
+        }
+    }
+}
