@@ -22,7 +22,17 @@ Item {
         folderButton.takeOver(button);
     }
 
+    /// What the title and the buttons need beside each other. So that nothing jumps, counts are rather
+    /// shortened as they grow, and room is kept for the button that comes and goes.
+    readonly property real lineWidth:
+        Math.max(title.implicitWidth + clearButton.wholeWidth + buttons.spacing,
+                 model.jobCount === 0 ? hint.implicitWidth : 0)
+        + row.columnSpacing + folderButton.implicitWidth + buttons.spacing + addButton.implicitWidth
+
+    readonly property real lineRoom: width - row.anchors.leftMargin - row.anchors.rightMargin
+
     implicitHeight: row.implicitHeight + row.anchors.topMargin + row.anchors.bottomMargin
+    implicitWidth: lineWidth + row.anchors.leftMargin + row.anchors.rightMargin
 
     GridLayout {
         id: row
@@ -33,13 +43,8 @@ Item {
         anchors.rightMargin: 26
         anchors.topMargin: 27
         columnSpacing: Theme.spacing
-        // The buttons below the title where large texts leave no room beside it. So that nothing jumps,
-        // counts are rather shortened as they grow, and room is kept for the button that comes and
-        // goes.
-        columns: Math.max(title.implicitWidth + clearButton.implicitWidth + buttons.spacing,
-                          header.model.jobCount === 0 ? hint.implicitWidth : 0)
-                 + columnSpacing + folderButton.implicitWidth + buttons.spacing
-                 + addButton.implicitWidth <= width ? 2 : 1
+        // The buttons below the title where large texts leave no room beside it.
+        columns: header.lineWidth <= header.lineRoom ? 2 : 1
         rowSpacing: 12
 
         ColumnLayout {
@@ -77,6 +82,11 @@ Item {
             BorderlessButton {
                 id: clearButton
 
+                readonly property real wholeWidth: implicitContentWidth + leftPadding + rightPadding
+
+                // Shortened where the largest texts leave no room for it there, either.
+                implicitWidth: Math.min(wholeWidth, header.lineRoom - Math.ceil(folderButton.implicitWidth)
+                                                    - Math.ceil(addButton.implicitWidth) - 2 * buttons.spacing)
                 text: "Clear Completed"
                 visible: header.model.completedCount > 0 && !header.model.isConverting
                 onClicked: header.model.clearCompleted()

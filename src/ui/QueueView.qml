@@ -11,6 +11,8 @@ FocusScope {
 
     required property ConverterViewModel model
 
+    implicitWidth: header.implicitWidth
+
     ColumnLayout {
         anchors.fill: parent
         spacing: 0

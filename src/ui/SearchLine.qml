@@ -45,19 +45,28 @@ Item {
         spacing: 12
 
         TextLine {
+            id: progress
+
             // In steps, so that the bar does not tremble as the number changes.
-            Layout.preferredWidth: Math.ceil(implicitWidth / 24) * 24
+            readonly property real steadyWidth: Math.ceil(implicitWidth / 24) * 24
+            /// What is left beside the button.
+            readonly property real room: line.width - row.anchors.leftMargin - row.anchors.rightMargin
+                                         - row.spacing - stopButton.implicitWidth
+
+            Layout.preferredWidth: Math.min(steadyWidth, room)
             color: Theme.current.text
             font: Theme.subheadline
             text: "Searching for videos… " + line.count + " found"
             visible: line.isSearching
+            wrapMode: Text.Wrap
         }
 
+        // Shorter than this it would show nothing, as large texts may leave it.
         ProgressLine {
             Accessible.name: "Search for videos"
             Layout.fillWidth: true
             indeterminate: true
-            visible: line.isSearching
+            visible: line.isSearching && progress.room - progress.steadyWidth - row.spacing >= 80
         }
 
         BorderedButton {

@@ -89,6 +89,23 @@ ViewTest {
         compare(scrollBars(), 1);
     }
 
+    // Where the screen has the room: the title and the buttons stand in one line.
+    function test_needsTheWidthOfItsHeader() {
+        open("DejaVu Sans", 16);
+        const isInOneLine = width => {
+            window.width = width;
+            tryVerify(() => content().width === width);
+            Pixels.layOut(window.contentItem);
+            const title = textOf(content(), "Conversion Queue");
+            const folder = textOf(content(), "Folder");
+            return folder.mapToGlobal(0, 0).y < title.mapToGlobal(0, title.height).y;
+        };
+        const needed = Math.ceil(content().implicitWidth);
+        verify(needed > 960 && needed < 1400, needed);
+        verify(isInOneLine(needed));
+        verify(!isInOneLine(needed - 3));
+    }
+
     function test_followsTheFontUntilTheUserHasResizedIt() {
         Bench.setFont("DejaVu Sans", 12);
         tryVerify(() => window.height > 640);
