@@ -4,10 +4,9 @@
 #include "videosearch.h"
 
 #include "localfile.h"
+#include "model/filename.h"
 #include "model/filepath.h"
 #include "nameorder.h"
-
-#include <QDir>
 
 #include <algorithm>
 #include <ranges>
@@ -160,7 +159,7 @@ void VideoSearch::leaveOut()
     }
     m_workers.clear();
     for (const Errand &errand : std::exchange(m_errands, {})) {
-        m_leftOut << QDir::cleanPath(shownPath(errand.tree->place().file.path()));
+        m_leftOut << shownPath(withoutTrailingSlashes(errand.tree->place().file.path()));
         settle(errand, {});
     }
     startWorker();

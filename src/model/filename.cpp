@@ -5,17 +5,12 @@
 
 namespace quorvale {
 
-namespace {
-
-// The root's slash is the only trailing one that means something.
 QByteArrayView withoutTrailingSlashes(QByteArrayView path)
 {
     while (path.size() > 1 && path.endsWith('/'))
         path.chop(1);
     return path;
 }
-
-} // namespace
 
 QByteArrayView lastPathComponent(QByteArrayView path)
 {
@@ -26,7 +21,11 @@ QByteArrayView lastPathComponent(QByteArrayView path)
 QByteArrayView folderName(QByteArrayView path)
 {
     path = withoutTrailingSlashes(path);
-    return lastPathComponent(path.first(path.lastIndexOf('/') + 1));
+    const QByteArrayView folder = withoutTrailingSlashes(path.first(path.lastIndexOf('/') + 1));
+    QByteArrayView name = lastPathComponent(folder);
+    while (name == ".." && name.begin() != folder.begin())
+        name = lastPathComponent(folder.first(name.begin() - folder.begin()));
+    return folder.sliced(name.begin() - folder.begin());
 }
 
 QByteArrayView pathExtension(QByteArrayView name)

@@ -14,10 +14,14 @@ namespace quorvale {
 // Paths and names are bytes, as the system knows them; see filepath.h. What is returned as a view
 // lives as long as what it was taken from.
 
+/// `path` without the slashes at its end, of which only the root's means something.
+QByteArrayView withoutTrailingSlashes(QByteArrayView path);
+
 /// The last component of `path`, "/" for the root itself; a trailing slash does not count.
 QByteArrayView lastPathComponent(QByteArrayView path);
 
-/// The last component of the folder that holds the file at `path`, "/" for a file in the root.
+/// The last component of the folder that holds the file at `path`, "/" for a file in the root; with
+/// the name before it where it is "..", which says nothing alone.
 QByteArrayView folderName(QByteArrayView path);
 
 /// The part of the file name `name` behind its last dot; empty when there is no dot or only a

@@ -26,8 +26,14 @@ private Q_SLOTS:
         QTest::newRow("absolute") << Words{"/a/b.mp4", "/c"} << Words{"/a/b.mp4", "/c"};
         QTest::newRow("relative") << Words{"b.mp4", "c/d.mov"}
                                   << Words{"/here/now/b.mp4", "/here/now/c/d.mov"};
-        QTest::newRow("dots") << Words{"./b.mp4", "../b.mp4", ".", "/a/../b/./c.mp4"}
-                              << Words{"/here/now/b.mp4", "/here/b.mp4", "/here/now/", "/b/c.mp4"};
+        QTest::newRow("dots") << Words{".", "./b.mp4", "a/./b.mp4", "/a/./b.mp4"}
+                              << Words{"/here/now", "/here/now/b.mp4", "/here/now/a/b.mp4",
+                                       "/a/b.mp4"};
+        QTest::newRow("above the working folder")
+            << Words{"..", ".././../b.mp4", "../../../b.mp4"} << Words{"/here", "/b.mp4", "/b.mp4"};
+        QTest::newRow("above what may be a link")
+            << Words{"link/../b.mp4", "../link/..", "/link/../b.mp4"}
+            << Words{"/here/now/link/../b.mp4", "/here/link/..", "/link/../b.mp4"};
         QTest::newRow("names that look like URLs")
             << Words{"file:///a", "a%20b#c?.mp4", "http://a/b.mp4"}
             << Words{"/here/now/file:/a", "/here/now/a%20b#c?.mp4", "/here/now/http:/a/b.mp4"};
@@ -59,6 +65,8 @@ private Q_SLOTS:
 
     void withoutAWorkingFolderOnlyWholePathsCount()
     {
+        QTest::ignoreMessage(QtWarningMsg,
+                             "quorvale: Left out a.mp4, because the working folder is gone.");
         const auto files = fileOperands({"a.mp4", "/b.mp4"}, {});
         QCOMPARE(files, QList{fileUrl("/b.mp4")});
     }

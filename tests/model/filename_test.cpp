@@ -47,6 +47,8 @@ private Q_SLOTS:
         QTest::newRow("in the root") << u"/clip.mkv"_s << u"clip.mkv"_s << u"/"_s;
         QTest::newRow("trailing slash") << u"/videos/Trip/"_s << u"Trip"_s << u"videos"_s;
         QTest::newRow("root") << u"/"_s << u"/"_s << u"/"_s;
+        QTest::newRow("above a name") << u"/v/a/b/../../c.mkv"_s << u"c.mkv"_s << u"b/../.."_s;
+        QTest::newRow("above the root") << u"/../c.mkv"_s << u"c.mkv"_s << u"/.."_s;
     }
     void components()
     {
