@@ -7,6 +7,8 @@
 
 #include <QSysInfo>
 
+#include <climits>
+
 using namespace Qt::StringLiterals;
 
 namespace quorvale {
@@ -28,9 +30,10 @@ std::optional<QUrl> localFile(const QUrl &url)
     // A URL that could not be decoded may still pass for a local one.
     if (!url.isValid() || !url.isLocalFile() || !isThisMachine(url.host()))
         return std::nullopt;
-    if (url.path(QUrl::FullyDecoded).contains(QChar::Null))
+    const QByteArray path = filePath(url);
+    if (path.contains('\0') || path.size() >= PATH_MAX)
         return std::nullopt;
-    return url.host().isEmpty() ? url : fileUrl(filePath(url));
+    return url.host().isEmpty() ? url : fileUrl(path);
 }
 
 } // namespace quorvale

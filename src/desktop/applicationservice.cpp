@@ -3,6 +3,7 @@
 
 #include "applicationservice.h"
 
+#include <array>
 #include <utility>
 
 using namespace std::chrono;
@@ -17,6 +18,12 @@ const auto applicationInterface = u"org.freedesktop.Application"_s;
 // Until when a call of makeCall() counts, by the clock below.
 const auto endOfPatience = u"org.quorvale.Quorvale.end-of-patience"_s;
 
+// By which of the platform data the window comes to the front, and the variables of a start that
+// say the same. Whoever gives them out takes far fewer characters.
+constexpr std::array keysOfWindow{std::pair("XDG_ACTIVATION_TOKEN", "activation-token"_L1),
+                                  std::pair("DESKTOP_STARTUP_ID", "desktop-startup-id"_L1)};
+constexpr qsizetype mostCharacters = 1024;
+
 // The same for all processes of the machine.
 qlonglong now()
 {
@@ -28,8 +35,7 @@ qlonglong now()
 QVariantMap ApplicationService::platformDataOfStart()
 {
     QVariantMap data;
-    for (const auto &[variable, key] : {std::pair("XDG_ACTIVATION_TOKEN", u"activation-token"_s),
-                                        std::pair("DESKTOP_STARTUP_ID", u"desktop-startup-id"_s)}) {
+    for (const auto &[variable, key] : keysOfWindow) {
         if (qEnvironmentVariableIsSet(variable))
             data.insert(key, qEnvironmentVariable(variable));
     }
@@ -72,10 +78,11 @@ void ApplicationService::Open(const QStringList &uris, const QVariantMap &platfo
 }
 
 // The desktop entry names no actions.
-void ApplicationService::ActivateAction(const QString &action, const QVariantList & /*parameter*/,
+void ApplicationService::ActivateAction(const QString & /*action*/,
+                                        const QVariantList & /*parameter*/,
                                         const QVariantMap & /*platformData*/)
 {
-    sendErrorReply(QDBusError::InvalidArgs, u"There is no action %1."_s.arg(action));
+    sendErrorReply(QDBusError::InvalidArgs, u"There are no actions."_s);
 }
 
 void ApplicationService::take(const QList<QUrl> &files, const QVariantMap &platformData)
@@ -83,7 +90,14 @@ void ApplicationService::take(const QList<QUrl> &files, const QVariantMap &platf
     const auto end = platformData.constFind(endOfPatience);
     if (m_isRefusing || (end != platformData.cend() && end->toLongLong() < now()))
         return sendErrorReply(QDBusError::Failed, u"The program opens nothing now."_s);
-    Q_EMIT called(files, platformData);
+    QVariantMap forWindow;
+    for (const auto &[variable, key] : keysOfWindow) {
+        const QVariant value = platformData.value(key);
+        if (value.metaType() == QMetaType::fromType<QString>()
+            && value.toString().size() <= mostCharacters)
+            forWindow.insert(key, value);
+    }
+    Q_EMIT called(files, forWindow);
 }
 
 } // namespace quorvale

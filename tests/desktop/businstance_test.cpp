@@ -127,14 +127,37 @@ private Q_SLOTS:
     {
         makeFirst();
         QSignalSpy handedOver(m_instance.get(), &Instance::handedOver);
-        verifyAnswers(
-            callOpen({u"file:///caf%E9.mp4"_s, u"file://localhost/b.mp4"_s}, {{u"key"_s, 7}}),
-            true);
+        verifyAnswers(callOpen({u"file:///caf%E9.mp4"_s, u"file://localhost/b.mp4"_s}), true);
         QCOMPARE(handedOver.size(), 1);
         const auto files = handedOver[0][0].value<QList<QUrl>>();
         QCOMPARE(files.size(), 2);
         QCOMPARE(filePath(files[0]), "/caf\xe9.mp4");
-        QCOMPARE(handedOver[0][1].toMap().value(u"key"_s), QVariant(7));
+    }
+
+    void theFirstsWindowIsHandedWhatItUses_data()
+    {
+        QTest::addColumn<QVariant>("token");
+        QTest::addColumn<bool>("isUsed");
+        QTest::newRow("text") << QVariant(u"t"_s) << true;
+        QTest::newRow("as long as it may be") << QVariant(QString(1024, u't')) << true;
+        QTest::newRow("longer") << QVariant(QString(1025, u't')) << false;
+        QTest::newRow("no text") << QVariant(QByteArray("t")) << false;
+    }
+    void theFirstsWindowIsHandedWhatItUses()
+    {
+        QFETCH(const QVariant, token);
+        QFETCH(const bool, isUsed);
+        makeFirst();
+        QSignalSpy handedOver(m_instance.get(), &Instance::handedOver);
+        verifyAnswers(callOpen({u"file:///a.mp4"_s}, {{u"activation-token"_s, token},
+                                                      {u"desktop-startup-id"_s, u"s"_s},
+                                                      {u"key"_s, u"k"_s}}),
+                      true);
+        QCOMPARE(handedOver.size(), 1);
+        QVariantMap used{{u"desktop-startup-id"_s, u"s"_s}};
+        if (isUsed)
+            used.insert(u"activation-token"_s, token);
+        QCOMPARE(handedOver[0][1].toMap(), used);
     }
 
     void theFirstIsCalledToTheFront()
