@@ -22,6 +22,10 @@ namespace quorvale {
 
 namespace {
 
+const auto sessionManager = u"org.gnome.SessionManager"_s;
+const auto powerManagement = u"org.freedesktop.PowerManagement"_s;
+const auto login = u"org.freedesktop.login1"_s;
+
 const auto reason = u"Converting videos"_s;
 
 QDBusMessage makeRequest(const QString &service, const QString &path, const QString &interface,
@@ -35,15 +39,40 @@ QDBusMessage makeRequest(const QString &service, const QString &path, const QStr
 
 } // namespace
 
+SleepLock::SleepLock(const QDBusConnection &sessionBus, std::chrono::milliseconds delay)
+    : m_sessionBus(sessionBus)
+{
+    m_sessionServices.setConnection(m_sessionBus);
+    for (QDBusServiceWatcher *services : {&m_sessionServices, &m_systemServices}) {
+        connect(services, &QDBusServiceWatcher::serviceOwnerChanged, &m_delay,
+                qOverload<>(&QTimer::start));
+    }
+    m_delay.setSingleShot(true);
+    m_delay.setInterval(delay);
+    connect(&m_delay, &QTimer::timeout, this, &SleepLock::askAnew);
+}
+
 void SleepLock::setHeld(bool isHeld)
 {
-    if (isHeld == (m_turn % 2 == 1))
+    if (isHeld == this->isHeld())
         return;
     ++m_turn;
-    if (isHeld)
-        askSessionManager(m_turn);
-    else if (const Release release = std::exchange(m_release, nullptr))
+    if (isHeld) {
+        m_sessionServices.setWatchedServices({sessionManager, powerManagement});
+        return askSessionManager(m_turn);
+    }
+    m_sessionServices.setWatchedServices({});
+    m_systemServices.setWatchedServices({});
+    if (const Release release = std::exchange(m_release, nullptr))
         release();
+}
+
+void SleepLock::askAnew()
+{
+    if (!isHeld())
+        return;
+    m_turn += 2;
+    askSessionManager(m_turn);
 }
 
 void SleepLock::askSessionManager(int turn)
@@ -51,8 +80,7 @@ void SleepLock::askSessionManager(int turn)
     constexpr uint noWindow = 0;
     constexpr uint againstSleep = 4;
     const auto request = makeRequest(
-        u"org.gnome.SessionManager"_s, u"/org/gnome/SessionManager"_s,
-        u"org.gnome.SessionManager"_s,
+        sessionManager, u"/org/gnome/SessionManager"_s, u"org.gnome.SessionManager"_s,
         {QString::fromLatin1(ApplicationService::name), noWindow, reason, againstSleep});
     ask(m_sessionBus, request, turn, releaseBy(request, u"Uninhibit"_s),
         [this, turn] { askPowerManagement(turn); });
@@ -60,8 +88,7 @@ void SleepLock::askSessionManager(int turn)
 
 void SleepLock::askPowerManagement(int turn)
 {
-    const auto request = makeRequest(u"org.freedesktop.PowerManagement"_s,
-                                     u"/org/freedesktop/PowerManagement/Inhibit"_s,
+    const auto request = makeRequest(powerManagement, u"/org/freedesktop/PowerManagement/Inhibit"_s,
                                      u"org.freedesktop.PowerManagement.Inhibit"_s,
                                      {QCoreApplication::applicationName(), reason});
     ask(m_sessionBus, request, turn, releaseBy(request, u"UnInhibit"_s),
@@ -86,9 +113,12 @@ void SleepLock::findLogin(int turn)
 
 void SleepLock::askLogin(const QDBusConnection &systemBus, int turn)
 {
+    if (turn != m_turn)
+        return;
+    m_systemServices.setConnection(systemBus);
+    m_systemServices.setWatchedServices({login});
     const auto request =
-        makeRequest(u"org.freedesktop.login1"_s, u"/org/freedesktop/login1"_s,
-                    u"org.freedesktop.login1.Manager"_s,
+        makeRequest(login, u"/org/freedesktop/login1"_s, u"org.freedesktop.login1.Manager"_s,
                     {u"sleep"_s, QCoreApplication::applicationName(), reason, u"block"_s});
     const auto releaseOf = [](const QDBusPendingReply<QDBusUnixFileDescriptor> &reply) -> Release {
         // The lock is held until the descriptor is closed, with its last copy.
@@ -114,10 +144,10 @@ void SleepLock::ask(const QDBusConnection &bus, const QDBusMessage &request, int
                 answer->deleteLater();
                 if (answer->isError())
                     return askNext();
-                const Release release = releaseOf(*answer);
+                Release release = releaseOf(*answer);
                 if (turn == m_turn)
-                    m_release = release;
-                else
+                    m_release.swap(release); // for an older one, if there is any
+                if (release)
                     release();
             });
 }
@@ -125,7 +155,8 @@ void SleepLock::ask(const QDBusConnection &bus, const QDBusMessage &request, int
 SleepLock::ReleaseOf SleepLock::releaseBy(const QDBusMessage &request, const QString &method) const
 {
     return [=, bus = m_sessionBus](const QDBusPendingReply<uint> &reply) -> Release {
-        auto release = QDBusMessage::createMethodCall(request.service(), request.path(),
+        // By its own name: to another one that has come in its place the number says nothing.
+        auto release = QDBusMessage::createMethodCall(reply.reply().service(), request.path(),
                                                       request.interface(), method);
         release << reply.value();
         return [bus, release] {

@@ -16,6 +16,7 @@
 
 using namespace quorvale;
 using namespace quorvale::test;
+using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -66,7 +67,7 @@ private Q_SLOTS:
     {
         QTest::failOnWarning(QRegularExpression(u"."_s)); // refusals are silent
         m_bus = std::make_unique<PrivateBus>();
-        m_lock = std::make_unique<SleepLock>(m_bus->connection(u"program"_s));
+        m_lock = std::make_unique<SleepLock>(m_bus->connection(u"program"_s), 50ms);
     }
     void cleanup()
     {
@@ -198,6 +199,58 @@ private Q_SLOTS:
         m_lock->setHeld(false);
         login.perform({StandInService::replyLock()});
         QTRY_COMPARE_WITH_TIMEOUT(login.calls(u"released"_s).size(), 1, patience);
+    }
+
+    void whoComesInTheMiddleIsAsked()
+    {
+        const Login login(m_systemBus);
+        takeLogin(login);
+        auto power = std::make_unique<PowerManagement>(*m_bus);
+        QTRY_COMPARE_WITH_TIMEOUT(power->calls(u"Inhibit"_s).size(), 1, patience);
+        QTRY_COMPARE_WITH_TIMEOUT(login.calls(u"released"_s).size(), 1, patience);
+
+        power->end(); // and starts again, with nothing but the same numbers
+        power = std::make_unique<PowerManagement>(*m_bus);
+        QTRY_COMPARE_WITH_TIMEOUT(power->calls(u"Inhibit"_s).size(), 1, patience);
+        QTest::qWait(100); // for what should not come
+        QCOMPARE(power->calls(u"UnInhibit"_s).size(), 0);
+        m_lock->setHeld(false);
+        QTRY_COMPARE_WITH_TIMEOUT(power->calls(u"UnInhibit"_s), QList<QVariantList>(1, {8U}),
+                                  patience);
+
+        const SessionManager afterTheBatch(*m_bus);
+        QTest::qWait(200);
+        QCOMPARE(afterTheBatch.calls(u"Inhibit"_s).size(), 0);
+    }
+
+    void whoComesBeforeItIsReadyIsAskedLater()
+    {
+        m_lock = std::make_unique<SleepLock>(m_bus->connection(u"program"_s), 2s);
+        m_lock->setHeld(true);
+        const StandInService service(*m_bus, u"org.gnome.SessionManager"_s, {});
+        QTest::qWait(100);
+        service.prepare(u"Inhibit"_s, {StandInService::reply({7U})});
+        QTRY_COMPARE_WITH_TIMEOUT(service.calls(u"Inhibit"_s).size(), 1, patience);
+    }
+
+    void whenOneGoesForGoodTheNextIsAsked()
+    {
+        const auto first = std::make_unique<SessionManager>(*m_bus);
+        const PowerManagement second(*m_bus);
+        const Login third(m_systemBus);
+        m_lock->setHeld(true);
+        QTRY_COMPARE_WITH_TIMEOUT(first->calls(u"Inhibit"_s).size(), 1, patience);
+        first->end();
+        QTRY_COMPARE_WITH_TIMEOUT(second.calls(u"Inhibit"_s).size(), 1, patience);
+        QCOMPARE(third.calls(u"Inhibit"_s).size(), 0);
+    }
+
+    void loginMayComeInTheMiddle()
+    {
+        m_lock->setHeld(true);
+        QTest::qWait(200);
+        const Login login(m_systemBus);
+        QTRY_VERIFY_WITH_TIMEOUT(!login.calls(u"Inhibit"_s).isEmpty(), patience);
     }
 
     void theNextBatchHasALockOfItsOwn()
