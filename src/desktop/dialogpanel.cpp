@@ -9,6 +9,7 @@
 #include <QAbstractItemView>
 #include <QDir>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QWindow>
 
 using namespace Qt::StringLiterals;
@@ -40,6 +41,18 @@ void askForFolders(QFileDialog &dialog, bool allowsMultiple)
 #endif
 }
 
+// Qt's own dialog selects what is typed, and is to let go of it when more is typed. But it may miss
+// a folder on the way (QItemSelectionModel::isRowSelected compares rows of different folders),
+// which would then be chosen, too, and first.
+void chooseNothingButWhatIsTyped(const QFileDialog &dialog)
+{
+    const auto *line = dialog.findChild<QLineEdit *>(u"fileNameEdit"_s);
+    const auto *view = dialog.findChild<QAbstractItemView *>(u"listView"_s);
+    if (line && view) // not in the desktop's dialog
+        QObject::connect(line, &QLineEdit::textEdited, view->selectionModel(),
+                         &QItemSelectionModel::clearSelection);
+}
+
 } // namespace
 
 std::optional<QList<QUrl>> DialogPanel::run(const OpenPanelRequest &request)
@@ -58,6 +71,8 @@ std::optional<QList<QUrl>> DialogPanel::run(const OpenPanelRequest &request)
     // Said each time, because Qt's dialog remembers places of earlier runs and of other programs.
     const QUrl home = QUrl::fromLocalFile(QDir::homePath());
     dialog.setDirectoryUrl(m_lastFolders.value(request.title, home));
+
+    chooseNothingButWhatIsTyped(dialog);
 
     // The program's windows are no widgets, so they cannot be the dialog's parent as a widget.
     dialog.winId();

@@ -163,6 +163,27 @@ private Q_SLOTS:
         QCOMPARE(answer->first().adjusted(QUrl::StripTrailingSlash), tree.root());
     }
 
+    void takesThePathThatIsTyped()
+    {
+        const FileTree tree;
+        tree.addFile(u"home/u/a.mp4"_s); // a user with so short a name
+        tree.addFolder(u"home/u/one"_s);
+        for (const OpenPanelRequest &request : {videos, folders, output}) {
+            const bool isFile = request.title == videos.title;
+            const QString name = isFile ? u"home/u/a.mp4"_s : u"home/u/one"_s;
+            const Answer answer = run(request, [&](QFileDialog &dialog) {
+                open(dialog, tree.path(u"home/u"_s), isFile ? 2 : 1);
+                auto *line = dialog.findChild<QLineEdit *>(u"fileNameEdit"_s);
+                if (QTest::qWaitFor([&] { return line->hasFocus(); }))
+                    QTest::keyClicks(line, tree.path(name));
+                QTest::keyClick(line, Qt::Key_Return);
+                if (dialog.isVisible())
+                    dialog.reject();
+            });
+            QCOMPARE(answer, QList{tree.url(name)});
+        }
+    }
+
     void makesANewOutputFolder()
     {
         const FileTree tree;
