@@ -3,6 +3,8 @@
 
 #include "busfilemanager.h"
 
+#include "activationtoken.h"
+#include "activewindow.h"
 #include "folderopener.h"
 
 #include <QCoreApplication>
@@ -14,6 +16,26 @@
 using namespace Qt::StringLiterals;
 
 namespace quorvale {
+
+namespace {
+
+void showItem(const QUrl &item, const QString &startupId, const QDBusConnection &bus,
+              std::chrono::milliseconds patience)
+{
+    QDBusMessage request = QDBusMessage::createMethodCall(
+        u"org.freedesktop.FileManager1"_s, u"/org/freedesktop/FileManager1"_s,
+        u"org.freedesktop.FileManager1"_s, u"ShowItems"_s);
+    request << QStringList{item.toString(QUrl::FullyEncoded)} << startupId;
+    const auto call = bus.asyncCall(request, static_cast<int>(patience.count()));
+    auto *answer = new QDBusPendingCallWatcher(call, QCoreApplication::instance());
+    QObject::connect(answer, &QDBusPendingCallWatcher::finished, answer, [answer, item] {
+        if (answer->isError())
+            FolderOpener().reveal(item);
+        answer->deleteLater();
+    });
+}
+
+} // namespace
 
 BusFileManager::BusFileManager(std::function<QDBusConnection()> bus,
                                std::chrono::milliseconds patience)
@@ -27,18 +49,9 @@ void BusFileManager::reveal(const QUrl &folder)
     const QDBusConnection bus = m_bus();
     if (!bus.isConnected())
         return FolderOpener().reveal(item);
-
-    QDBusMessage request = QDBusMessage::createMethodCall(
-        u"org.freedesktop.FileManager1"_s, u"/org/freedesktop/FileManager1"_s,
-        u"org.freedesktop.FileManager1"_s, u"ShowItems"_s);
-    const QString startupId; // none, because the desktop gave the program none to pass on
-    request << QStringList{item.toString(QUrl::FullyEncoded)} << startupId;
-    const auto call = bus.asyncCall(request, static_cast<int>(m_patience.count()));
-    auto *answer = new QDBusPendingCallWatcher(call, QCoreApplication::instance());
-    QObject::connect(answer, &QDBusPendingCallWatcher::finished, answer, [answer, item] {
-        if (answer->isError())
-            FolderOpener().reveal(item);
-        answer->deleteLater();
+    // Without a token a file manager that shows the place already would stay behind the window.
+    askForActivationToken(activeWindow(), [item, bus, patience = m_patience](const QString &token) {
+        showItem(item, token, bus, patience);
     });
 }
 

@@ -3,6 +3,8 @@
 
 #include "exportedwindow.h"
 
+#include "waylandglobals.h"
+
 #include <QGuiApplication>
 #include <QTimer>
 #include <QWindow>
@@ -12,7 +14,6 @@
 #include <utility>
 
 #include <qpa/qplatformnativeinterface.h>
-#include <wayland-client.h>
 #include <xdg-foreign-unstable-v2.h>
 
 using namespace std::chrono_literals;
@@ -20,8 +21,7 @@ using namespace Qt::StringLiterals;
 
 namespace quorvale {
 
-/// The window's surface as exported by the protocol xdg-foreign. The compositor's events come in
-/// Qt's own queue, hence on the main thread.
+/// The window's surface as exported by the protocol xdg-foreign.
 class ExportedWindow::WaylandExport
 {
 public:
@@ -29,11 +29,9 @@ public:
 
     /// Calls `take` once, with an empty handle where the compositor does not know the protocol.
     WaylandExport(wl_display *display, wl_surface *surface, Take take)
-        : m_surface(surface), m_take(std::move(take)), m_registry(wl_display_get_registry(display)),
-          m_endOfGlobals(wl_display_sync(display))
+        : m_surface(surface), m_take(std::move(take)),
+          m_globals(display, [this] { exportSurface(); })
     {
-        wl_registry_add_listener(m_registry, &registryListener, this);
-        wl_callback_add_listener(m_endOfGlobals, &endOfGlobalsListener, this);
     }
     ~WaylandExport()
     {
@@ -41,67 +39,38 @@ public:
             zxdg_exported_v2_destroy(m_exported);
         if (m_exporter)
             zxdg_exporter_v2_destroy(m_exporter);
-        wl_callback_destroy(m_endOfGlobals);
-        wl_registry_destroy(m_registry);
     }
 
     WaylandExport(const WaylandExport &) = delete;
     WaylandExport &operator=(const WaylandExport &) = delete;
 
 private:
-    void takeGlobal(uint32_t name, const QByteArray &interface)
-    {
-        if (interface == zxdg_exporter_v2_interface.name)
-            m_second = name;
-        else if (interface == firstExporterName)
-            m_first = name;
-    }
-
     // By the second version of the protocol where the compositor has both, as the desktop's own
     // programs do.
     void exportSurface()
     {
-        if (m_second == 0 && m_first == 0)
-            return m_take({});
         // The first version differs from the second in names only, of which this one is sent.
         static const wl_interface first = [] {
             wl_interface interface = zxdg_exporter_v2_interface;
-            interface.name = firstExporterName;
+            interface.name = "zxdg_exporter_v1";
             return interface;
         }();
-        m_exporter = static_cast<zxdg_exporter_v2 *>(
-            m_second != 0 ? wl_registry_bind(m_registry, m_second, &zxdg_exporter_v2_interface, 1)
-                          : wl_registry_bind(m_registry, m_first, &first, 1));
+        void *exporter = m_globals.bind(zxdg_exporter_v2_interface);
+        m_exporter = static_cast<zxdg_exporter_v2 *>(exporter ? exporter : m_globals.bind(first));
+        if (!m_exporter)
+            return m_take({});
         m_exported = zxdg_exporter_v2_export_toplevel(m_exporter, m_surface);
         zxdg_exported_v2_add_listener(m_exported, &exportedListener, this);
     }
 
-    static constexpr const char *firstExporterName = "zxdg_exporter_v1";
-    static const wl_registry_listener registryListener;
-    static const wl_callback_listener endOfGlobalsListener;
     static const zxdg_exported_v2_listener exportedListener;
 
     wl_surface *m_surface;
     Take m_take;
-    wl_registry *m_registry;
-    wl_callback *m_endOfGlobals;
-    uint32_t m_first = 0; // the exporters' numbers among the globals, 0 for none
-    uint32_t m_second = 0;
+    WaylandGlobals m_globals;
     zxdg_exporter_v2 *m_exporter = nullptr;
     zxdg_exported_v2 *m_exported = nullptr;
 };
-
-const wl_registry_listener ExportedWindow::WaylandExport::registryListener{
-    [](void *self, wl_registry *, uint32_t name, const char *interface, uint32_t) {
-        static_cast<WaylandExport *>(self)->takeGlobal(name, interface);
-    },
-    [](void *, wl_registry *, uint32_t) {
-    }};
-
-const wl_callback_listener ExportedWindow::WaylandExport::endOfGlobalsListener{
-    [](void *self, wl_callback *, uint32_t) {
-        static_cast<WaylandExport *>(self)->exportSurface();
-    }};
 
 const zxdg_exported_v2_listener ExportedWindow::WaylandExport::exportedListener{
     [](void *self, zxdg_exported_v2 *, const char *handle) {

@@ -134,6 +134,38 @@ private Q_SLOTS:
         QVERIFY(m_run->standardError().contains(end));
     }
 
+    // By what the compositor gives out for that; without it, one that is open already would not.
+    void aFileManagerMayComeToTheFront()
+    {
+        const StandInService files(m_desktop.session(), u"org.freedesktop.FileManager1"_s,
+                                   {{u"ShowItems"_s, {StandInService::reply()}}});
+        const StandInPortal portal(m_desktop.session());
+        portal.prepare(u"OpenFile"_s,
+                       {StandInService::replyRequest(),
+                        StandInPortal::respond(StandInPortal::success, {u"file:///out"_s})});
+        m_run->set(u"WAYLAND_DEBUG"_s, u"client"_s);
+        QVERIFY(start());
+        using Role = AccessibleItem::Role;
+        const auto press = [this](const AccessibleItem::Condition &button) {
+            std::optional<AccessibleItem> item;
+            return QTest::qWaitFor(
+                       [&] {
+                           item = m_desktop.application(m_run->id())->find(button);
+                           return item.has_value();
+                       },
+                       patience)
+                   && item->act(u"Press"_s);
+        };
+        QVERIFY(press(AccessibleItem::beginning(Role::button, u"Save to "_s)));
+        QVERIFY(press(AccessibleItem::named(Role::button, u"Show output folder"_s)));
+        QTRY_COMPARE_WITH_TIMEOUT(files.calls(u"ShowItems"_s).size(), 1, patience);
+        const QVariantList call = files.calls(u"ShowItems"_s)[0];
+        QCOMPARE(call[0].toStringList(), QStringList{u"file:///out"_s});
+        QVERIFY(!call[1].toString().isEmpty());
+        QVERIFY(m_run->standardError().contains("xdg_activation_token_v1@"));
+        QVERIFY(m_run->standardError().contains(".done(\"" + call[1].toByteArray() + "\")"));
+    }
+
 private:
     bool start()
     {
