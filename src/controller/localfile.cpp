@@ -7,8 +7,6 @@
 
 #include <QSysInfo>
 
-#include <climits>
-
 using namespace Qt::StringLiterals;
 
 namespace quorvale {
@@ -30,10 +28,9 @@ std::optional<QUrl> localFile(const QUrl &url)
     // A URL that could not be decoded may still pass for a local one.
     if (!url.isValid() || !url.isLocalFile() || !isThisMachine(url.host()))
         return std::nullopt;
-    const QByteArray path = filePath(url);
-    if (path.contains('\0') || path.size() >= PATH_MAX)
+    if (url.path(QUrl::FullyDecoded).contains(QChar::Null))
         return std::nullopt;
-    return url.host().isEmpty() ? url : fileUrl(path);
+    return url.host().isEmpty() ? url : fileUrl(filePath(url));
 }
 
 } // namespace quorvale

@@ -4,6 +4,7 @@
 #include "applicationservice.h"
 
 #include <array>
+#include <climits>
 #include <utility>
 
 using namespace std::chrono;
@@ -23,6 +24,9 @@ const auto endOfPatience = u"org.quorvale.Quorvale.end-of-patience"_s;
 constexpr std::array keysOfWindow{std::pair("XDG_ACTIVATION_TOKEN", "activation-token"_L1),
                                   std::pair("DESKTOP_STARTUP_ID", "desktop-startup-id"_L1)};
 constexpr qsizetype mostCharacters = 1024;
+
+// Of a file: no path that the system opens is longer, with each of its bytes encoded.
+constexpr auto mostOfUri = qsizetype(3) * PATH_MAX;
 
 // The same for all processes of the machine.
 qlonglong now()
@@ -72,8 +76,10 @@ void ApplicationService::Activate(const QVariantMap &platformData)
 void ApplicationService::Open(const QStringList &uris, const QVariantMap &platformData)
 {
     QList<QUrl> files;
-    for (const QString &uri : uris)
-        files << QUrl::fromEncoded(uri.toUtf8());
+    for (const QString &uri : uris) {
+        if (uri.size() <= mostOfUri)
+            files << QUrl::fromEncoded(uri.toUtf8());
+    }
     take(files, platformData);
 }
 

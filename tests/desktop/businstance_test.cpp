@@ -15,6 +15,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <climits>
+
 #include <memory>
 
 using namespace quorvale;
@@ -127,7 +129,9 @@ private Q_SLOTS:
     {
         makeFirst();
         QSignalSpy handedOver(m_instance.get(), &Instance::handedOver);
-        verifyAnswers(callOpen({u"file:///caf%E9.mp4"_s, u"file://localhost/b.mp4"_s}), true);
+        const QString tooLong = u"file:///"_s + QString(3 * PATH_MAX, u'x') + u".mp4"_s;
+        verifyAnswers(callOpen({u"file:///caf%E9.mp4"_s, tooLong, u"file://localhost/b.mp4"_s}),
+                      true);
         QCOMPARE(handedOver.size(), 1);
         const auto files = handedOver[0][0].value<QList<QUrl>>();
         QCOMPARE(files.size(), 2);
