@@ -94,7 +94,7 @@ private Q_SLOTS:
         const StandInFileManager service(*m_bus, {StandInService::refuse()});
         make().reveal(QUrl::fromLocalFile(u"/videos/out/"_s));
         QTRY_COMPARE_WITH_TIMEOUT(m_opened, QList{QUrl::fromLocalFile(u"/videos"_s)}, patience);
-        QCOMPARE(service.shown().size(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(service.shown().size(), 1, patience); // said after the answer
     }
 
     void opensTheParentWhenTheFileManagerKeepsSilent()
