@@ -15,68 +15,33 @@ ColumnLayout {
 
     spacing: 6
 
-    // Of the texts' own fonts. Letters and pictures that another one has to step in for make no row
-    // higher, nor do they move the line that the others stand on.
-    FontMetrics {
-        id: nameMetrics
-
-        font: Theme.bodyMedium
-    }
-
-    FontMetrics {
-        id: statusMetrics
-
-        font: Theme.subheadline
-    }
-
     FontMetrics {
         id: failureMetrics
 
         font: Theme.caption2
     }
 
-    ElidedLine {
-        id: nameLine
-
+    SteadyLine {
         Accessible.ignored: true
         Layout.fillWidth: true
-        Layout.preferredHeight: Math.ceil(nameMetrics.height)
         color: Theme.current.text
-        elide: Text.ElideMiddle
-        font: nameMetrics.font
-        maximumLineCount: 1
+        font: Theme.bodyMedium
         text: column.job.legibleFileName
         whole: column.job.fileName
-
-        transform: Translate {
-            y: Math.round(nameMetrics.ascent - nameLine.baselineOffset)
-        }
     }
 
     RowLayout {
         Layout.fillWidth: true
         spacing: 8
 
-        TextLine {
-            id: folderLine
-
+        SteadyLine {
             Accessible.ignored: true
             Layout.fillWidth: true
             Layout.maximumWidth: Math.ceil(implicitWidth)
-            Layout.preferredHeight: Math.ceil(statusMetrics.height)
             color: Theme.current.secondary
-            elide: Text.ElideMiddle
-            font: statusMetrics.font
-            maximumLineCount: 1
+            font: Theme.subheadline
             text: column.job.legibleFolderName
-
-            transform: Translate {
-                y: Math.round(statusMetrics.ascent - folderLine.baselineOffset)
-            }
-
-            HoverTip {
-                text: column.job.sourcePath
-            }
+            whole: column.job.sourcePath
         }
 
         TextLine {
