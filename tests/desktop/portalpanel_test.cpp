@@ -1,9 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
-#include "desktop/inputbarrier.h"
 #include "desktop/portalpanel.h"
-#include "desktop/portalrequest.h"
 #include "desktop/videonamefilter.h"
 #include "support/patience.h"
 #include "support/privatebus.h"
@@ -15,15 +13,12 @@
 #include <QDBusArgument>
 #include <QDBusObjectPath>
 #include <QDir>
-#include <QMimeData>
 #include <QTest>
 #include <QTimer>
 #include <QWindow>
 
 #include <climits>
 #include <functional>
-
-#include <qpa/qwindowsysteminterface.h>
 
 using namespace quorvale;
 using namespace quorvale::test;
@@ -32,66 +27,21 @@ using namespace Qt::StringLiterals;
 using Answer = std::optional<QList<QUrl>>;
 
 Q_DECLARE_METATYPE(quorvale::OpenPanelRequest)
-Q_DECLARE_METATYPE(std::function<void(QWindow &)>)
 
 namespace {
 
-// A window that counts what the user does there.
-struct WorkedWindow : QWindow
+// A window that counts the clicks that reach it.
+struct ClickedWindow : QWindow
 {
-    WorkedWindow()
+    ClickedWindow()
     {
         resize(100, 100);
         show();
     }
-    void mousePressEvent(QMouseEvent *) override { ++count; }
-    void mouseMoveEvent(QMouseEvent *) override { ++count; }
-    void wheelEvent(QWheelEvent *) override { ++count; }
-    void touchEvent(QTouchEvent *) override { ++count; }
-    void keyPressEvent(QKeyEvent *) override { ++count; }
-    bool event(QEvent *event) override
-    {
-        if (event->type() == QEvent::DragEnter || event->type() == QEvent::Drop)
-            ++count;
-        return QWindow::event(event);
-    }
+    void mousePressEvent(QMouseEvent *) override { ++clicks; }
 
-    int count = 0;
+    int clicks = 0;
 };
-
-// What the user can do to a window, one thing after the other, each of which it counts.
-QList<std::function<void()>> workOn(QWindow &window)
-{
-    static QPointingDevice *const screen = QTest::createTouchDevice();
-    static const QMimeData files;
-    const auto send = [&window](QEvent &&event) {
-        QCoreApplication::sendEvent(&window, &event);
-    };
-    return {[&] { QTest::mouseClick(&window, Qt::LeftButton); },
-            [&] {
-                QTest::mouseMove(&window, {9, 9});
-            },
-            [=] {
-                send(QWheelEvent({9, 9}, {9, 9}, {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false));
-            },
-            [&] {
-                QTest::touchEvent(&window, screen).press(0, {9, 9});
-            },
-            [&] { QTest::keyClick(&window, Qt::Key_Delete); },
-            [=] {
-                send(QDragEnterEvent({9, 9}, Qt::CopyAction, &files, {}, {}));
-            },
-            [=] {
-                send(QDropEvent({9, 9}, Qt::CopyAction, &files, {}, {}));
-            }};
-}
-
-// Has the keyboard go to the window, or to another program for null.
-void giveKeyboardTo(QWindow *window)
-{
-    QWindowSystemInterface::handleWindowActivated<QWindowSystemInterface::SynchronousDelivery>(
-        window);
-}
 
 } // namespace
 
@@ -366,124 +316,39 @@ private Q_SLOTS:
 
     void theProgramsWindowIsShutAndAliveMeanwhile()
     {
-        WorkedWindow window;
+        ClickedWindow window;
         QVERIFY(QTest::qWaitForWindowExposed(&window));
-        int countMeanwhile = -1;
+        int clicksMeanwhile = -1;
         int turns = 0;
         whenOpen([&] {
-            for (const auto &happens : workOn(window))
-                happens();
-            countMeanwhile = window.count;
+            QTest::mouseClick(&window, Qt::LeftButton);
+            clicksMeanwhile = window.clicks;
             QTimer::singleShot(50, this, [&] {
                 ++turns;
                 m_portal->perform({StandInPortal::respond(StandInPortal::cancelled)});
             });
         });
         m_panel->run(severalFolders);
-        QCOMPARE(countMeanwhile, 0);
+        QCOMPARE(clicksMeanwhile, 0);
         QCOMPARE(turns, 1);
-        QVERIFY(!InputBarrier::isUp());
-        for (const auto &happens : workOn(window)) {
-            const int before = window.count;
-            happens();
-            QVERIFY(window.count > before);
-        }
-    }
-
-    void theProgramsWindowCanBeClosedMeanwhile()
-    {
-        WorkedWindow window;
-        QVERIFY(QTest::qWaitForWindowExposed(&window));
-        whenOpen([&] {
-            QWindowSystemInterface::handleCloseEvent<QWindowSystemInterface::SynchronousDelivery>(
-                &window);
-        });
-        Answer answer(QList<QUrl>{});
-        QTimer::singleShot(0, this, [&] { answer = m_panel->run(severalFolders); });
-        QCoreApplication::exec(); // until its last window is closed
-        QVERIFY(!answer);
-        QTRY_COMPARE_WITH_TIMEOUT(m_portal->calls(u"Close"_s).size(), 1, patience);
+        QTest::mouseClick(&window, Qt::LeftButton);
+        QCOMPARE(window.clicks, 1);
     }
 
     // As the user may not see it any more.
-    void aPressOnTheWindowClosesAChooser_data()
+    void escapeInTheProgramsWindowClosesAChooser()
     {
-        using Press = std::function<void(QWindow &)>;
-        const Press byMouse = [](QWindow &window) {
-            QTest::mouseClick(&window, Qt::LeftButton);
-        };
-        const Press byTouch = [](QWindow &window) {
-            static QPointingDevice *const screen = QTest::createTouchDevice();
-            QTest::touchEvent(&window, screen).press(0, {9, 9});
-        };
-        const Press byEscape = [](QWindow &window) {
-            QTest::keyClick(&window, Qt::Key_Escape);
-        };
-        const Press byOther = [](QWindow &window) {
-            QTest::keyClick(&window, Qt::Key_Return);
-        };
-        QTest::addColumn<Press>("press");
-        QTest::addColumn<bool>("isOpen"); // rather than about to come
-        QTest::addColumn<bool>("closes");
-        QTest::newRow("by mouse") << byMouse << true << true;
-        QTest::newRow("by touch") << byTouch << true << true;
-        QTest::newRow("of Escape") << byEscape << true << true;
-        QTest::newRow("of Escape in time") << byEscape << false << true;
-        QTest::newRow("of another key") << byOther << true << false;
-        QTest::newRow("that makes a double click") << byMouse << false << false;
-    }
-    void aPressOnTheWindowClosesAChooser()
-    {
-        QFETCH(const std::function<void(QWindow &)>, press);
-        QFETCH(const bool, isOpen);
-        QFETCH(const bool, closes);
-        WorkedWindow window;
+        ClickedWindow window;
         QVERIFY(QTest::qWaitForWindowExposed(&window));
-        giveKeyboardTo(&window);
         whenOpen([&] {
-            if (isOpen)
-                giveKeyboardTo(nullptr);
-            press(window);
-            // After what the press does.
-            QTimer::singleShot(400, &window, [&] {
+            QTest::keyClick(&window, Qt::Key_Escape);
+            QTimer::singleShot(1000, &window, [&] { // so that a test that fails ends
                 m_portal->perform({StandInPortal::respond(StandInPortal::success)});
             });
         });
-        QCOMPARE(m_panel->run(severalFolders).has_value(), !closes);
-        QTRY_COMPARE_WITH_TIMEOUT(m_portal->calls(u"Close"_s).size(), closes ? 1 : 0, patience);
-        QCOMPARE(m_otherwise->requests.size(), 0);
-    }
-
-    void aChooserThatTheDesktopKeepsAboveIsClosedByWhoInsists()
-    {
-        PortalRequest request(m_bus->connection(u"program"_s));
-        QWindow window;
-        giveKeyboardTo(&window);
-        bool insists = false;
-        whenOpen([&] {
-            giveKeyboardTo(nullptr);
-            request.takePress();
-            request.takePress();
-            QTimer::singleShot(400, &request, [&] {
-                insists = true;
-                request.takePress();
-            });
-        });
-        QCOMPARE(request.open(1, QtFuture::makeReadyFuture(u"x11:7"_s), videos.title, {}),
-                 PortalRequest::Outcome::cancelled);
-        QVERIFY(insists);
+        QVERIFY(!m_panel->run(severalFolders));
         QTRY_COMPARE_WITH_TIMEOUT(m_portal->calls(u"Close"_s).size(), 1, patience);
-    }
-
-    void anAnswerThatIsOnItsWayIsTaken()
-    {
-        WorkedWindow window;
-        QVERIFY(QTest::qWaitForWindowExposed(&window));
-        whenOpen([&] {
-            QTest::keyClick(&window, Qt::Key_Escape);
-            m_portal->perform({StandInPortal::respond(StandInPortal::success)});
-        });
-        QVERIFY(m_panel->run(severalFolders));
+        QCOMPARE(m_otherwise->requests.size(), 0);
     }
 
     void theEndOfTheProgramClosesThePanel_data()
@@ -518,7 +383,7 @@ private Q_SLOTS:
 
     void theEndOfTheWindowMeanwhileDoesNoHarm()
     {
-        auto window = std::make_unique<WorkedWindow>();
+        auto window = std::make_unique<ClickedWindow>();
         QVERIFY(QTest::qWaitForWindowExposed(window.get()));
         whenOpen([&] {
             window.reset();

@@ -196,16 +196,6 @@ private Q_SLOTS:
         QVERIFY(m_desktop.display().windows(videoPanel).isEmpty());
     }
 
-    void theWindowClosesAndWithItThePortalsChooser()
-    {
-        StandInPortal portal(m_desktop.session());
-        QVERIFY(window().press(u"ctrl+o"_s));
-        QTRY_COMPARE_WITH_TIMEOUT(portal.calls(u"OpenFile"_s).size(), 1, patience);
-        QVERIFY(window().close());
-        QCOMPARE(m_bench->run().waitForEnd(), std::optional(0));
-        QTRY_COMPARE_WITH_TIMEOUT(portal.calls(u"Close"_s).size(), 1, patience);
-    }
-
     void theShortcutOfANewWindowDoesNothing()
     {
         const QByteArray before = window().restingPicture();
