@@ -126,7 +126,7 @@ ViewTest {
         start.forceActiveFocus(Qt.TabFocusReason);
         const seen = [];
         do {
-            seen.push(test.Window.window.activeFocusItem.Accessible.name);
+            seen.push(focusItem().Accessible.name);
             compare(all(view, FocusRing).length, 1, seen[seen.length - 1]);
             keyClick(Qt.Key_Tab);
         } while (!start.activeFocus && seen.length < 40);

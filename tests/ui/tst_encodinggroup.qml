@@ -253,7 +253,7 @@ ViewTest {
         const press = (key, index) => {
             keyClick(key);
             compare(entries.map(entry => entry.highlighted), entries.map(entry => entry === entries[index]));
-            compare(test.Window.window.activeFocusItem, entries[index]);
+            compare(focusItem(), entries[index]);
         };
         for (const [key, index] of [[Qt.Key_Home, 0], [Qt.Key_End, 2], [Qt.Key_Up, 1], [Qt.Key_Up, 0],
                                     [Qt.Key_Up, 0], [Qt.Key_B, 1], [Qt.Key_Up, 0]])

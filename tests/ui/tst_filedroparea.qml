@@ -8,7 +8,7 @@ import Quorvale.Style
 import Quorvale.Testing
 
 // Drops onto the empty queue and onto the list.
-ViewTest {
+JobListTest {
     id: test
 
     name: "FileDropArea"
@@ -17,16 +17,6 @@ ViewTest {
         id: zones
 
         DropZone {
-            height: 460
-            model: Bench.model
-            width: 649
-        }
-    }
-
-    Component {
-        id: lists
-
-        JobList {
             height: 460
             model: Bench.model
             width: 649

@@ -8,22 +8,12 @@ import Quorvale.Style
 import Quorvale.Testing
 
 // What the buttons of a row do.
-ViewTest {
+JobListTest {
     id: test
 
     readonly property var names: ["a.mp4", "b.mp4", "c.mp4"]
 
     name: "JobControls"
-
-    Component {
-        id: lists
-
-        JobList {
-            height: 460
-            model: Bench.model
-            width: 649
-        }
-    }
 
     SignalSpy {
         id: jobs

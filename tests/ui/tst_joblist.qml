@@ -6,24 +6,10 @@ import Quorvale
 import Quorvale.Style
 import Quorvale.Testing
 
-ViewTest {
+JobListTest {
     id: test
 
     name: "JobList"
-
-    Component {
-        id: lists
-
-        JobList {
-            height: 460
-            model: Bench.model
-            width: 649
-        }
-    }
-
-    function list() {
-        return one(view, JobListView);
-    }
 
     /// The progress of the whole queue.
     function bars() {

@@ -7,33 +7,13 @@ import Quorvale.Style
 import Quorvale.Testing
 
 // The menu of a row.
-ViewTest {
+JobListTest {
     id: test
 
     name: "JobMenu"
 
     readonly property string showVideo: "Show Video in File Manager"
     readonly property string showConverted: "Show Converted File in File Manager"
-
-    Component {
-        id: lists
-
-        JobList {
-            height: 460
-            model: Bench.model
-            width: 649
-        }
-    }
-
-    Component {
-        id: fields
-
-        TextEdit {}
-    }
-
-    function list() {
-        return one(view, JobListView);
-    }
 
     function row(index) {
         return list().itemAtIndex(index);
@@ -120,9 +100,7 @@ ViewTest {
         verify(Bench.revealedFolders[1].endsWith("/complete_converted.mp4"), Bench.revealedFolders[1]);
         open(0);
         choose("Copy Message");
-        const field = createTemporaryObject(fields, test);
-        field.paste();
-        compare(field.text, "No space left\non device");
+        compare(pasted(), "No space left\non device");
         open(1);
         choose("Queue Again");
         compare(Bench.model.completedCount, 0);
@@ -150,7 +128,7 @@ ViewTest {
         tryVerify(() => row(1).activeFocus);
         // Also from a button of the row, where it was.
         keyClick(Qt.Key_Tab);
-        const button = test.Window.window.activeFocusItem;
+        const button = focusItem();
         compare(button.text, "Move up");
         keyClick(data.key, data.modifiers);
         tryVerify(() => entries().length === 4);

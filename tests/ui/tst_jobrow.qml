@@ -7,22 +7,12 @@ import Quorvale.Style
 import Quorvale.Testing
 
 // A row in each of its job's states.
-ViewTest {
+JobListTest {
     id: test
 
     readonly property var states: ["waiting", "converting", "completed", "cancelled", "failed"]
 
     name: "JobRow"
-
-    Component {
-        id: lists
-
-        JobList {
-            height: 460
-            model: Bench.model
-            width: 649
-        }
-    }
 
     function showState(state) {
         Bench.queue(["/videos/Trip/clip.mkv"]);

@@ -7,22 +7,12 @@ import Quorvale.Style
 import Quorvale.Testing
 
 // What becomes of a row's texts that are too long for it.
-ViewTest {
+JobListTest {
     id: test
 
     readonly property string longName: "start " + "of a long name ".repeat(15) + "end.mkv"
 
     name: "JobText"
-
-    Component {
-        id: lists
-
-        JobList {
-            height: 460
-            model: Bench.model
-            width: 649
-        }
-    }
 
     function row() {
         return one(view, JobRow);

@@ -150,7 +150,7 @@ ViewTest {
         one(view, BorderedButton, b => b.text === "Folder").forceActiveFocus(Qt.TabFocusReason);
         const seen = [];
         for (let i = 0; i < 9; ++i) {
-            seen.push(test.Window.window.activeFocusItem.Accessible.name);
+            seen.push(focusItem().Accessible.name);
             keyClick(Qt.Key_Tab);
         }
         compare(seen, ["Folder", "Add Videos", "a.mp4", "Move up", "Move down", "Remove from queue",

@@ -8,22 +8,12 @@ import Quorvale.Style
 import Quorvale.Testing
 
 // Rows that are dragged with the mouse.
-ViewTest {
+JobListTest {
     id: test
 
     readonly property int rowHeight: 56
 
     name: "RowReorder"
-
-    Component {
-        id: lists
-
-        JobList {
-            height: 460
-            model: Bench.model
-            width: 649
-        }
-    }
 
     SignalSpy {
         id: jobs
@@ -36,10 +26,6 @@ ViewTest {
         show(lists);
         jobs.target = Bench.model;
         jobs.clear();
-    }
-
-    function list() {
-        return one(view, JobListView);
     }
 
     function row(number) {

@@ -235,7 +235,7 @@ ViewTest {
 
     function test_tabGoesToTheChosenCodec() {
         choose("ProRes 422");
-        const name = () => test.Window.window.activeFocusItem.Accessible.name;
+        const name = () => focusItem().Accessible.name;
         hardwareSwitch().forceActiveFocus(Qt.TabFocusReason);
         keyClick(Qt.Key_Backtab);
         compare(name(), "ProRes 422");
@@ -505,7 +505,7 @@ ViewTest {
         codecButton("H.264").forceActiveFocus(Qt.TabFocusReason);
         const seen = [];
         for (let i = 0; i < 4; ++i) {
-            const item = test.Window.window.activeFocusItem;
+            const item = focusItem();
             seen.push(item.Accessible.name);
             verify(item.visualFocus);
             keyClick(Qt.Key_Tab);

@@ -282,7 +282,7 @@ ViewTest {
         start.forceActiveFocus(Qt.TabFocusReason);
         const seen = [];
         const verifyFocusInSight = () => {
-            const item = test.Window.window.activeFocusItem;
+            const item = focusItem();
             if (!isInside(item, one(view, SettingsSidebar)))
                 return false;
             verify(isInSight(item), item.Accessible.name);

@@ -61,6 +61,11 @@ TestCase {
         Pixels.layOut(test.Window.window.contentItem);
     }
 
+    /// What has the keyboard.
+    function focusItem() {
+        return test.Window.window.activeFocusItem;
+    }
+
     /// The shown items of the type below the item, outermost first, that pass the check.
     function all(item, type, check) {
         let found = [];
