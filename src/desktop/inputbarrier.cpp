@@ -45,13 +45,13 @@ bool InputBarrier::eventFilter(QObject *receiver, QEvent *event)
         if (static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape)
             Q_EMIT escaped();
         return true;
-    case QEvent::MouseButtonPress:
-    case QEvent::TabletPress:
+    case QEvent::MouseButtonPress: // also by a pen, of which Qt makes one when it is not taken
     case QEvent::TouchBegin:
         Q_EMIT pressed();
         return true;
     case QEvent::MouseButtonDblClick:
     case QEvent::MouseMove:
+    case QEvent::TabletPress:
     case QEvent::TabletMove:
     case QEvent::TouchUpdate:
     case QEvent::Wheel:

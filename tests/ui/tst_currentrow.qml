@@ -39,8 +39,10 @@ JobListTest {
             keyClick(Qt.Key_Escape);
         }},
         {"tag": "touch", "work": row => touch(row, 200, 20)},
+        {"tag": "pen", "work": row => Pen.tap(row, 200, 20)},
         {"tag": "its button", "work": row => mouseClick(button(row, "Move down")), "moves": 1},
         {"tag": "touch on its button", "work": row => touch(button(row, "Move up"), 12, 12), "moves": -1},
+        {"tag": "pen on its button", "work": row => Pen.tap(button(row, "Move up"), 12, 12), "moves": -1},
         {"tag": "its button by assistive technology, with the keyboard elsewhere in the list",
          "work": row => {
             list().currentItem.forceActiveFocus(Qt.TabFocusReason);
