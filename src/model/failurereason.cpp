@@ -53,6 +53,8 @@ constexpr auto beginnings = std::to_array<QStringView>({
     u"x265 [info]: ",
     u"encoded ",
     u"Qavg: ",
+    // libgcrypt, where the user may lock no memory
+    u"Warning: using insecure memory!",
 });
 
 // What remarks end with that ffmpeg makes of whatever it then refuses.

@@ -112,6 +112,7 @@ private:
         {u"5.1/empty-mp4"_s, u"moov atom not found"_s},
         {u"5.1/empty-mkv"_s, u"EBML header parsing failed"_s},
         {u"5.1/noise"_s, u"moov atom not found"_s},
+        {u"5.1/unlocked-memory"_s, u"moov atom not found"_s},
         {u"5.1/text-mkv"_s, u"EBML header parsing failed"_s},
         {u"5.1/cut-mp4"_s, u"moov atom not found"_s},
         {u"5.1/cut-behind-moov"_s, u"stream 0, offset 0x907: partial file"_s},
