@@ -7,6 +7,7 @@
 #include "support/testclass.h"
 #include "support/videofile.h"
 
+#include <QFile>
 #include <QTest>
 
 #include <cmath>
@@ -87,13 +88,17 @@ private:
 
     QString source() const { return m_folder.filePath(u"long.mp4"_s); }
 
+    QString output() const { return m_bench->output(u"long_converted.mp4"_s); }
+
     // Waits until the ffmpeg that really converts is at work, and has it rest until the program has
-    // ended.
+    // ended. Until it writes, a library of its own may say something, and end it if nobody listens.
     bool startConversion(pid_t &ffmpeg)
     {
         return m_bench->window().chooseOutputFolder(m_bench->outputFolder())
                && m_bench->drop({source()}) && m_bench->window().convert(1)
-               && m_bench->waitForTool("libx264", ffmpeg) && ::kill(ffmpeg, SIGSTOP) == 0;
+               && m_bench->waitForTool("libx264", ffmpeg)
+               && QTest::qWaitFor([this] { return QFile::exists(output()); }, patience)
+               && ::kill(ffmpeg, SIGSTOP) == 0;
     }
 
     // That ffmpeg, now an orphan, is the only process left, ends well and leaves the whole video.
@@ -107,7 +112,7 @@ private:
         QVERIFY(WIFEXITED(end));
         QCOMPARE(WEXITSTATUS(end), 0);
 
-        const double duration = videoDuration(m_bench->output(u"long_converted.mp4"_s)).value_or(0);
+        const double duration = videoDuration(output()).value_or(0);
         QVERIFY2(std::abs(duration - seconds) <= 0.1, qPrintable(QString::number(duration)));
     }
 
