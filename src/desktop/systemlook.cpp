@@ -58,10 +58,7 @@ SystemLook::SystemLook(QObject *parent) : QObject(parent)
         Q_EMIT fontChanged();
     });
     m_isKnown = settings->hasAnswered();
-    connect(settings, &AppearancePortal::answered, this, [this] {
-        m_isKnown = true;
-        Q_EMIT known();
-    });
+    connect(settings, &AppearancePortal::answered, this, [this] { m_isKnown = true; });
 #endif
 }
 

@@ -54,7 +54,6 @@ public:
 Q_SIGNALS:
     void changed();
     void fontChanged();
-    void known();
 
 private:
     bool isWindowDark() const;
