@@ -33,15 +33,14 @@ QCoro::Task<> Batch::run()
         m_jobs.setState(id, JobState::converting());
         m_jobs.setProgress(id, 0.0);
         // The service asks for it on a thread of its own, which may outlive the batch.
-        const auto chosen = std::make_shared<QUrl>(); // to be read when it has ended well
-        const FFmpegService::DestinationChooser output =
-            [chosen, source, destination = m_destination, settings = m_settings] {
-                *chosen = outputUrl(source, destination, settings);
-                return *chosen;
-            };
+        const FFmpegService::DestinationChooser chooser = [source, destination = m_destination,
+                                                           settings = m_settings] {
+            return outputUrl(source, destination, settings);
+        };
         try {
-            co_await m_service.convert(source, output, m_settings, progressHandler(id));
-            m_jobs.complete(id, *chosen);
+            const QUrl output =
+                co_await m_service.convert(source, chooser, m_settings, progressHandler(id));
+            m_jobs.complete(id, output);
             m_jobs.setProgress(id, 1.0);
         } catch (const FFmpegError &error) {
             if (error.kind() == FFmpegError::Case::cancelled) {

@@ -62,16 +62,16 @@ const QSet<QString> &FFmpegService::supportedExtensions()
     return extensions;
 }
 
-QFuture<void> FFmpegService::convert(const QUrl &source, const DestinationChooser &destination,
+QFuture<QUrl> FFmpegService::convert(const QUrl &source, const DestinationChooser &destination,
                                      const ConversionSettings &settings,
                                      const ProgressHandler &onProgress)
 {
     // The promise is handled here rather than by QtConcurrent::run, which would wrap the errors.
-    const auto promise = std::make_shared<QPromise<void>>();
+    const auto promise = std::make_shared<QPromise<QUrl>>();
     promise->start();
     m_workers.start([=, this, cancelled = m_activeProcess.watchForCancel()] {
         try {
-            runConversion(source, destination, settings, onProgress, cancelled);
+            promise->addResult(runConversion(source, destination, settings, onProgress, cancelled));
         } catch (...) {
             promise->setException(std::current_exception());
         }
@@ -80,7 +80,7 @@ QFuture<void> FFmpegService::convert(const QUrl &source, const DestinationChoose
     return promise->future();
 }
 
-void FFmpegService::runConversion(const QUrl &source, const DestinationChooser &chooseDestination,
+QUrl FFmpegService::runConversion(const QUrl &source, const DestinationChooser &chooseDestination,
                                   ConversionSettings settings, const ProgressHandler &onProgress,
                                   const std::stop_token &cancelled)
 {
@@ -104,8 +104,10 @@ void FFmpegService::runConversion(const QUrl &source, const DestinationChooser &
         EncoderRun run(*ffmpeg, source, destination, settings, target);
         const auto published = m_activeProcess.publish(run.process());
         run.run(info.duration, onProgress);
-        if (!settings.useHardware || !run.lacksEncoder())
-            return run.verify();
+        if (!settings.useHardware || !run.lacksEncoder()) {
+            run.verify();
+            return destination;
+        }
     }
 
     // Once more without the media engine; a cancel between the two runs counts as well.
@@ -116,6 +118,7 @@ void FFmpegService::runConversion(const QUrl &source, const DestinationChooser &
         throw FFmpegError::cancelled();
     run.run(info.duration, onProgress);
     run.verify();
+    return destination;
 }
 
 MediaInfo FFmpegService::probe(const QUrl &source, const QUrl &ffmpeg)

@@ -47,7 +47,8 @@ public:
     static const QSet<QString> &supportedExtensions();
 
     /// Converts the file `source` into the file `destination`, whose extension decides the
-    /// container, on a worker thread. Missing folders of the destination are created.
+    /// container, on a worker thread. Missing folders of the destination are created. The future
+    /// holds where the output is.
     ///
     /// The future throws FFmpegError::notFound when there is no ffmpeg, FFmpegError::cancelled when
     /// a signal ended it, FFmpegError::processFailed when it ended with another status than 0 or
@@ -65,7 +66,7 @@ public:
     /// FFmpegError::cancelled, and nothing waits for the disk but a thread that is left behind.
     ///
     /// Any thread; one conversion at a time is expected, as cancel() reaches the latest only.
-    QFuture<void> convert(const QUrl &source, const QUrl &destination,
+    QFuture<QUrl> convert(const QUrl &source, const QUrl &destination,
                           const ConversionSettings &settings, const ProgressHandler &onProgress)
     {
         return convert(
@@ -73,7 +74,7 @@ public:
     }
 
     /// The same into the file that `destination` chooses when the conversion begins.
-    QFuture<void> convert(const QUrl &source, const DestinationChooser &destination,
+    QFuture<QUrl> convert(const QUrl &source, const DestinationChooser &destination,
                           const ConversionSettings &settings, const ProgressHandler &onProgress);
 
     /// Interrupts the ffmpeg that converts now, with one SIGINT per call. A probe is not
@@ -82,7 +83,7 @@ public:
     void cancel() { m_activeProcess.cancel(); }
 
 private:
-    void runConversion(const QUrl &source, const DestinationChooser &chooseDestination,
+    QUrl runConversion(const QUrl &source, const DestinationChooser &chooseDestination,
                        ConversionSettings settings, const ProgressHandler &onProgress,
                        const std::stop_token &cancelled);
     static MediaInfo probe(const QUrl &source, const QUrl &ffmpeg);

@@ -157,7 +157,7 @@ private Q_SLOTS:
 private:
     QString folder(const QString &name) const { return m_folder.filePath(name); }
 
-    QFuture<void> start(const QString &source, const QString &output,
+    QFuture<QUrl> start(const QString &source, const QString &output,
                         const ConversionSettings &settings)
     {
         return m_service.convert(QUrl::fromLocalFile(source), QUrl::fromLocalFile(output), settings,

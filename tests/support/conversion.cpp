@@ -24,7 +24,7 @@ QList<double> ProgressLog::values() const
     return m_values;
 }
 
-ConversionEnd endOf(QFuture<void> conversion)
+ConversionEnd endOf(QFuture<QUrl> conversion)
 {
     QDeadlineTimer deadline(patience);
     while (!conversion.isFinished() && !deadline.hasExpired())

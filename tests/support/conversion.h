@@ -36,6 +36,6 @@ private:
 };
 
 /// Waits for the conversion's end. Needs no event loop.
-ConversionEnd endOf(QFuture<void> conversion);
+ConversionEnd endOf(QFuture<QUrl> conversion);
 
 } // namespace quorvale::test
