@@ -3,27 +3,22 @@
 
 #include "execution.h"
 
+#include "toolenvironment.h"
+
 #include <cerrno>
 #include <new>
 
 #include <sys/mman.h>
 #include <unistd.h>
 
-extern char **environ; // which POSIX has the program declare
-
 namespace quorvale {
 
 Execution::Execution(const QByteArray &executable, const QByteArrayList &arguments)
-    : m_words(QByteArrayList{executable} + arguments)
+    : m_words(QByteArrayList{executable} + arguments), m_environment(toolEnvironment())
 {
     for (QByteArray &word : m_words)
         m_vector.push_back(word.data());
     m_vector.push_back(nullptr);
-    // Where the environment asks for colours, lines would begin with codes for them.
-    static char plainMessages[] = "AV_LOG_FORCE_NOCOLOR=1";
-    for (char **entry = ::environ; *entry; ++entry)
-        m_environment.push_back(*entry);
-    m_environment.insert(m_environment.end(), {plainMessages, nullptr});
     ::sigemptyset(&m_noSignals);
     void *const shared =
         ::mmap(nullptr, sizeof(int), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
@@ -43,7 +38,7 @@ void Execution::perform()
     for (int signal = 1; signal < NSIG; ++signal)
         std::signal(signal, SIG_DFL);
     ::pthread_sigmask(SIG_SETMASK, &m_noSignals, nullptr);
-    ::execve(m_vector.front(), m_vector.data(), m_environment.data());
+    ::execve(m_vector.front(), m_vector.data(), m_environment);
     if (m_error)
         *m_error = errno;
     constexpr int cannotExecute = 126; // as shells say it

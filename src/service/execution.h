@@ -11,9 +11,9 @@
 
 namespace quorvale {
 
-/// Turns a child process that was just forked into a program. QProcess could do it, but up to 6.4
-/// at least it loses a file descriptor whenever that fails. Tools of ffmpeg are asked not to colour
-/// what they say.
+/// Turns a child process that was just forked into a program with toolEnvironment(). QProcess could
+/// do it, but would make texts of the arguments, and up to 6.4 at least it loses a descriptor
+/// whenever that fails.
 class Execution
 {
 public:
@@ -35,9 +35,9 @@ public:
 
 private:
     QByteArrayList m_words;
-    std::vector<char *> m_vector;      // of the words, ending in a null
-    std::vector<char *> m_environment; // this program's and a little more, ending in a null
-    sigset_t m_noSignals;              // blocked
+    std::vector<char *> m_vector; // of the words, ending in a null
+    char *const *m_environment;
+    sigset_t m_noSignals; // blocked
     int *m_error; // in memory that parent and child share; without it the exit status has to do
 };
 

@@ -7,6 +7,7 @@
 #include "graphics.h"
 #include "processdefaults.h"
 #include "quorvaleapp.h"
+#include "service/toolenvironment.h"
 
 #include <QApplication>
 
@@ -19,6 +20,7 @@ int main(int argc, char *argv[])
     quorvale::restoreProcessDefaults();
     quorvale::prepareForDesktop();
     const QVariantMap platformData = quorvale::platformDataOfStart();
+    (void)quorvale::toolEnvironment(); // copied before there are threads
     const QList<QByteArray> words(argv + std::min(argc, 1), argv + argc);
     const QList<QUrl> files = quorvale::fileOperands(words, quorvale::workingFolder());
 

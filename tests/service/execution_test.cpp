@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "service/execution.h"
+#include "service/toolenvironment.h"
 #include "support/testclass.h"
 
 #include <QTest>
@@ -54,11 +55,13 @@ private Q_SLOTS:
         QCOMPARE(outcome.exitStatus, 7);
     }
 
-    void aProgramGetsTheEnvironmentButIsToPrintNoColours()
+    void aProgramGetsTheEnvironmentOfTheStartButIsToPrintNoColours()
     {
-        ::setenv("QUORVALE_TEST", "kept", 1);
-        const Outcome outcome = execute(
-            "/bin/sh", {"-c", "[ $QUORVALE_TEST = kept ] && [ $AV_LOG_FORCE_NOCOLOR = 1 ]"});
+        (void)toolEnvironment();
+        ::setenv("QUORVALE_TEST", "later", 1);
+        const QByteArray script =
+            "[ \"$PATH\" = \"$1\" ] && [ -z \"$QUORVALE_TEST\" ] && [ $AV_LOG_FORCE_NOCOLOR = 1 ]";
+        const Outcome outcome = execute("/bin/sh", {"-c", script, "name", qgetenv("PATH")});
         ::unsetenv("QUORVALE_TEST");
         QCOMPARE(outcome.error, 0);
         QCOMPARE(outcome.exitStatus, 0);
