@@ -33,10 +33,11 @@ QCoro::Task<> Batch::run()
         m_jobs.setState(id, JobState::converting());
         m_jobs.setProgress(id, 0.0);
         // The service asks for it on a thread of its own, which may outlive the batch.
-        const FFmpegService::DestinationChooser chooser = [source, destination = m_destination,
-                                                           settings = m_settings] {
-            return outputUrl(source, destination, settings);
-        };
+        const FFmpegService::DestinationChooser chooser =
+            [source, destination = m_destination,
+             settings = m_settings](const std::stop_token &givenUp) {
+                return outputUrl(source, destination, settings, givenUp);
+            };
         try {
             const QUrl output =
                 co_await m_service.convert(source, chooser, m_settings, progressHandler(id));

@@ -21,7 +21,8 @@ bool isTaken(const QByteArray &path)
 
 } // namespace
 
-QUrl outputUrl(const QUrl &source, const QUrl &destination, const ConversionSettings &settings)
+QUrl outputUrl(const QUrl &source, const QUrl &destination, const ConversionSettings &settings,
+               const std::stop_token &givenUp)
 {
     const QByteArray sourcePath = filePath(source);
     QByteArray folder = filePath(destination);
@@ -31,7 +32,7 @@ QUrl outputUrl(const QUrl &source, const QUrl &destination, const ConversionSett
         return folder + outputFileName(lastPathComponent(sourcePath), settings.codec, attempt);
     };
     int attempt = 1;
-    while (!settings.overwrite && isTaken(candidate(attempt)))
+    while (!settings.overwrite && !givenUp.stop_requested() && isTaken(candidate(attempt)))
         ++attempt;
     return fileUrl(candidate(attempt));
 }

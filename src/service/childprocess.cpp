@@ -4,14 +4,18 @@
 #include "childprocess.h"
 
 #include "execution.h"
+#include "ffmpegerror.h"
 #include "model/filepath.h"
 #include "systemerror.h"
 
 #include <QEventLoop>
 #include <QProcess>
 #include <QScopeGuard>
+#include <QTimer>
 
 #include <csignal>
+#include <memory>
+#include <stop_token>
 #include <system_error>
 
 using namespace Qt::StringLiterals;
@@ -28,6 +32,15 @@ void sendInterrupt(const QProcess &process)
         ::kill(static_cast<pid_t>(id), SIGINT);
 }
 
+// Destroyed while the tool runs, the object would wait for it, which may hang in the system.
+void abandon(std::unique_ptr<QProcess> process)
+{
+    process->disconnect();
+    process->kill();
+    QObject::connect(process.get(), &QProcess::finished, process.get(), &QObject::deleteLater);
+    (void)process.release();
+}
+
 } // namespace
 
 ChildProcess::ChildProcess(const QByteArray &executable, const QByteArrayList &arguments)
@@ -35,9 +48,11 @@ ChildProcess::ChildProcess(const QByteArray &executable, const QByteArrayList &a
 {
 }
 
-ChildProcess::End ChildProcess::run(const Reader &readOutput, const Reader &readError)
+ChildProcess::End ChildProcess::run(const Reader &readOutput, const Reader &readError,
+                                    const Patience &patience)
 {
-    QProcess process;
+    auto owner = std::make_unique<QProcess>();
+    QProcess &process = *owner;
     process.setInputChannelMode(QProcess::ForwardedInputChannel);
     if (readOutput) {
         QObject::connect(&process, &QProcess::readyReadStandardOutput, &process,
@@ -80,8 +95,18 @@ ChildProcess::End ChildProcess::run(const Reader &readOutput, const Reader &read
         m_running = nullptr;
     });
 
+    const auto beginToGiveUp = [&] {
+        QTimer::singleShot(patience.afterwards, &untilEnd, &QEventLoop::quit);
+    };
+    const std::stop_callback onCancel(patience.cancelled, [&] {
+        QMetaObject::invokeMethod(&untilEnd, beginToGiveUp, Qt::QueuedConnection);
+    });
     if (process.state() != QProcess::NotRunning)
         untilEnd.exec();
+    if (process.state() != QProcess::NotRunning) {
+        abandon(std::move(owner));
+        throw FFmpegError::cancelled();
+    }
     return {process.exitStatus() == QProcess::CrashExit, process.exitCode()};
 }
 

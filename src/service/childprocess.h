@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "patience.h"
+
 #include <QByteArrayList>
 #include <QByteArrayView>
 
@@ -35,8 +37,10 @@ public:
     /// calling thread, on which the readers are called too; not for the main thread. A stream
     /// without a reader goes to the null device. To be called once.
     ///
-    /// Throws SystemError when the tool cannot be started.
-    End run(const Reader &readOutput, const Reader &readError);
+    /// Throws SystemError when the tool cannot be started, and FFmpegError::cancelled when
+    /// `patience` ends first. Then the tool is killed, and what the system does not let go of at
+    /// once is left to the event loops that the thread runs later.
+    End run(const Reader &readOutput, const Reader &readError, const Patience &patience = {});
 
     /// Sends the tool one SIGINT. An interrupt that comes before the launch is delivered right
     /// after it; one that comes when the tool has ended does nothing. Any thread, never blocks.

@@ -3,7 +3,7 @@
 
 #include "ffmpegservice.h"
 
-#include "disklook.h"
+#include "descriptors.h"
 #include "encoderrun.h"
 #include "ffmpegerror.h"
 #include "mediadescription.h"
@@ -18,17 +18,16 @@
 #include <QFileInfo>
 #include <QPromise>
 
+#include <system_error>
+
 using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
 
 namespace quorvale {
 
 namespace {
 
-// How long a disk that was asked before a cancel may take to answer after it, ...
-constexpr auto diskPatience = 250ms;
-// ... and how long a tool that reads from one, which is not interrupted.
-constexpr auto probePatience = 5s;
+// The most that a conversion needs at a time.
+constexpr int neededDescriptors = 16;
 
 SystemError implausibleBitrate(qint64 bitrate)
 {
@@ -38,9 +37,15 @@ SystemError implausibleBitrate(qint64 bitrate)
             .arg(rawValue(EncodingGoal::constantQuality)));
 }
 
+SystemError cannotStart(const std::system_error &error)
+{
+    return SystemError(u"The conversion could not be started: %1"_s.arg(
+        QString::fromLocal8Bit(error.code().message())));
+}
+
 } // namespace
 
-FFmpegService::FFmpegService() = default;
+FFmpegService::FFmpegService(const CancelPatience &patience) : m_patience(patience) {}
 FFmpegService::~FFmpegService() = default;
 
 std::optional<QUrl> FFmpegService::locateBinary(const QString &named)
@@ -68,15 +73,26 @@ QFuture<QUrl> FFmpegService::convert(const QUrl &source, const DestinationChoose
 {
     // The promise is handled here rather than by QtConcurrent::run, which would wrap the errors.
     const auto promise = std::make_shared<QPromise<QUrl>>();
+    const auto fail = [promise](const std::exception_ptr &error) {
+        promise->setException(error);
+        promise->finish();
+    };
     promise->start();
-    m_workers.start([=, this, cancelled = m_activeProcess.watchForCancel()] {
+    const auto task = [=, this, cancelled = m_activeProcess.watchForCancel()] {
         try {
             promise->addResult(runConversion(source, destination, settings, onProgress, cancelled));
+            promise->finish();
+        } catch (const std::system_error &error) {
+            fail(std::make_exception_ptr(cannotStart(error)));
         } catch (...) {
-            promise->setException(std::current_exception());
+            fail(std::current_exception());
         }
-        promise->finish();
-    });
+    };
+    try {
+        m_worker.post(task);
+    } catch (const std::system_error &error) {
+        fail(std::make_exception_ptr(cannotStart(error)));
+    }
     return promise->future();
 }
 
@@ -84,18 +100,26 @@ QUrl FFmpegService::runConversion(const QUrl &source, const DestinationChooser &
                                   ConversionSettings settings, const ProgressHandler &onProgress,
                                   const std::stop_token &cancelled)
 {
-    const QUrl destination = askDisk(cancelled, diskPatience, chooseDestination);
+    const Patience diskPatience{cancelled, m_patience.disk};
+    const Patience probePatience{cancelled, m_patience.probe};
+
+    demandDescriptors(neededDescriptors);
     const auto ffmpeg = locateBinary(u"ffmpeg"_s);
     if (!ffmpeg)
         throw FFmpegError::notFound();
-    askDisk(cancelled, diskPatience, [source] { refuseSpecialFile(source); });
-    const MediaInfo info =
-        askDisk(cancelled, probePatience, [source, ffmpeg] { return probe(source, *ffmpeg); });
-    askDisk(cancelled, diskPatience, [source, destination, overwrite = settings.overwrite] {
-        createFolderFor(destination);
-        if (overwrite)
+    const auto prepareFiles = [source, chooseDestination](const std::stop_token &givenUp) {
+        refuseSpecialFile(source);
+        return chooseDestination(givenUp);
+    };
+    const QUrl destination = m_disks.ask(diskPatience, prepareFiles);
+    const MediaInfo info = probe(source, *ffmpeg, probePatience);
+    const auto prepareFolder = [source, destination,
+                                overwrite = settings.overwrite](const std::stop_token &givenUp) {
+        createFolderFor(destination, givenUp);
+        if (overwrite && !givenUp.stop_requested())
             guardSource(source, destination);
-    });
+    };
+    m_disks.ask(diskPatience, prepareFolder);
     if (info.videoBitrate && !isEncodable(settings.goal, info.videoBitrate, settings.codec))
         throw implausibleBitrate(*info.videoBitrate);
     const auto target = targetBitrate(settings.goal, info.videoBitrate, settings.codec);
@@ -121,15 +145,16 @@ QUrl FFmpegService::runConversion(const QUrl &source, const DestinationChooser &
     return destination;
 }
 
-MediaInfo FFmpegService::probe(const QUrl &source, const QUrl &ffmpeg)
+MediaInfo FFmpegService::probe(const QUrl &source, const QUrl &ffmpeg, const Patience &patience)
 {
     const QByteArray path = filePath(source);
     if (const auto ffprobe = locateBinary(u"ffprobe"_s)) {
-        const auto info = mediaInfoFromJson(describeWithFFprobe(filePath(*ffprobe), path));
+        const auto info =
+            mediaInfoFromJson(describeWithFFprobe(filePath(*ffprobe), path, patience));
         if (info)
             return *info;
     }
-    return mediaInfoFromBanner(describeWithFFmpeg(filePath(ffmpeg), path));
+    return mediaInfoFromBanner(describeWithFFmpeg(filePath(ffmpeg), path, patience));
 }
 
 } // namespace quorvale

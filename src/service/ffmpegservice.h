@@ -4,34 +4,44 @@
 #pragma once
 
 #include "activeprocess.h"
+#include "diskthread.h"
 #include "mediainfo.h"
 #include "model/conversionsettings.h"
+#include "worker.h"
 
 #include <QFuture>
 #include <QSet>
 #include <QString>
-#include <QThreadPool>
 #include <QUrl>
 
+#include <chrono>
 #include <functional>
 #include <optional>
 #include <stop_token>
 
 namespace quorvale {
 
+/// How long after a cancel what was asked before it may take to answer.
+struct CancelPatience
+{
+    std::chrono::milliseconds disk{250};
+    /// A tool that reads from a disk, and is not interrupted.
+    std::chrono::milliseconds probe{5000};
+};
+
 /// Drives the user's own ffmpeg and ffprobe: finds them, probes a source and converts it.
 class FFmpegService
 {
 public:
     /// Says where an output goes, on a thread that may wait for a disk and may be left behind
-    /// there.
-    using DestinationChooser = std::function<QUrl()>;
+    /// there; it is told when it is given up, and is then to ask the disk nothing further.
+    using DestinationChooser = std::function<QUrl(const std::stop_token &givenUp)>;
 
     /// Receives fractions done, at most 1 and negative when ffmpeg's times are, on a worker thread.
     /// Must neither block nor throw.
     using ProgressHandler = std::function<void(double)>;
 
-    FFmpegService();
+    explicit FFmpegService(const CancelPatience &patience = {});
 
     /// Waits for conversions that still run.
     ~FFmpegService();
@@ -55,22 +65,24 @@ public:
     /// has said that the output is not whole (see WriteErrors), and SystemError when the source is
     /// no file that can be read to its end or states a bitrate that cannot be right, the folder
     /// cannot be created, the output's name is too long for its file system, the source itself
-    /// would be overwritten or ffmpeg cannot be started. A partly written output file is left where
-    /// it is.
+    /// would be overwritten or a thread, a descriptor or a process that it needs is not to be had.
+    /// A partly written output file is left where it is.
     ///
     /// When ffmpeg was built without the media engine's encoder that the settings ask for, the
     /// conversion is run once more with the software encoder; not when cancel() was called since
     /// this one was: then the future throws FFmpegError::cancelled.
     ///
-    /// When cancel() was called since this one was and a disk does not answer, the future throws
-    /// FFmpegError::cancelled, and nothing waits for the disk but a thread that is left behind.
+    /// When cancel() was called since this one was and a disk or a probe does not answer, the
+    /// future throws FFmpegError::cancelled. The probe is killed, and nothing waits for the disk
+    /// but a thread that is left behind, which asks it nothing further.
     ///
-    /// Any thread; one conversion at a time is expected, as cancel() reaches the latest only.
+    /// Any thread. Conversions run one after another, and cancel() reaches the one that runs.
     QFuture<QUrl> convert(const QUrl &source, const QUrl &destination,
                           const ConversionSettings &settings, const ProgressHandler &onProgress)
     {
         return convert(
-            source, [destination] { return destination; }, settings, onProgress);
+            source, [destination](const std::stop_token &) { return destination; }, settings,
+            onProgress);
     }
 
     /// The same into the file that `destination` chooses when the conversion begins.
@@ -86,10 +98,12 @@ private:
     QUrl runConversion(const QUrl &source, const DestinationChooser &chooseDestination,
                        ConversionSettings settings, const ProgressHandler &onProgress,
                        const std::stop_token &cancelled);
-    static MediaInfo probe(const QUrl &source, const QUrl &ffmpeg);
+    static MediaInfo probe(const QUrl &source, const QUrl &ffmpeg, const Patience &patience);
 
+    const CancelPatience m_patience;
     ActiveProcess m_activeProcess;
-    QThreadPool m_workers;
+    DiskThread m_disks;
+    Worker m_worker; // uses the two above
 };
 
 } // namespace quorvale

@@ -23,26 +23,28 @@ ChildProcess::Reader beginningInto(QByteArray &collected)
 
 } // namespace
 
-QByteArray describeWithFFprobe(const QByteArray &ffprobe, const QByteArray &path)
+QByteArray describeWithFFprobe(const QByteArray &ffprobe, const QByteArray &path,
+                               const Patience &patience)
 {
     QByteArray json;
     try {
         ChildProcess process(ffprobe, {"-v", "error", "-show_entries",
                                        "format=duration,bit_rate:stream=codec_type,bit_rate", "-of",
                                        "json", path});
-        process.run(beginningInto(json), {});
+        process.run(beginningInto(json), {}, patience);
     } catch (const SystemError &) {
         return {};
     }
     return json;
 }
 
-QByteArray describeWithFFmpeg(const QByteArray &ffmpeg, const QByteArray &path)
+QByteArray describeWithFFmpeg(const QByteArray &ffmpeg, const QByteArray &path,
+                              const Patience &patience)
 {
     QByteArray banner;
     try {
         ChildProcess process(ffmpeg, {"-hide_banner", "-i", path});
-        process.run({}, beginningInto(banner));
+        process.run({}, beginningInto(banner), patience);
     } catch (const SystemError &) {
         return {};
     }
