@@ -23,14 +23,64 @@ namespace {
 
 using Take = std::function<void(const QString &token)>;
 
-// Deletes itself when it is done.
-class TokenRequest : public QObject
+// Something that is asked of the compositor for a window. Deletes itself when it is done.
+class ActivationRequest : public QObject
 {
 public:
-    TokenRequest(QWindow &window, QPlatformNativeInterface &platform, wl_display *display,
-                 wl_surface *surface, Take take)
-        : QObject(&window), m_platform(platform), m_surface(surface), m_take(std::move(take)),
-          m_globals(display, [this] { ask(); })
+    ActivationRequest(QWindow &window, wl_display *display)
+        : QObject(&window), m_window(window), m_globals(display, [this] { begin(); })
+    {
+    }
+    ~ActivationRequest() override
+    {
+        if (m_activation)
+            xdg_activation_v1_destroy(m_activation);
+    }
+
+    ActivationRequest(const ActivationRequest &) = delete;
+    ActivationRequest &operator=(const ActivationRequest &) = delete;
+
+protected:
+    // By the protocol, on behalf of the window's surface; either is null where there is none.
+    virtual void ask(xdg_activation_v1 *activation, wl_surface *surface) = 0;
+
+private:
+    void begin()
+    {
+        m_activation =
+            static_cast<xdg_activation_v1 *>(m_globals.bind(xdg_activation_v1_interface));
+        ask(m_activation, waylandSurface(m_window));
+    }
+
+    QWindow &m_window;
+    WaylandGlobals m_globals;
+    xdg_activation_v1 *m_activation = nullptr;
+};
+
+class TokenUse : public ActivationRequest
+{
+public:
+    TokenUse(QWindow &window, wl_display *display, const QString &token)
+        : ActivationRequest(window, display), m_token(token.toUtf8())
+    {
+    }
+
+private:
+    void ask(xdg_activation_v1 *activation, wl_surface *surface) override
+    {
+        if (activation && surface)
+            xdg_activation_v1_activate(activation, m_token.constData(), surface);
+        deleteLater();
+    }
+
+    QByteArray m_token;
+};
+
+class TokenRequest : public ActivationRequest
+{
+public:
+    TokenRequest(QWindow &window, wl_display *display, Take take)
+        : ActivationRequest(window, display), m_take(std::move(take))
     {
         QTimer::singleShot(500ms, this, [this] { end({}); });
     }
@@ -38,27 +88,24 @@ public:
     {
         if (m_token)
             xdg_activation_token_v1_destroy(m_token);
-        if (m_activation)
-            xdg_activation_v1_destroy(m_activation);
     }
 
     TokenRequest(const TokenRequest &) = delete;
     TokenRequest &operator=(const TokenRequest &) = delete;
 
 private:
-    void ask()
+    void ask(xdg_activation_v1 *activation, wl_surface *surface) override
     {
-        m_activation =
-            static_cast<xdg_activation_v1 *>(m_globals.bind(xdg_activation_v1_interface));
-        if (!m_activation)
+        if (!activation || !surface)
             return end({});
-        m_token = xdg_activation_v1_get_activation_token(m_activation);
+        m_token = xdg_activation_v1_get_activation_token(activation);
         xdg_activation_token_v1_add_listener(m_token, &tokenListener, this);
-        xdg_activation_token_v1_set_surface(m_token, m_surface);
+        xdg_activation_token_v1_set_surface(m_token, surface);
         // What the user has done, by which some compositors tell it from what nobody has asked for.
-        auto *seat = static_cast<wl_seat *>(m_platform.nativeResourceForIntegration("wl_seat"));
+        QPlatformNativeInterface &platform = *QGuiApplication::platformNativeInterface();
+        auto *seat = static_cast<wl_seat *>(platform.nativeResourceForIntegration("wl_seat"));
         const auto serial =
-            reinterpret_cast<quintptr>(m_platform.nativeResourceForIntegration("serial"));
+            reinterpret_cast<quintptr>(platform.nativeResourceForIntegration("serial"));
         if (seat)
             xdg_activation_token_v1_set_serial(m_token, static_cast<uint32_t>(serial), seat);
         xdg_activation_token_v1_commit(m_token);
@@ -74,11 +121,7 @@ private:
 
     static const xdg_activation_token_v1_listener tokenListener;
 
-    QPlatformNativeInterface &m_platform;
-    wl_surface *m_surface;
     Take m_take;
-    WaylandGlobals m_globals;
-    xdg_activation_v1 *m_activation = nullptr;
     xdg_activation_token_v1 *m_token = nullptr;
 };
 
@@ -91,14 +134,27 @@ const xdg_activation_token_v1_listener TokenRequest::tokenListener{
 
 void askForActivationToken(QWindow *window, Take take)
 {
-    QPlatformNativeInterface *platform = QGuiApplication::platformNativeInterface();
-    if (!window || !platform)
-        return take({});
-    auto *display = static_cast<wl_display *>(platform->nativeResourceForIntegration("wl_display"));
-    auto *surface = static_cast<wl_surface *>(platform->nativeResourceForWindow("surface", window));
-    if (!display || !surface)
-        return take({});
-    new TokenRequest(*window, *platform, display, surface, std::move(take));
+    wl_display *const display = waylandDisplay();
+    if (window && display)
+        new TokenRequest(*window, display, std::move(take));
+    else
+        take({});
+}
+
+bool useActivationToken(QWindow &window, const QString &token)
+{
+    wl_display *const display = waylandDisplay();
+    if (!display)
+        return false;
+    if (!token.isEmpty()) {
+        new TokenUse(window, display, token);
+        return true;
+    }
+    askForActivationToken(&window, [&window](const QString &own) {
+        if (!own.isEmpty())
+            useActivationToken(window, own);
+    });
+    return true;
 }
 
 } // namespace quorvale

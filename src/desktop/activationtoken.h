@@ -18,4 +18,9 @@ namespace quorvale {
 /// that is at once. Main thread.
 void askForActivationToken(QWindow *window, std::function<void(const QString &token)> take);
 
+/// Brings `window` to the front by such a token, which another program was given for it; an empty
+/// one tells the user that the window would like to be there. On Wayland; elsewhere that is false,
+/// and nothing happens. Main thread.
+bool useActivationToken(QWindow &window, const QString &token);
+
 } // namespace quorvale

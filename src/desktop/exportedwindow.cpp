@@ -13,7 +13,6 @@
 #include <functional>
 #include <utility>
 
-#include <qpa/qplatformnativeinterface.h>
 #include <xdg-foreign-unstable-v2.h>
 
 using namespace std::chrono_literals;
@@ -90,12 +89,8 @@ ExportedWindow::~ExportedWindow() = default;
 
 bool ExportedWindow::exportFromWayland(QWindow &window)
 {
-    QPlatformNativeInterface *platform = QGuiApplication::platformNativeInterface();
-    if (!platform)
-        return false;
-    auto *display = static_cast<wl_display *>(platform->nativeResourceForIntegration("wl_display"));
-    auto *surface =
-        static_cast<wl_surface *>(platform->nativeResourceForWindow("surface", &window));
+    wl_display *const display = waylandDisplay();
+    wl_surface *const surface = waylandSurface(window);
     if (!display || !surface)
         return false;
     m_export = std::make_unique<WaylandExport>(display, surface, [this](const QString &handle) {

@@ -3,9 +3,30 @@
 
 #include "waylandglobals.h"
 
+#include <QGuiApplication>
+#include <QWindow>
+
 #include <utility>
 
+#include <qpa/qplatformnativeinterface.h>
+
 namespace quorvale {
+
+wl_display *waylandDisplay()
+{
+    QPlatformNativeInterface *platform = QGuiApplication::platformNativeInterface();
+    return platform
+               ? static_cast<wl_display *>(platform->nativeResourceForIntegration("wl_display"))
+               : nullptr;
+}
+
+wl_surface *waylandSurface(QWindow &window)
+{
+    QPlatformNativeInterface *platform = QGuiApplication::platformNativeInterface();
+    return platform
+               ? static_cast<wl_surface *>(platform->nativeResourceForWindow("surface", &window))
+               : nullptr;
+}
 
 const wl_registry_listener WaylandGlobals::registryListener{
     [](void *self, wl_registry *, uint32_t number, const char *interface, uint32_t) {

@@ -10,7 +10,14 @@
 
 #include <wayland-client.h>
 
+class QWindow;
+
 namespace quorvale {
+
+/// Qt's connection to the Wayland compositor, and the surface of a window there; null where there
+/// is none, as on X11. Main thread.
+wl_display *waylandDisplay();
+wl_surface *waylandSurface(QWindow &window);
 
 /// What a Wayland compositor offers beyond what Qt uses, by the name of the interface. Its events,
 /// as those of all that is bound here, come in Qt's own queue, hence on the main thread.

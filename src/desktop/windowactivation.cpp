@@ -6,6 +6,10 @@
 #include <QGuiApplication>
 #include <QWindow>
 
+#ifdef QT_DBUS_LIB
+#include "activationtoken.h"
+#endif
+
 #if QT_CONFIG(xcb)
 #include <cstdlib>
 #include <cstring>
@@ -108,15 +112,18 @@ bool bringToFrontOnX11(const QWindow & /*window*/, const QString & /*startupId*/
 
 const auto startupIdKey = u"desktop-startup-id"_s;
 
-void activate(QWindow &window, const QVariantMap &platformData)
+// False where there are none.
+bool useToken(QWindow &window, const QVariantMap &platformData)
 {
-    // From here Qt 6.4 takes the token that it shows to a Wayland compositor, and nowhere else.
-    const char *variable = "XDG_ACTIVATION_TOKEN";
+#ifdef QT_DBUS_LIB
     const QVariant token =
         platformData.value(u"activation-token"_s, platformData.value(startupIdKey));
-    qputenv(variable, token.toString().toUtf8());
-    window.requestActivate();
-    qunsetenv(variable);
+    return useActivationToken(window, token.toString());
+#else
+    Q_UNUSED(window)
+    Q_UNUSED(platformData)
+    return false;
+#endif
 }
 
 } // namespace
@@ -125,14 +132,15 @@ void bringToFront(QWindow &window, const QVariantMap &platformData)
 {
     window.setWindowStates(window.windowStates() & ~Qt::WindowMinimized);
     window.raise();
-    if (!bringToFrontOnX11(window, platformData.value(startupIdKey).toString()))
-        activate(window, platformData);
+    if (!bringToFrontOnX11(window, platformData.value(startupIdKey).toString())
+        && !useToken(window, platformData))
+        window.requestActivate();
 }
 
 void claimStart(QWindow &window, const QVariantMap &platformData)
 {
-    if (!platformData.isEmpty() && QGuiApplication::platformName() != u"xcb"_s)
-        activate(window, platformData);
+    if (!platformData.isEmpty())
+        useToken(window, platformData);
 }
 
 } // namespace quorvale
