@@ -9,9 +9,10 @@
 
 namespace quorvale {
 
-/// Whether the D-Bus message bus at `address` hangs: it takes connections, or keeps them waiting,
-/// but has let nobody in when `patience` is over. Whoever uses it by Qt then waits for ever. Where
-/// there is no bus the answer is no. Any thread, which waits; needs no application.
+/// Whether the D-Bus message bus at `address`, a socket of this machine, hangs: it takes
+/// connections, or keeps them waiting, but has not said a word when `patience` is over. Whoever
+/// uses it by Qt then waits for ever. Where there is no bus, or one of another kind, the answer is
+/// no. Any thread, which waits; needs no application.
 bool isSilentBus(const QByteArray &address, std::chrono::milliseconds patience);
 
 /// Makes this process, with the parts of Qt that use it unasked, do without the session bus when

@@ -50,6 +50,8 @@ private Q_SLOTS:
         bus.hang();
         const QByteArray address = bus.address().toUtf8();
         QVERIFY(isSilentBus(address, 100ms));
+        QVERIFY(
+            isSilentBus("unix:abstract=no/such/bus;" + address.toPercentEncoding(":;=,/"), 100ms));
         qputenv("DBUS_SESSION_BUS_ADDRESS", address);
         leaveSilentSessionBus(100ms);
         QCOMPARE(qgetenv("DBUS_SESSION_BUS_ADDRESS"), "disabled:");
