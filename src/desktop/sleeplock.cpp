@@ -10,9 +10,11 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusUnixFileDescriptor>
-#include <QThreadPool>
 
 #include <climits>
+#include <memory>
+#include <optional>
+#include <system_error>
 #include <utility>
 
 using namespace std::chrono_literals;
@@ -98,17 +100,27 @@ void SleepLock::askPowerManagement(int turn)
 // To connect waits.
 void SleepLock::findLogin(int turn)
 {
-    QThreadPool::globalInstance()->start([weak = std::weak_ptr(m_self), turn] {
+    m_turnOfLogin = turn;
+    if (std::exchange(m_isFindingLogin, true))
+        return;
+    const auto find = [this] {
         const QByteArray address = qgetenv("DBUS_SYSTEM_BUS_ADDRESS");
-        if (isSilentBus(address.isEmpty() ? "unix:path=/run/dbus/system_bus_socket" : address, 1s))
-            return;
-        const auto bus = QDBusConnection::systemBus();
-        const auto proceed = [weak, bus, turn] {
-            if (const auto self = weak.lock())
-                (*self)->askLogin(bus, turn);
+        std::optional<QDBusConnection> bus;
+        if (!isSilentBus(address.isEmpty() ? "unix:path=/run/dbus/system_bus_socket" : address, 1s))
+            bus = QDBusConnection::systemBus();
+        const auto proceed = [this, bus] {
+            m_isFindingLogin = false;
+            if (bus)
+                askLogin(*bus, m_turnOfLogin);
         };
-        QMetaObject::invokeMethod(qApp, proceed, Qt::QueuedConnection);
-    });
+        QMetaObject::invokeMethod(this, proceed, Qt::QueuedConnection);
+    };
+    try {
+        m_findingLogin = std::jthread(find);
+    } catch (const std::system_error &) { // there is no thread to be had
+        m_isFindingLogin = false;
+        m_delay.start(); // and then anew
+    }
 }
 
 void SleepLock::askLogin(const QDBusConnection &systemBus, int turn)

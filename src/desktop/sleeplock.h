@@ -12,7 +12,7 @@
 
 #include <chrono>
 #include <functional>
-#include <memory>
+#include <thread>
 
 namespace quorvale {
 
@@ -57,8 +57,9 @@ private:
     QTimer m_delay; // since one of them came or went
     int m_turn = 0; // which is odd while the lock is to be held
     Release m_release;
-    // For what comes back from another thread, possibly when this has gone.
-    const std::shared_ptr<SleepLock *> m_self = std::make_shared<SleepLock *>(this);
+    bool m_isFindingLogin = false;
+    int m_turnOfLogin = 0;       // for which it is found
+    std::jthread m_findingLogin; // the last, so that it has ended when the others go
 };
 
 } // namespace quorvale

@@ -13,9 +13,10 @@
 #include <QGuiApplication>
 #include <QIcon>
 #include <QQmlComponent>
-#include <QThreadPool>
 #include <QTimer>
 #include <QWindow>
+
+#include <system_error>
 
 using namespace Qt::StringLiterals;
 
@@ -47,10 +48,15 @@ QuorvaleApp::Start QuorvaleApp::open(const QList<QUrl> &files, const QVariantMap
     // another one looks for the fonts of the system, and then this one for the window's.
     const QUrl source(u"qrc:/qt/qml/Quorvale/MainWindow.qml"_s);
     const QQmlComponent reading(&m_engine, source, QQmlComponent::Asynchronous);
-    QThreadPool::globalInstance()->start([] {
+    const auto lookForFonts = [] {
         QFontDatabase::families();
         QMetaObject::invokeMethod(qApp, &TextStyles::lookUp);
-    });
+    };
+    try {
+        m_lookForFonts = std::jthread(lookForFonts);
+    } catch (const std::system_error &) { // there is no thread to be had
+        lookForFonts();
+    }
     QGuiApplication::setWindowIcon(QIcon(u":/qt/qml/Quorvale/quorvale.svg"_s));
     // And the desktop says how windows are to look, so that this one begins that way.
     const SystemLook &look = SystemLook::instance();

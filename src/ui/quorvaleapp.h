@@ -10,6 +10,7 @@
 
 #include <chrono>
 #include <memory>
+#include <thread>
 
 class QWindow;
 
@@ -49,6 +50,7 @@ private:
     QQmlApplicationEngine m_engine;
     std::unique_ptr<Instance> m_instance;
     std::unique_ptr<QObject> m_companion;
+    std::jthread m_lookForFonts;
 };
 
 } // namespace quorvale

@@ -5,6 +5,7 @@
 
 #include "support/patience.h"
 #include "support/privatebus.h"
+#include "support/scarcity.h"
 #include "support/standinservice.h"
 #include "support/testclass.h"
 
@@ -150,6 +151,17 @@ private Q_SLOTS:
         takeLogin(login);
         m_lock.reset();
         QTRY_COMPARE_WITH_TIMEOUT(login.calls(u"released"_s).size(), 1, patience);
+    }
+
+    void loginIsAskedWhenThereIsAThread()
+    {
+        const Login login(m_systemBus);
+        {
+            const FewThreads none;
+            m_lock->setHeld(true);
+            QTRY_VERIFY_WITH_TIMEOUT(none.refusals() > 1, patience);
+        }
+        takeLogin(login);
     }
 
     void whereAllRefuseNothingIsSaid()
