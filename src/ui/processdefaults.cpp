@@ -3,6 +3,8 @@
 
 #include "processdefaults.h"
 
+#include "service/descriptorlimit.h"
+
 #include <csignal>
 
 #include <fcntl.h>
@@ -39,6 +41,7 @@ void restoreProcessDefaults()
 {
     hearOfChildren();
     replaceStandardStreams();
+    raiseDescriptorLimit();
 }
 
 } // namespace quorvale

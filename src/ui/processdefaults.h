@@ -12,7 +12,8 @@ namespace quorvale {
 /// that succeeded would pass for one that crashed. Standard output and error are open, or what is
 /// opened next would take their place. Standard input is the null device: the tools inherit it, and
 /// ffmpeg reads commands from it ("q" ends a conversion half-way, with success) and changes the
-/// mode of a terminal.
+/// mode of a terminal. It may have as many descriptors as the system lets it ask for; what it
+/// starts has the limit that it was started with itself.
 void restoreProcessDefaults();
 
 } // namespace quorvale

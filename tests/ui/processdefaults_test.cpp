@@ -17,6 +17,7 @@
 #include <fcntl.h>
 #include <pty.h>
 #include <sys/ioctl.h>
+#include <sys/resource.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -105,6 +106,22 @@ private Q_SLOTS:
         end(run);
         ::close(pipe[0]);
         ::close(pipe[1]);
+    }
+
+    void theLimitOfDescriptorsIsRaised()
+    {
+        constexpr rlimit few{256, 4096};
+        ProgramRun run;
+        run.showNowhere();
+        run.process().setPreparation([&few] { ::setrlimit(RLIMIT_NOFILE, &few); });
+        QVERIFY(run.start());
+        const auto limit = [&] {
+            rlimit limit{};
+            return ::prlimit(run.id(), RLIMIT_NOFILE, nullptr, &limit) == 0 ? limit.rlim_cur : 0;
+        };
+        QTRY_COMPARE_WITH_TIMEOUT(limit(), few.rlim_max, patience);
+        QVERIFY(hasStarted(run));
+        end(run);
     }
 
     void theEndsOfChildrenAreHeardOf()
