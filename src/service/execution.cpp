@@ -3,6 +3,7 @@
 
 #include "execution.h"
 
+#include "descriptorlimit.h"
 #include "toolenvironment.h"
 
 #include <cerrno>
@@ -14,7 +15,8 @@
 namespace quorvale {
 
 Execution::Execution(const QByteArray &executable, const QByteArrayList &arguments)
-    : m_words(QByteArrayList{executable} + arguments), m_environment(toolEnvironment())
+    : m_words(QByteArrayList{executable} + arguments), m_environment(toolEnvironment()),
+      m_descriptorLimit(descriptorLimitOfStart())
 {
     for (QByteArray &word : m_words)
         m_vector.push_back(word.data());
@@ -38,6 +40,8 @@ void Execution::perform()
     for (int signal = 1; signal < NSIG; ++signal)
         std::signal(signal, SIG_DFL);
     ::pthread_sigmask(SIG_SETMASK, &m_noSignals, nullptr);
+    if (m_descriptorLimit)
+        ::setrlimit(RLIMIT_NOFILE, &*m_descriptorLimit);
     ::execve(m_vector.front(), m_vector.data(), m_environment);
     if (m_error)
         *m_error = errno;

@@ -5,9 +5,12 @@
 
 #include <QByteArrayList>
 
+#include <optional>
 #include <vector>
 
 #include <csignal>
+
+#include <sys/resource.h>
 
 namespace quorvale {
 
@@ -26,7 +29,8 @@ public:
 
     /// For the child, in which it does not return and calls only what is safe there. The program
     /// takes signals as by default, even where this one was started so that it ignores or blocks
-    /// some, as shells and session launchers do with what they start.
+    /// some, as shells and session launchers do with what they start. It may open as many
+    /// descriptors as this one at its start.
     [[noreturn]] void perform();
 
     /// For the parent, when the child runs the program or has ended: why the program could not be
@@ -38,6 +42,7 @@ private:
     std::vector<char *> m_vector; // of the words, ending in a null
     char *const *m_environment;
     sigset_t m_noSignals; // blocked
+    const std::optional<rlimit> m_descriptorLimit;
     int *m_error; // in memory that parent and child share; without it the exit status has to do
 };
 

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
+#include "service/descriptorlimit.h"
 #include "service/execution.h"
 #include "service/toolenvironment.h"
 #include "support/testclass.h"
@@ -77,6 +78,20 @@ private Q_SLOTS:
     void whatIsNoProgramIsSaidSo() { QCOMPARE(execute("/", {}).error, EACCES); }
 
     void theSearchPathIsNotConsulted() { QCOMPARE(execute("sh", {}).error, ENOENT); }
+
+    void theProgramHasTheLimitOfDescriptorsOfTheStart()
+    {
+        const pid_t child = ::fork(); // because it cannot be undone
+        if (child == 0) {
+            const rlimit limit{64, 128};
+            ::setrlimit(RLIMIT_NOFILE, &limit);
+            raiseDescriptorLimit();
+            Execution("/bin/sh", {"-c", "[ $(ulimit -Sn) = 64 ]"}).perform();
+        }
+        int status = -1;
+        ::waitpid(child, &status, 0);
+        QCOMPARE(status, EXIT_SUCCESS);
+    }
 
     void theProgramTakesEverySignalAsByDefault()
     {
