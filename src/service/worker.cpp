@@ -26,8 +26,9 @@ void Worker::post(std::function<void()> task)
 {
     const std::scoped_lock guard(m_lock);
     if (!m_thread.joinable()) {
-        // Without one for its loop to be woken by, GLib would end the program.
-        demandDescriptors(1);
+        // Without one for its loop to be woken by, GLib would end the program; and others may take
+        // some before the loop is made.
+        demandDescriptors(16);
         m_thread = std::thread([this] { work(); });
     }
     m_tasks.push_back(std::move(task));
