@@ -10,7 +10,9 @@
 #include <QStringBuilder>
 
 #include <algorithm>
+#include <cerrno>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include <dirent.h>
@@ -33,32 +35,38 @@ bool isAccepted(QByteArrayView name)
     return FFmpegService::supportedExtensions().contains(lowerCaseExtension(name));
 }
 
-bool isFolder(const QByteArray &path)
+// Whether the error says that there is nothing, or nothing any more, rather than that nobody knows.
+bool saysThatNothingIsThere(int error)
 {
-    struct stat facts = {};
-    return ::stat(path.constData(), &facts) == 0 && S_ISDIR(facts.st_mode);
+    return error == ENOENT || error == ENOTDIR;
 }
 
 bool isRealFolder(int folder, const dirent &entry)
 {
     if (entry.d_type != DT_UNKNOWN)
         return entry.d_type == DT_DIR;
-    // Some file systems tell the type only when asked for it.
+    // Some file systems tell the type only when asked for it. What even then tells nothing is
+    // looked into, which fails and is spoken of.
     struct stat facts = {};
-    return ::fstatat(folder, entry.d_name, &facts, AT_SYMLINK_NOFOLLOW) == 0
-           && S_ISDIR(facts.st_mode);
+    return ::fstatat(folder, entry.d_name, &facts, AT_SYMLINK_NOFOLLOW) != 0
+           || S_ISDIR(facts.st_mode);
 }
 
-// The visible entries of a folder, in the order of their names' bytes.
-std::vector<Entry> entriesOf(const QByteArray &folder, const std::function<bool()> &goesOn)
+// The visible entries of a folder, in the order of their names' bytes; nothing when it cannot be
+// read to its end.
+std::optional<std::vector<Entry>> entriesOf(const QByteArray &folder,
+                                            const std::function<bool()> &goesOn)
 {
     std::vector<Entry> entries;
     const std::unique_ptr<DIR, int (*)(DIR *)> stream(::opendir(folder.constData()), ::closedir);
     if (!stream)
-        return entries;
+        return saysThatNothingIsThere(errno) ? std::optional(entries) : std::nullopt;
     while (goesOn()) {
+        errno = 0;
         // The C library's readdir is safe in threads that read streams of their own.
         const dirent *entry = ::readdir(stream.get()); // NOLINT(concurrency-mt-unsafe)
+        if (!entry && errno != 0)
+            return std::nullopt;
         if (!entry) {
             std::ranges::sort(entries, {}, &Entry::name);
             return entries;
@@ -66,23 +74,33 @@ std::vector<Entry> entriesOf(const QByteArray &folder, const std::function<bool(
         if (entry->d_name[0] != '.')
             entries.push_back({entry->d_name, isRealFolder(::dirfd(stream.get()), *entry)});
     }
-    return {};
+    return std::vector<Entry>();
 }
 
 } // namespace
 
 FolderContent contentOf(const SearchedPlace &place, const std::function<bool()> &goesOn)
 {
+    FolderContent content;
     QByteArray path = place.file.path();
-    if (!place.isFolder && !isFolder(path)) {
-        if (isAccepted(lastPathComponent(path)))
-            return {{place.file}, {}};
-        return {};
+    if (!place.isFolder) {
+        struct stat facts = {};
+        const int error = ::stat(path.constData(), &facts) == 0 ? 0 : errno;
+        if (error != 0 || !S_ISDIR(facts.st_mode)) {
+            if (isAccepted(lastPathComponent(path)))
+                content.videos << place.file;
+            else
+                content.isUnreadable = error != 0 && !saysThatNothingIsThere(error);
+            return content;
+        }
     }
     if (!path.endsWith('/'))
         path += '/';
-    FolderContent content;
-    for (const Entry &entry : entriesOf(path, goesOn)) {
+    const auto entries = entriesOf(path, goesOn);
+    content.isUnreadable = !entries;
+    if (!entries)
+        return content;
+    for (const Entry &entry : *entries) {
         const QByteArrayView name(entry.name);
         if (isAccepted(name))
             content.videos.emplaceBack(path % name);

@@ -31,6 +31,7 @@ struct FolderContent
 
     QList<SourceFile> videos;
     std::vector<Folder> folders;
+    bool isUnreadable = false; ///< there may be more, but the system does not say so
 };
 
 /// What there is at `place`: the accepted entries of a folder, in the order of their names' bytes,
@@ -38,7 +39,8 @@ struct FolderContent
 ///
 /// Files count by their extension alone, so a folder named like a video is among them; a path
 /// where nothing is counts too. Hidden entries are passed over; packages (see isPackage()) and
-/// links to folders are not looked into, and a folder that cannot be read is empty.
+/// links to folders are not looked into. A folder that cannot be read to its end is empty, and
+/// unreadable; one that is gone is only empty.
 ///
 /// Reads the file system and waits for it. `goesOn` is asked between any two calls to it; when it
 /// says false, there is nothing. Any thread.

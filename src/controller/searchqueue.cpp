@@ -75,18 +75,15 @@ void SearchQueue::handOver()
     QElapsedTimer turn;
     turn.start();
     while (!m_searches.empty()) {
-        if (const auto videos = m_searches.front()->take()) {
-            Q_EMIT found(*videos);
+        if (const auto result = m_searches.front()->take()) {
+            note(*result);
+            Q_EMIT found(result->videos);
         } else if (m_searches.front()->isDone()) {
             const auto search = std::exchange(m_searches.front(), nullptr);
             m_searches.pop_front();
             --m_startedCount;
             m_ended.push_back(search);
             m_foundBefore += search->foundCount();
-            if (const QStringList leftOut = search->leftOut(); !leftOut.isEmpty()) {
-                m_leftOut << leftOut;
-                Q_EMIT noticeChanged();
-            }
             startNext();
         } else {
             return;
@@ -97,6 +94,18 @@ void SearchQueue::handOver()
         }
     }
     endIfDone();
+}
+
+void SearchQueue::note(const VideoSearch::Result &result)
+{
+    if (result.leftOut.isEmpty())
+        return;
+    if (m_leftOut.isEmpty())
+        m_firstLeftOut = result.leftOut.first();
+    for (const QString &path : result.leftOut)
+        m_leftOut << path; // once, though it may be dropped again and again
+    m_isSilence = m_isSilence && result.isSilence;
+    Q_EMIT noticeChanged();
 }
 
 void SearchQueue::endIfDone()
@@ -140,27 +149,30 @@ void SearchQueue::stop()
 
 QString SearchQueue::notice() const
 {
-    return m_leftOut.isEmpty() ? QString() : quoted(m_leftOut.first()) + verdict();
+    return m_leftOut.isEmpty() ? QString() : quoted(m_firstLeftOut) + verdict();
 }
 
 QString SearchQueue::legiblePlace() const
 {
-    return m_leftOut.isEmpty() ? QString() : quoted(legible(m_leftOut.first()));
+    return m_leftOut.isEmpty() ? QString() : quoted(legible(m_firstLeftOut));
 }
 
 QString SearchQueue::verdict() const
 {
-    const auto others = m_leftOut.size() - 1;
-    if (others < 0)
+    if (m_leftOut.isEmpty())
         return {};
+    // What does not answer cannot be read either.
+    const QString why = m_isSilence ? u"did not answer"_s : u"could not be read"_s;
+    const auto others = m_leftOut.size() - 1;
     if (others == 0)
-        return u" did not answer and was left out."_s;
-    return u" and %1 more did not answer and were left out."_s.arg(others);
+        return u" %1 and was left out."_s.arg(why);
+    return u" and %1 more %2 and were left out."_s.arg(others).arg(why);
 }
 
 void SearchQueue::clearNotice()
 {
     m_leftOut.clear();
+    m_isSilence = true;
     Q_EMIT noticeChanged();
 }
 

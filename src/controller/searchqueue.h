@@ -7,6 +7,7 @@
 
 #include <QElapsedTimer>
 #include <QObject>
+#include <QSet>
 #include <QTimer>
 
 #include <deque>
@@ -46,7 +47,8 @@ public:
     /// How many videos were found since then; brought up to date some times a second.
     int foundCount() const { return m_foundCount; }
 
-    /// What was left out because it did not answer, in a sentence; empty when nothing was.
+    /// What was left out because it did not answer or could not be read, in a sentence; empty when
+    /// nothing was.
     QString notice() const;
 
     /// The two parts of that sentence as they are shown: the first path, in quotes and legible(),
@@ -70,6 +72,7 @@ Q_SIGNALS:
 private:
     void startNext();
     void handOver();
+    void note(const VideoSearch::Result &result);
     void watch();
     void endIfDone();
     void setLong(bool isLong);
@@ -81,8 +84,10 @@ private:
     int m_foundBefore = 0; // by searches that have ended, since the first of these began
     int m_foundCount = 0;
     bool m_isLong = false;
-    QStringList m_leftOut;
-    QElapsedTimer m_time; // since there have been searches
+    QString m_firstLeftOut;
+    QSet<QString> m_leftOut;
+    bool m_isSilence = true; // nothing of that has answered
+    QElapsedTimer m_time;    // since there have been searches
     QTimer m_watch;
     std::shared_ptr<SearchQueue *> m_self; // for what threads post; ends with this
 };

@@ -83,7 +83,7 @@ bool VideoSearch::sortNext(std::unique_lock<std::mutex> &lock)
         tree.moveInto(videos);
     sortByName(videos);
     lock.lock();
-    addition.videos = std::move(videos);
+    addition.result.videos = std::move(videos);
     addition.isReady = true;
     if (!m_isStopped)
         m_notify();
@@ -111,7 +111,10 @@ bool VideoSearch::lookAtNext(Worker &worker, std::unique_lock<std::mutex> &lock)
     if (worker.isLeftBehind)
         return false;
     worker.errand.reset();
-    settle(errand, std::move(content));
+    if (content.isUnreadable)
+        leaveOut(errand, false);
+    else
+        settle(errand, std::move(content));
     return true;
 }
 
@@ -145,12 +148,21 @@ void VideoSearch::watch()
         if (allWaitFor(m_patience.untilOvertaken))
             startWorker();
     } else if (!m_workers.empty() && allWaitFor(m_patience.untilLeftOut)) {
-        leaveOut();
+        leaveAllOut();
     }
 }
 
+// With the lock held.
+void VideoSearch::leaveOut(const Errand &errand, bool isSilent)
+{
+    Result &result = errand.addition->result;
+    result.leftOut << shownPath(withoutTrailingSlashes(errand.tree->place().file.path()));
+    result.isSilence = result.isSilence && isSilent;
+    settle(errand, {});
+}
+
 // Everything that is still to be looked at. With the lock held.
-void VideoSearch::leaveOut()
+void VideoSearch::leaveAllOut()
 {
     for (const auto &worker : m_workers) {
         worker->isLeftBehind = true;
@@ -158,33 +170,25 @@ void VideoSearch::leaveOut()
             m_errands.push_back(*errand);
     }
     m_workers.clear();
-    for (const Errand &errand : std::exchange(m_errands, {})) {
-        m_leftOut << shownPath(withoutTrailingSlashes(errand.tree->place().file.path()));
-        settle(errand, {});
-    }
+    for (const Errand &errand : std::exchange(m_errands, {}))
+        leaveOut(errand, true);
     startWorker();
 }
 
-std::optional<QList<SourceFile>> VideoSearch::take()
+std::optional<VideoSearch::Result> VideoSearch::take()
 {
     const std::scoped_lock guard(m_lock);
     if (m_isStopped || m_additions.empty() || !m_additions.front().isReady)
         return std::nullopt;
-    QList<SourceFile> videos = std::move(m_additions.front().videos);
+    Result result = std::move(m_additions.front().result);
     m_additions.pop_front();
-    return videos;
+    return result;
 }
 
 bool VideoSearch::isDone() const
 {
     const std::scoped_lock guard(m_lock);
     return m_isStopped || m_additions.empty();
-}
-
-QStringList VideoSearch::leftOut() const
-{
-    const std::scoped_lock guard(m_lock);
-    return m_leftOut;
 }
 
 void VideoSearch::stop()

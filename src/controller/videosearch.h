@@ -46,9 +46,17 @@ public:
     /// Begins to search. To be called once.
     void start();
 
-    /// The videos of the next list, sorted by name, once they and those of all lists before it are
-    /// found. Nothing when they are not, or all were taken.
-    std::optional<QList<SourceFile>> take();
+    /// What was found for one list.
+    struct Result
+    {
+        QList<SourceFile> videos; ///< sorted by name
+        QStringList leftOut;      ///< the paths that could not be looked at, as they are shown
+        bool isSilence = true;    ///< none of these has answered; otherwise not all could be read
+    };
+
+    /// What was found for the next list, once that and what there is for all lists before it is
+    /// known. Nothing when it is not, or all were taken.
+    std::optional<Result> take();
 
     /// Whether all were taken.
     bool isDone() const;
@@ -60,9 +68,6 @@ public:
     /// answer. To be called several times a second.
     void watch();
 
-    /// The paths that did not answer and are left out.
-    QStringList leftOut() const;
-
     /// Ends the search; from now on there is nothing to take.
     void stop();
 
@@ -71,7 +76,7 @@ private:
     {
         std::vector<VideoTree> trees; // one for each URL
         std::size_t unread = 0;       // places that are still to be looked at
-        QList<SourceFile> videos;     // sorted
+        Result result;
         bool isReady = false;
     };
 
@@ -98,7 +103,8 @@ private:
     bool lookAtNext(Worker &worker, std::unique_lock<std::mutex> &lock);
     bool sortNext(std::unique_lock<std::mutex> &lock);
     void settle(const Errand &errand, FolderContent content);
-    void leaveOut();
+    void leaveOut(const Errand &errand, bool isSilent);
+    void leaveAllOut();
 
     const SearchPatience m_patience;
     const std::function<void()> m_notify;
@@ -110,7 +116,6 @@ private:
     std::deque<Errand> m_errands;      // the next one is the last
     std::deque<Addition *> m_unsorted; // found but not sorted
     std::vector<std::shared_ptr<Worker>> m_workers;
-    QStringList m_leftOut;
 };
 
 } // namespace quorvale

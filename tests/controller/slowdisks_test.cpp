@@ -12,6 +12,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <cerrno>
+
 #include <unistd.h>
 
 using namespace quorvale;
@@ -38,6 +40,17 @@ QStringList names(const ConverterViewModel &model)
     QStringList names;
     for (const ConversionJob &job : model.jobs())
         names << job.source().fileName();
+    return names;
+}
+
+// Of what was handed over, addition by addition.
+QStringList names(const QSignalSpy &found)
+{
+    QStringList names;
+    for (const QVariantList &arguments : found) {
+        for (const SourceFile &file : arguments.first().value<QList<SourceFile>>())
+            names << file.url().fileName();
+    }
     return names;
 }
 
@@ -153,16 +166,63 @@ private Q_SLOTS:
             QTRY_COMPARE_WITH_TIMEOUT(searches.foundCount(), 2, patience);
             QCOMPARE(found.size(), 0);
             QTRY_COMPARE_WITH_TIMEOUT(found.size(), 1, patience);
-            QStringList names;
-            for (const SourceFile &file : found.first().first().value<QList<SourceFile>>())
-                names << file.url().fileName();
-            QCOMPARE(names, (QStringList{u"9.mkv"_s, u"last.mkv"_s}));
+            QCOMPARE(names(found), (QStringList{u"9.mkv"_s, u"last.mkv"_s}));
             QTRY_COMPARE_WITH_TIMEOUT(
                 searches.notice(),
                 u"“%1” did not answer and was left out."_s.arg(m_disk->path(u"videos/110"_s)),
                 patience);
             QCOMPARE(searches.legiblePlace() + searches.verdict(), searches.notice());
+            m_disk->fail(EACCES, "opendir", {u"videos/111"_s});
+            searches.search({{videos()}});
+            QTRY_COMPARE_WITH_TIMEOUT(searches.verdict(),
+                                      u" and 1 more could not be read and were left out."_s,
+                                      patience);
         });
+    }
+
+    void whatCannotBeReadIsLeftOut_data()
+    {
+        QTest::addColumn<QByteArray>("function");
+        QTest::addColumn<int>("error");
+        QTest::addColumn<QStringList>("places");
+        QTest::addColumn<QString>("verdict"); // on the first of them
+        QTest::addColumn<QStringList>("expected");
+        const QStringList one{u"videos/110"_s};
+        const QStringList three{u"videos/110"_s, u"videos/111"_s, u"videos/112"_s};
+        const QString unread = u" could not be read and was left out."_s;
+        const QStringList others{u"9.mkv"_s};
+        QTest::newRow("no permission") << "opendir"_ba << EACCES << one << unread << others;
+        QTest::newRow("breaks down") << "readdir"_ba << EIO << one << unread << others;
+        QTest::newRow("gone meanwhile") << "opendir"_ba << ENOENT << one << QString() << others;
+        QTest::newRow("several") << "opendir"_ba << EIO << three
+                                 << u" and 2 more could not be read and were left out."_s
+                                 << QStringList();
+        const QStringList all{u"videos"_s};
+        QTest::newRow("no descriptor") << "opendir"_ba << EMFILE << all << unread << QStringList();
+        QTest::newRow("says not what it is") << "stat"_ba << EIO << all << unread << QStringList();
+        QTest::newRow("not there") << "stat"_ba << ENOENT << all << QString() << QStringList();
+    }
+
+    void whatCannotBeReadIsLeftOut()
+    {
+        QFETCH(const QByteArray, function);
+        QFETCH(const int, error);
+        QFETCH(const QStringList, places);
+        QFETCH(const QString, verdict);
+        for (int i = 0; i < 9; ++i)
+            write(m_disk->path(u"videos/110/b%1.mkv"_s.arg(i)), {});
+        SearchQueue searches;
+        const QSignalSpy found(&searches, &SearchQueue::found);
+        m_disk->fail(error, function, places);
+        for (int i = 0; i < 2; ++i) { // what is said of the second is the same
+            searches.search({{videos()}});
+            QTRY_VERIFY_WITH_TIMEOUT(!searches.hasThreads(), patience);
+        }
+        QFETCH(const QStringList, expected);
+        QCOMPARE(names(found), expected + expected);
+        QCOMPARE(searches.verdict(), verdict);
+        const QString place = u'“' + m_disk->path(places.first()) + u'”';
+        QCOMPARE(searches.notice(), verdict.isEmpty() ? QString() : place + verdict);
     }
 
     void aBatchWritesToIt_data() { troubles(); }

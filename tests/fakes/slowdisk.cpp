@@ -1,19 +1,20 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
-// A disk that is slow, asleep or gone: defines the C library's functions that ask a disk for more
-// than the content of an open file, so that they wait before they do what they do. Preloaded into a
-// program as a library, or linked into a test, which steers it by a folder that the environment
-// variable SLOWDISK names (see tests/support/slowdisk.h). There it reads the file "rule" whenever a
-// function is called. As long as there is none, nothing waits and nothing is written. Its lines are
-// how slow the disk is, the path of the disk, and the paths on it that are slow, with all that is
-// below:
+// A disk that is slow, asleep, gone or broken: defines the C library's functions that ask a disk
+// for more than the content of an open file, so that they wait before they do what they do, or
+// fail. Preloaded into a program as a library, or linked into a test, which steers it by a folder
+// that the environment variable SLOWDISK names (see tests/support/slowdisk.h). There it reads the
+// file "rule" whenever a function is called. As long as there is none, nothing waits and nothing is
+// written. Its lines are what ails the disk, the path of the disk, and the paths on it that are
+// ailing, with all that is below:
 //
-//   each MILLISECONDS    every call takes so much longer
-//   until MILLISECONDS   nobody gets an answer before that time of the monotonic clock
+//   each MILLISECONDS any    every call takes so much longer
+//   until MILLISECONDS any   nobody gets an answer before that time of the monotonic clock
+//   fail ERRNO FUNCTION      calls of the function fail; "readdir" at the fifth entry of a folder
 //
-// What waits obeys the next rule as soon as there is one. To the file
-// "log" it adds a line for
+// What waits obeys the next rule as soon as there is one. That there is no thread to be had is no
+// matter of a path: "pthread_create" fails everywhere. To the file "log" it adds a line for
 //
 //   PROCESS main FUNCTION PATH       a call for what is on the disk on the main thread, before it
 //                                    waits
@@ -38,11 +39,13 @@
 #include <cstring>
 #include <ctime>
 #include <string_view>
+#include <type_traits>
 
 #include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <poll.h>
+#include <pthread.h>
 #include <sys/inotify.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -83,9 +86,13 @@ Path steering(const char *file)
 struct Rule
 {
     std::array<char, 8> word{};
-    long long milliseconds = 0;
+    long long number = 0; // of milliseconds, or of the error
+    std::array<char, 24> function{};
     Path disk{};
-    std::array<char, 16 * 1024> slow{}; // a path to a line
+    std::array<char, 16 * 1024> ailing{}; // a path to a line
+
+    bool is(const char *name) const { return std::strcmp(word.data(), name) == 0; }
+    bool isOf(const char *name) const { return std::strcmp(function.data(), name) == 0; }
 };
 
 // False when there is none.
@@ -99,18 +106,18 @@ bool readRule(Rule &rule)
         ::syscall(SYS_openat, AT_FDCWD, file.data(), O_RDONLY | O_CLOEXEC | O_NOATIME, 0);
     if (descriptor < 0)
         return false;
-    rule.slow.fill('\0');
-    ::syscall(SYS_read, descriptor, rule.slow.data(), rule.slow.size() - 1);
+    rule.ailing.fill('\0');
+    ::syscall(SYS_read, descriptor, rule.ailing.data(), rule.ailing.size() - 1);
     ::syscall(SYS_close, descriptor);
     int length = 0;
-    if (std::sscanf(rule.slow.data(), "%7s %lld%*c%4095[^\n]%*c%n", rule.word.data(),
-                    &rule.milliseconds, rule.disk.data(), &length)
-        != 3) {
+    if (std::sscanf(rule.ailing.data(), "%7s %lld %23s%*c%4095[^\n]%*c%n", rule.word.data(),
+                    &rule.number, rule.function.data(), rule.disk.data(), &length)
+        != 4) {
         std::fputs("slowdisk: there is no sense in the rule\n", stderr);
         std::abort();
     }
-    std::memmove(rule.slow.data(), rule.slow.data() + length,
-                 rule.slow.size() - static_cast<std::size_t>(length));
+    std::memmove(rule.ailing.data(), rule.ailing.data() + length,
+                 rule.ailing.size() - static_cast<std::size_t>(length));
     return true;
 }
 
@@ -165,9 +172,9 @@ bool isAtOrBelow(std::string_view path, std::string_view folder)
            && (path.size() == folder.size() || path[folder.size()] == '/');
 }
 
-bool isSlow(std::string_view path, const Rule &rule)
+bool isAiling(std::string_view path, const Rule &rule)
 {
-    std::string_view folders(rule.slow.data());
+    std::string_view folders(rule.ailing.data());
     while (!folders.empty()) {
         const std::size_t length = std::min(folders.find('\n'), folders.size());
         if (isAtOrBelow(path, folders.substr(0, length)))
@@ -177,52 +184,76 @@ bool isSlow(std::string_view path, const Rule &rule)
     return false;
 }
 
-// Waits as long as the present rule says.
-void await(std::string_view path, Rule &rule)
+// Waits as long as the present rule says. Gives back the error with which the function is to fail;
+// 0 for none.
+int await(const char *function, std::string_view path, Rule &rule)
 {
     constexpr std::int64_t moment = 2 * million;
     const std::int64_t begin = now(CLOCK_MONOTONIC);
     do {
-        const bool isEach = std::strcmp(rule.word.data(), "each") == 0;
-        const std::int64_t end = (isEach ? begin : 0) + rule.milliseconds * million;
+        if (!isAiling(path, rule))
+            return 0;
+        if (rule.is("fail"))
+            return rule.isOf(function) ? static_cast<int>(rule.number) : 0;
+        const std::int64_t end = (rule.is("each") ? begin : 0) + rule.number * million;
         const std::int64_t left = end - now(CLOCK_MONOTONIC);
-        if (left <= 0 || !isSlow(path, rule))
-            return;
+        if (left <= 0)
+            return 0;
         const timespec part{0, std::min(left, moment)};
         ::clock_nanosleep(CLOCK_MONOTONIC, 0, &part, nullptr);
     } while (readRule(rule));
+    return 0;
 }
 
 template <typename GetPath>
-void ask(const char *function, const GetPath &getPath)
+int ask(const char *function, const GetPath &getPath)
 {
-    const int error = errno;
+    const int before = errno;
+    int error = 0;
     Rule rule;
     if (readRule(rule)) {
         const Path path = getPath();
         if (isAtOrBelow(path.data(), rule.disk.data()))
             note("%d %s %s %s\n", ::getpid(), isMainThread() ? "main" : "other", function,
                  path.data());
-        await(path.data(), rule);
+        error = await(function, path.data(), rule);
     }
+    errno = before;
+    return error;
+}
+
+int askFor(const char *function, const char *name)
+{
+    return ask(function, [=] { return pathOf(AT_FDCWD, name); });
+}
+
+int askAt(const char *function, int folder, const char *name)
+{
+    return ask(function, [=] { return pathOf(folder, name); });
+}
+
+// A stream asks the disk for many entries at once, at the beginning. Of a disk that fails some come
+// before it does.
+int askForEntries(const char *function, DIR *stream)
+{
+    thread_local int error = 0;
+    thread_local int spared = 0;
+    if (::telldir(stream) == 0) {
+        error = ask(function, [=] { return pathOf(::dirfd(stream)); });
+        spared = 4;
+    }
+    return spared-- > 0 ? 0 : error;
+}
+
+// What a function gives back that fails.
+template <typename Result>
+Result failure(int error)
+{
     errno = error;
-}
-
-void askFor(const char *function, const char *name)
-{
-    ask(function, [=] { return pathOf(AT_FDCWD, name); });
-}
-
-void askAt(const char *function, int folder, const char *name)
-{
-    ask(function, [=] { return pathOf(folder, name); });
-}
-
-// A stream asks the disk for many entries at once, at the beginning.
-void askForEntries(const char *function, DIR *stream)
-{
-    if (::telldir(stream) == 0)
-        ask(function, [=] { return pathOf(::dirfd(stream)); });
+    if constexpr (std::is_pointer_v<Result>)
+        return nullptr;
+    else
+        return -1;
 }
 
 template <typename Function>
@@ -312,13 +343,14 @@ mode_t modeOf(int flags, va_list more)
 // looked at here.
 #pragma GCC diagnostic ignored "-Wnonnull-compare"
 
-// Defines NAME with the parameters, which are handed on as the arguments; ASKING comes before.
+// Defines NAME with the parameters, which are handed on as the arguments; ASKING comes before and
+// gives back an error.
 #define SLOW(RESULT, NAME, PARAMETERS, ARGUMENTS, ASKING)                                          \
     RESULT NAME PARAMETERS                                                                         \
     {                                                                                              \
         static auto *const real = next<RESULT PARAMETERS>(#NAME);                                  \
-        ASKING;                                                                                    \
-        return real ARGUMENTS;                                                                     \
+        const int error = ASKING;                                                                  \
+        return error != 0 ? failure<RESULT>(error) : real ARGUMENTS;                               \
     }
 
 #define SLOW_OPEN(NAME)                                                                            \
@@ -329,8 +361,8 @@ mode_t modeOf(int flags, va_list more)
         va_start(more, flags);                                                                     \
         const mode_t mode = modeOf(flags, more);                                                   \
         va_end(more);                                                                              \
-        askFor(#NAME, path);                                                                       \
-        return real(path, flags, mode);                                                            \
+        const int error = askFor(#NAME, path);                                                     \
+        return error != 0 ? failure<int>(error) : real(path, flags, mode);                         \
     }
 
 #define SLOW_OPEN_AT(NAME)                                                                         \
@@ -341,8 +373,8 @@ mode_t modeOf(int flags, va_list more)
         va_start(more, flags);                                                                     \
         const mode_t mode = modeOf(flags, more);                                                   \
         va_end(more);                                                                              \
-        askAt(#NAME, folder, path);                                                                \
-        return real(folder, path, flags, mode);                                                    \
+        const int error = askAt(#NAME, folder, path);                                              \
+        return error != 0 ? failure<int>(error) : real(folder, path, flags, mode);                 \
     }
 
 extern "C" {
@@ -426,6 +458,16 @@ SLOW(int, truncate, (const char *path, off_t length), (path, length), askFor("tr
 SLOW(int, truncate64, (const char *path, off64_t length), (path, length), askFor("truncate", path))
 SLOW(int, inotify_add_watch, (int descriptor, const char *path, uint32_t mask),
      (descriptor, path, mask), askFor("inotify_add_watch", path))
+
+int pthread_create(pthread_t *thread, const pthread_attr_t *attributes, void *(*work)(void *),
+                   void *argument)
+{
+    static auto *const real = next<decltype(pthread_create)>("pthread_create");
+    Rule rule;
+    if (readRule(rule) && rule.is("fail") && rule.isOf("pthread_create"))
+        return static_cast<int>(rule.number);
+    return real(thread, attributes, work, argument);
+}
 
 int poll(pollfd *descriptors, nfds_t count, int timeout)
 {

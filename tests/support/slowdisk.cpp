@@ -42,18 +42,24 @@ QString SlowDisk::path(const QString &name) const
 
 void SlowDisk::takeEachTime(std::chrono::milliseconds time, const QString &name)
 {
-    rule({name}, "each " + QByteArray::number(time.count()));
+    rule({name}, "each " + QByteArray::number(time.count()) + " any");
 }
 
 void SlowDisk::sleep(std::chrono::milliseconds time, const QString &name)
 {
     const qint64 end = milliseconds(std::chrono::steady_clock::now() + time);
-    rule({name}, "until " + QByteArray::number(end));
+    rule({name}, "until " + QByteArray::number(end) + " any");
 }
 
 void SlowDisk::hang(const QStringList &names)
 {
-    rule(names, "until 9000000000000"); // milliseconds of a clock that counts from the start
+    // Milliseconds of a clock that counts from the start.
+    rule(names, "until 9000000000000 any");
+}
+
+void SlowDisk::fail(int error, const QByteArray &function, const QStringList &names)
+{
+    rule(names, "fail " + QByteArray::number(error) + ' ' + function);
 }
 
 void SlowDisk::rule(const QStringList &names, const QByteArray &manner)

@@ -37,13 +37,16 @@ public:
     // From now on, each time in place of what was said before, also for who waits already. `name`
     // is a file or folder on the disk, for when that alone is slow.
 
-    void answerAtOnce() { rule({}, "each 0"); }
+    void answerAtOnce() { rule({}, "each 0 any"); }
     /// Every question takes so much longer.
     void takeEachTime(std::chrono::milliseconds time, const QString &name = {});
     /// Nobody gets an answer for so long, as from a disk that has to wake up.
     void sleep(std::chrono::milliseconds time, const QString &name = {});
     /// Nobody gets an answer any more, as from a share that has gone.
     void hang(const QStringList &names = {QString()});
+    /// Every call of the function of the C library fails with the error (of errno): "readdir" in
+    /// the middle of a folder that has more than a few entries, "pthread_create" everywhere.
+    void fail(int error, const QByteArray &function, const QStringList &names = {QString()});
 
     /// How many questions the process has put to the disk, or has begun to.
     qsizetype questions(pid_t process) const;
