@@ -18,8 +18,10 @@ namespace quorvale {
 
 namespace {
 
-// That many threads may wait for places that do not answer.
+// That many threads of a search may wait for places that do not answer, and that many more were
+// left behind in such places and have not come back.
 constexpr std::size_t mostWorkers = 16;
+constexpr std::size_t mostLeftBehind = 240;
 
 } // namespace
 
@@ -46,14 +48,16 @@ VideoSearch::VideoSearch(const QList<QList<QUrl>> &additions, const SearchPatien
 void VideoSearch::start()
 {
     const std::scoped_lock guard(m_lock);
+    m_watchedAt = std::chrono::steady_clock::now();
     startWorker();
 }
 
 // With the lock held.
 void VideoSearch::startWorker()
 {
+    if (m_threadCount == mostWorkers + mostLeftBehind)
+        return; // as if there were no thread to be had
     const auto worker = std::make_shared<Worker>();
-    worker->seenAt = std::chrono::steady_clock::now();
     try {
         // Detached, because a thread that waits for a disk cannot be ended.
         std::thread([self = shared_from_this(), worker] { self->work(*worker); }).detach();
@@ -61,6 +65,7 @@ void VideoSearch::startWorker()
         return; // there is no thread to be had; watch() tries again
     }
     m_workers.push_back(worker);
+    ++m_threadCount;
 }
 
 void VideoSearch::work(Worker &worker)
@@ -69,6 +74,7 @@ void VideoSearch::work(Worker &worker)
     while (!m_isStopped && !worker.isLeftBehind && (sortNext(lock) || lookAtNext(worker, lock)))
         ;
     std::erase_if(m_workers, [&](const auto &each) { return each.get() == &worker; });
+    --m_threadCount;
 }
 
 bool VideoSearch::sortNext(std::unique_lock<std::mutex> &lock)
@@ -132,24 +138,33 @@ void VideoSearch::settle(const Errand &errand, FolderContent content)
 
 void VideoSearch::watch()
 {
-    const std::scoped_lock guard(m_lock);
+    // More than that has not passed for the disks: the whole program was stopped meanwhile.
+    constexpr Duration longestStep = std::chrono::seconds(1);
+    std::unique_lock lock(m_lock);
     const auto now = std::chrono::steady_clock::now();
+    const Duration step = std::min(now - std::exchange(m_watchedAt, now), longestStep);
     for (const auto &worker : m_workers) {
         const quint64 answers = worker->answers.load(std::memory_order_relaxed);
-        if (!worker->errand || std::exchange(worker->seenAnswers, answers) != answers)
-            worker->seenAt = now;
+        const bool isSilent =
+            worker->errand && std::exchange(worker->seenAnswers, answers) == answers;
+        worker->silence = isSilent ? worker->silence + step : Duration::zero();
     }
-    const auto allWaitFor = [&](std::chrono::milliseconds time) {
-        return std::ranges::all_of(m_workers,
-                                   [&](const auto &each) { return now - each->seenAt >= time; });
-    };
+    std::erase_if(m_workers, [&](const auto &worker) {
+        worker->isLeftBehind = worker->silence >= m_patience.untilLeftOut;
+        if (worker->isLeftBehind)
+            leaveOut(*worker->errand, true);
+        return worker->isLeftBehind;
+    });
     const bool hasMore = !m_errands.empty() || !m_unsorted.empty();
-    if (hasMore && m_workers.size() < mostWorkers) {
-        if (allWaitFor(m_patience.untilOvertaken))
-            startWorker();
-    } else if (!m_workers.empty() && allWaitFor(m_patience.untilLeftOut)) {
-        leaveAllOut();
-    }
+    const auto isOvertaken = [&](const auto &worker) {
+        return worker->silence >= m_patience.untilOvertaken;
+    };
+    if (hasMore && m_workers.size() < mostWorkers && std::ranges::all_of(m_workers, isOvertaken))
+        startWorker();
+    const bool isLacking = hasMore && m_workers.empty();
+    m_lack = isLacking ? m_lack + step : Duration::zero();
+    if (m_lack >= m_patience.untilLeftOut)
+        goWithoutThreads(lock);
 }
 
 // With the lock held.
@@ -161,18 +176,14 @@ void VideoSearch::leaveOut(const Errand &errand, bool isSilent)
     settle(errand, {});
 }
 
-// Everything that is still to be looked at. With the lock held.
-void VideoSearch::leaveAllOut()
+// Comes to an end on the thread that watches, as there has been no other for so long: what was not
+// looked at cannot be.
+void VideoSearch::goWithoutThreads(std::unique_lock<std::mutex> &lock)
 {
-    for (const auto &worker : m_workers) {
-        worker->isLeftBehind = true;
-        if (const auto &errand = worker->errand)
-            m_errands.push_back(*errand);
-    }
-    m_workers.clear();
-    for (const Errand &errand : std::exchange(m_errands, {}))
-        leaveOut(errand, true);
-    startWorker();
+    for (const Errand &errand : std::exchange(m_errands, {}) | std::views::reverse)
+        leaveOut(errand, false);
+    while (sortNext(lock))
+        ;
 }
 
 std::optional<VideoSearch::Result> VideoSearch::take()

@@ -65,13 +65,16 @@ public:
     int foundCount() const { return m_foundCount; }
 
     /// Has others take over from threads that wait for too long, and leaves out what does not
-    /// answer. To be called several times a second.
+    /// answer. Where no thread is to be had for as long as that, leaves out all that has not been
+    /// looked at, as what could not be read. To be called several times a second.
     void watch();
 
     /// Ends the search; from now on there is nothing to take.
     void stop();
 
 private:
+    using Duration = std::chrono::steady_clock::duration;
+
     struct Addition
     {
         std::vector<VideoTree> trees; // one for each URL
@@ -95,7 +98,7 @@ private:
         std::optional<Errand> errand; // what it looks at, unless it sorts
         bool isLeftBehind = false;
         quint64 seenAnswers = 0;
-        std::chrono::steady_clock::time_point seenAt;
+        Duration silence{}; // since it last had an answer, as far as was watched
     };
 
     void startWorker();
@@ -104,7 +107,7 @@ private:
     bool sortNext(std::unique_lock<std::mutex> &lock);
     void settle(const Errand &errand, FolderContent content);
     void leaveOut(const Errand &errand, bool isSilent);
-    void leaveAllOut();
+    void goWithoutThreads(std::unique_lock<std::mutex> &lock);
 
     const SearchPatience m_patience;
     const std::function<void()> m_notify;
@@ -113,9 +116,12 @@ private:
 
     mutable std::mutex m_lock; // guards all below, never held across a look at a disk
     std::deque<Addition> m_additions;
-    std::deque<Errand> m_errands;      // the next one is the last
-    std::deque<Addition *> m_unsorted; // found but not sorted
-    std::vector<std::shared_ptr<Worker>> m_workers;
+    std::deque<Errand> m_errands;                   // the next one is the last
+    std::deque<Addition *> m_unsorted;              // found but not sorted
+    std::vector<std::shared_ptr<Worker>> m_workers; // but those left behind
+    std::size_t m_threadCount = 0;                  // with these
+    Duration m_lack{};                              // for so long there is work and no worker
+    std::chrono::steady_clock::time_point m_watchedAt;
 };
 
 } // namespace quorvale

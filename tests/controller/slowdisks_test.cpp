@@ -180,6 +180,46 @@ private Q_SLOTS:
         });
     }
 
+    // However many there are: this one is asked when there are as many threads as may wait.
+    void aHealthyFolderAmongSilentOnesIsFound()
+    {
+        constexpr int healthy = 3;
+        write(m_disk->path(u"videos/103/3.mkv"_s), {});
+        QList<QList<QUrl>> additions;
+        QStringList silent;
+        for (int i = 0; i <= 20; ++i) {
+            const QString name = u"videos/%1"_s.arg(100 + i);
+            additions << QList{QUrl::fromLocalFile(m_disk->path(name))};
+            if (i != healthy)
+                silent << name;
+        }
+        SearchQueue searches({.untilOvertaken = 10ms, .untilLeftOut = 2s});
+        const QSignalSpy found(&searches, &SearchQueue::found);
+        m_disk->hang(silent);
+        searches.search(additions);
+        QTRY_COMPARE_WITH_TIMEOUT(found.size(), additions.size(), patience);
+        QCOMPARE(names(found), QStringList{u"3.mkv"_s});
+        QCOMPARE(searches.notice(), u"“%1” and 19 more did not answer and were left out."_s.arg(
+                                        m_disk->path(silent.first())));
+    }
+
+    void withoutThreadsASearchEnds()
+    {
+        SearchQueue searches({.untilOvertaken = 50ms, .untilLeftOut = 1s});
+        const QSignalSpy found(&searches, &SearchQueue::found);
+        m_disk->fail(EAGAIN, "pthread_create");
+        searches.search({{videos()}});
+        QTest::qWait(300);
+        m_disk->answerAtOnce(); // there are some again
+        QTRY_COMPARE_WITH_TIMEOUT(names(found), (QStringList{u"9.mkv"_s, u"10.mkv"_s}), patience);
+        QCOMPARE(searches.notice(), QString());
+        m_disk->fail(EAGAIN, "pthread_create");
+        searches.search({{videos()}});
+        QTRY_COMPARE_WITH_TIMEOUT(found.size(), 2, patience);
+        QCOMPARE(names(found).size(), 2);
+        QCOMPARE(searches.verdict(), u" could not be read and was left out."_s);
+    }
+
     void whatCannotBeReadIsLeftOut_data()
     {
         QTest::addColumn<QByteArray>("function");
