@@ -116,6 +116,7 @@ void SearchQueue::endIfDone()
     m_foundBefore = 0;
     std::erase_if(m_ended, [](const auto &search) { return search.expired(); });
     setLong(false);
+    setFoundCount(0);
 }
 
 void SearchQueue::watch()
@@ -125,8 +126,7 @@ void SearchQueue::watch()
         count += search->foundCount();
     for (std::size_t i = 0; i < m_startedCount; ++i)
         m_searches[i]->watch();
-    if (std::exchange(m_foundCount, count) != count)
-        Q_EMIT foundCountChanged();
+    setFoundCount(count);
     if (m_time.hasExpired(longTime.count()))
         setLong(true);
 }
@@ -137,14 +137,21 @@ void SearchQueue::setLong(bool isLong)
         Q_EMIT isLongChanged();
 }
 
+void SearchQueue::setFoundCount(int count)
+{
+    if (std::exchange(m_foundCount, count) != count)
+        Q_EMIT foundCountChanged();
+}
+
 void SearchQueue::stop()
 {
-    for (const auto &search : std::exchange(m_searches, {})) {
+    for (const auto &search : m_searches)
         search->stop();
-        m_ended.push_back(search);
-    }
-    m_startedCount = 0;
-    endIfDone();
+    m_foundBefore = 0;
+    m_time.start();
+    setLong(false);
+    // Not at once: who is handed something over may be who stops.
+    QMetaObject::invokeMethod(this, &SearchQueue::handOver, Qt::QueuedConnection);
 }
 
 QString SearchQueue::notice() const

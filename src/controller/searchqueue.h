@@ -35,16 +35,18 @@ public:
     ~SearchQueue() override;
 
     /// Searches each of these lists of files and folders for videos. found() says of every one what
-    /// was found, unless stop() is called before.
+    /// was found, unless stop() is called before everything in it was looked at.
     void search(const QList<QList<QUrl>> &additions);
 
-    /// Ends all searches. What they have found and not handed over is dropped.
+    /// Ends all searches. The lists of which everything was looked at are still handed over, soon;
+    /// what was found for any other is dropped.
     Q_INVOKABLE void stop();
 
     /// Whether there has been a search for longer than half a second, and still is.
     bool isLong() const { return m_isLong; }
 
-    /// How many videos were found since then; brought up to date some times a second.
+    /// How many videos were found since there have been searches, none of them stopped; brought up
+    /// to date some times a second.
     int foundCount() const { return m_foundCount; }
 
     /// What was left out because it did not answer or could not be read, in a sentence; empty when
@@ -76,6 +78,7 @@ private:
     void watch();
     void endIfDone();
     void setLong(bool isLong);
+    void setFoundCount(int count);
 
     const SearchPatience m_patience;
     std::deque<std::shared_ptr<VideoSearch>> m_searches; // in order; the first few have started

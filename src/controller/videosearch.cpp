@@ -49,7 +49,8 @@ void VideoSearch::start()
 {
     const std::scoped_lock guard(m_lock);
     m_watchedAt = std::chrono::steady_clock::now();
-    startWorker();
+    if (!m_errands.empty() || !m_unsorted.empty())
+        startWorker();
 }
 
 // With the lock held.
@@ -71,7 +72,7 @@ void VideoSearch::startWorker()
 void VideoSearch::work(Worker &worker)
 {
     std::unique_lock lock(m_lock);
-    while (!m_isStopped && !worker.isLeftBehind && (sortNext(lock) || lookAtNext(worker, lock)))
+    while (!worker.isLeftBehind && (sortNext(lock) || lookAtNext(worker, lock)))
         ;
     std::erase_if(m_workers, [&](const auto &each) { return each.get() == &worker; });
     --m_threadCount;
@@ -91,8 +92,7 @@ bool VideoSearch::sortNext(std::unique_lock<std::mutex> &lock)
     lock.lock();
     addition.result.videos = std::move(videos);
     addition.isReady = true;
-    if (!m_isStopped)
-        m_notify();
+    m_notify();
     return true;
 }
 
@@ -127,6 +127,8 @@ bool VideoSearch::lookAtNext(Worker &worker, std::unique_lock<std::mutex> &lock)
 // With the lock held.
 void VideoSearch::settle(const Errand &errand, FolderContent content)
 {
+    if (m_isStopped)
+        return;
     m_foundCount += static_cast<int>(content.videos.size());
     errand.tree->fill(std::move(content));
     for (VideoTree &folder : errand.tree->folders() | std::views::reverse)
@@ -189,22 +191,30 @@ void VideoSearch::goWithoutThreads(std::unique_lock<std::mutex> &lock)
 std::optional<VideoSearch::Result> VideoSearch::take()
 {
     const std::scoped_lock guard(m_lock);
-    if (m_isStopped || m_additions.empty() || !m_additions.front().isReady)
-        return std::nullopt;
-    Result result = std::move(m_additions.front().result);
-    m_additions.pop_front();
-    return result;
+    while (m_takenCount < m_additions.size()) {
+        Addition &next = m_additions[m_takenCount];
+        const bool isDropped = m_isStopped && next.unread > 0;
+        if (!next.isReady && !isDropped)
+            break;
+        ++m_takenCount;
+        if (next.isReady)
+            return std::exchange(next.result, {});
+    }
+    return std::nullopt;
 }
 
 bool VideoSearch::isDone() const
 {
     const std::scoped_lock guard(m_lock);
-    return m_isStopped || m_additions.empty();
+    return m_takenCount == m_additions.size();
 }
 
 void VideoSearch::stop()
 {
+    const std::scoped_lock guard(m_lock);
     m_isStopped = true;
+    m_foundCount = 0;
+    m_errands.clear();
 }
 
 } // namespace quorvale

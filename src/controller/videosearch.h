@@ -58,10 +58,10 @@ public:
     /// known. Nothing when it is not, or all were taken.
     std::optional<Result> take();
 
-    /// Whether all were taken.
+    /// Whether all were taken, as far as they will come.
     bool isDone() const;
 
-    /// How many videos were found so far.
+    /// How many videos were found so far; none of a search that was stopped.
     int foundCount() const { return m_foundCount; }
 
     /// Has others take over from threads that wait for too long, and leaves out what does not
@@ -69,7 +69,8 @@ public:
     /// looked at, as what could not be read. To be called several times a second.
     void watch();
 
-    /// Ends the search; from now on there is nothing to take.
+    /// Ends the search. To be taken is only what was found for lists of which everything was looked
+    /// at by now.
     void stop();
 
 private:
@@ -116,6 +117,7 @@ private:
 
     mutable std::mutex m_lock; // guards all below, never held across a look at a disk
     std::deque<Addition> m_additions;
+    std::size_t m_takenCount = 0;                   // of these
     std::deque<Errand> m_errands;                   // the next one is the last
     std::deque<Addition *> m_unsorted;              // found but not sorted
     std::vector<std::shared_ptr<Worker>> m_workers; // but those left behind

@@ -166,6 +166,10 @@ private:
             endSearch();
         } else {
             m_log << u"stop searching"_s;
+            // What has ended behind others may still be at its last.
+            becomesTrue([this] {
+                return m_queue.model().searches()->foundCount() == m_reference.foundCount();
+            });
             m_queue.model().searches()->stop();
             m_reference.stopSearches();
             m_folders.clear();
@@ -263,13 +267,15 @@ private:
         // From there to the folders of the other additions, although no such way leads there.
         const QString path = m_disk.path(folder);
         const QString toTheRoot = path + u"/.."_s.repeated(path.count(u'/'));
-        const QStringList paths = randomPaths({toTheRoot + u"/in/"_s, toTheRoot + u"/other/"_s});
+        QStringList paths = randomPaths({toTheRoot + u"/in/"_s, toTheRoot + u"/other/"_s});
+        // What has been found says what has been looked at.
+        paths.replaceInStrings(u".txt"_s, u".mkv"_s);
         const bool isDrop = oneOf(m_random, 2) == 0;
         m_log << (isDrop ? u"drop "_s : u"choose "_s) + paths.join(u' ');
         if (isDrop) {
             m_queue.model().handleDrop(urls(paths));
             QList<QStringList> additions;
-            for (const QString &path : paths)
+            for (const QString &path : std::as_const(paths))
                 additions << QStringList{path};
             m_reference.search(folder, additions);
         } else {
@@ -334,6 +340,7 @@ private:
             return QFile::exists(mark(u"running"_s, m_reference.conversions))
                    && (!job || isAsFarAs(*job));
         });
+        QCoreApplication::sendPostedEvents(m_queue.model().searches()); // of an end
         takeIds();
         if (m_found.size() != m_reference.additionsFound)
             return u"%1 additions were found instead of %2"_s.arg(m_found.size())

@@ -50,7 +50,7 @@ public:
     };
 
     QList<Job> jobs;
-    QList<Search> searches; // that are not handed over yet
+    QList<Search> searches; // that are not handed over yet; the first four go on
     std::optional<QString> alertMessage;
     qsizetype additionsFound = 0; // by searches
     QList<ConversionPlan> plans;  // of the conversions, in turn
@@ -67,7 +67,7 @@ public:
         }
         QList<Job> fresh;
         for (const QString &path : paths) {
-            if (path.endsWith(QStringLiteral(".mkv")) && !queued.contains(QDir::cleanPath(path)))
+            if (isVideo(path) && !queued.contains(QDir::cleanPath(path)))
                 fresh << Job{path, {}};
         }
         std::ranges::stable_sort(
@@ -84,15 +84,31 @@ public:
     void endSearch(const QString &name)
     {
         std::ranges::find(searches, name, &Search::name)->hasEnded = true;
-        while (!searches.isEmpty() && searches.first().hasEnded) {
-            for (const QStringList &paths : searches.takeFirst().additions) {
-                add(paths);
-                ++additionsFound;
-            }
-        }
+        while (!searches.isEmpty() && searches.first().hasEnded)
+            handOver(searches.takeFirst());
+        if (searches.isEmpty())
+            m_foundBefore = 0;
     }
 
-    void stopSearches() { searches.clear(); }
+    /// Adds what has ended behind others.
+    void stopSearches()
+    {
+        for (const Search &search : goingOn()) {
+            if (search.hasEnded)
+                handOver(search);
+        }
+        searches.clear();
+        m_foundBefore = 0;
+    }
+
+    /// How many videos were found since there have been searches and none was stopped.
+    qsizetype foundCount() const
+    {
+        qsizetype count = m_foundBefore;
+        for (const Search &search : goingOn())
+            count += search.hasEnded ? videoCount(search) : 0;
+        return count;
+    }
 
     void remove(const QUuid &id)
     {
@@ -198,6 +214,29 @@ public:
     }
 
 private:
+    static bool isVideo(const QString &path) { return path.endsWith(QStringLiteral(".mkv")); }
+
+    static qsizetype videoCount(const Search &search)
+    {
+        qsizetype count = 0;
+        for (const QStringList &paths : search.additions)
+            count += std::ranges::count_if(paths, isVideo);
+        return count;
+    }
+
+    QList<Search> goingOn() const
+    {
+        return searches.first(std::min<qsizetype>(4, searches.size()));
+    }
+
+    void handOver(const Search &search)
+    {
+        for (const QStringList &paths : search.additions)
+            add(paths);
+        additionsFound += search.additions.size();
+        m_foundBefore += videoCount(search);
+    }
+
     Job *find(const QUuid &id)
     {
         const auto job = std::ranges::find(jobs, id, &Job::id);
@@ -231,6 +270,7 @@ private:
         isConverting = false;
     }
 
+    qsizetype m_foundBefore = 0; // by what has been handed over
     bool m_isCancelled = false;
     QList<QUuid> m_ids; // that the batch has yet to convert
     QUuid m_convertingId;

@@ -74,12 +74,14 @@ private Q_SLOTS:
                               tree.path(u"z/same.mp4"_s)}));
     }
 
-    void whatAStoppedSearchFoundIsDropped()
+    void aSearchThatIsStoppedAtAnyTimeHandsOverWhatIsWhole()
     {
         const FileTree tree;
-        tree.addFiles({u"a/1.mp4"_s, u"b/2.mp4"_s});
+        tree.addFiles({u"a/1.mp4"_s, u"b/2.mp4"_s, u"b/3.mp4"_s});
         SearchQueue searches;
         const Found found(searches);
+        const QStringList one{u"1.mp4"_s};
+        const QStringList other{u"2.mp4"_s, u"3.mp4"_s};
         for (int i = 0; i < 20; ++i) {
             searches.search({{tree.url(u"a"_s)}, {tree.url(u"b"_s)}});
             if (i % 2 == 0)
@@ -87,14 +89,15 @@ private Q_SLOTS:
             searches.stop();
         }
         QVERIFY(awaitEnd(searches));
-        QCOMPARE(found.names, QList<QStringList>{});
+        for (const QStringList &names : std::as_const(found.names))
+            QVERIFY(names == one || names == other);
 
         searches.search({{tree.url(u"b"_s)}});
         QVERIFY(awaitEnd(searches));
-        QCOMPARE(found.names, QList<QStringList>{{u"2.mp4"_s}});
+        QCOMPARE(found.names.last(), other);
     }
 
-    void aSearchStoppedByWhoIsHandedOverToHandsOverNoMore()
+    void whoIsHandedOverToMayStop()
     {
         const FileTree tree;
         tree.addFiles({u"a/1.mp4"_s, u"b/2.mp4"_s});
@@ -103,7 +106,8 @@ private Q_SLOTS:
         connect(&searches, &SearchQueue::found, &searches, &SearchQueue::stop);
         searches.search({{tree.url(u"a"_s)}, {tree.url(u"b"_s)}});
         QVERIFY(awaitEnd(searches));
-        QCOMPARE(found.names, QList<QStringList>{{u"1.mp4"_s}});
+        QCOMPARE(found.names.first(), QStringList{u"1.mp4"_s});
+        QVERIFY(found.names.size() <= 2);
     }
 
     void aQueueThatEndsDuringASearchHandsOverNothing()

@@ -138,20 +138,29 @@ private Q_SLOTS:
         });
     }
 
-    void whatAStoppedSearchFindsIsDropped()
+    void aStoppedSearchHandsOverWhatIsWhole()
     {
         verifyAliveness([&] {
-            m_disk->hang();
-            m_queue->model().handleDrop({videos()});
-            QTRY_VERIFY_WITH_TIMEOUT(m_queue->model().searches()->isLong(), patience);
-            m_queue->model().searches()->stop();
-            QVERIFY(!m_queue->model().searches()->isLong());
-            m_queue->model().handleDrop({QUrl::fromLocalFile(u"/in/a.mkv"_s)});
-            QTRY_COMPARE_WITH_TIMEOUT(names(m_queue->model()), QStringList{u"a.mkv"_s}, patience);
+            const QUrl whole = QUrl::fromLocalFile(m_disk->path(u"videos/111"_s));
+            const QUrl silent = QUrl::fromLocalFile(m_disk->path(u"videos/110"_s));
+            SearchQueue &searches = *m_queue->model().searches();
+            m_disk->hang({u"videos/110"_s});
+            m_queue->model().handleDrop({whole, videos(), QUrl::fromLocalFile(u"/in/a.mkv"_s)});
+            m_queue->model().handleDrop({silent, QUrl::fromLocalFile(u"/in/b.mkv"_s)});
+            // What comes before is queued at once.
+            QTRY_COMPARE_WITH_TIMEOUT(names(m_queue->model()), QStringList{u"9.mkv"_s}, patience);
+            QTRY_COMPARE_WITH_TIMEOUT(searches.foundCount(), 4, patience);
+            QVERIFY(searches.isLong());
+            QCOMPARE(names(m_queue->model()), QStringList{u"9.mkv"_s});
+            searches.stop();
+            QVERIFY(!searches.isLong());
+            m_queue->model().handleDrop({QUrl::fromLocalFile(u"/in/c.mkv"_s)});
+            const QStringList expected{u"9.mkv"_s, u"a.mkv"_s, u"b.mkv"_s, u"c.mkv"_s};
+            QTRY_COMPARE_WITH_TIMEOUT(names(m_queue->model()), expected, patience);
             m_disk->answerAtOnce();
-            QTRY_VERIFY_WITH_TIMEOUT(!m_queue->model().searches()->hasThreads(), patience);
+            QTRY_VERIFY_WITH_TIMEOUT(!searches.hasThreads(), patience);
             QTest::qWait(50); // for what should not come
-            QCOMPARE(names(m_queue->model()), QStringList{u"a.mkv"_s});
+            QCOMPARE(names(m_queue->model()), expected);
         });
     }
 
