@@ -3,6 +3,8 @@
 
 #include "searchqueue.h"
 
+#include "model/filename.h"
+#include "model/filepath.h"
 #include "model/legible.h"
 
 #include <QCoreApplication>
@@ -116,17 +118,20 @@ void SearchQueue::endIfDone()
     m_foundBefore = 0;
     std::erase_if(m_ended, [](const auto &search) { return search.expired(); });
     setLong(false);
-    setFoundCount(0);
+    setProgress(0, {});
 }
 
 void SearchQueue::watch()
 {
-    int count = m_foundBefore;
-    for (const auto &search : m_searches)
-        count += search->foundCount();
-    for (std::size_t i = 0; i < m_startedCount; ++i)
+    int foundCount = m_foundBefore;
+    QByteArray awaited; // for the earliest search, which keeps the others waiting
+    for (std::size_t i = 0; i < m_startedCount; ++i) {
         m_searches[i]->watch();
-    setFoundCount(count);
+        foundCount += m_searches[i]->foundCount();
+        if (awaited.isEmpty())
+            awaited = m_searches[i]->awaited();
+    }
+    setProgress(foundCount, awaited);
     if (m_time.hasExpired(longTime.count()))
         setLong(true);
 }
@@ -137,10 +142,12 @@ void SearchQueue::setLong(bool isLong)
         Q_EMIT isLongChanged();
 }
 
-void SearchQueue::setFoundCount(int count)
+void SearchQueue::setProgress(int foundCount, const QByteArray &awaited)
 {
-    if (std::exchange(m_foundCount, count) != count)
+    if (std::exchange(m_foundCount, foundCount) != foundCount)
         Q_EMIT foundCountChanged();
+    if (std::exchange(m_awaited, awaited) != awaited)
+        Q_EMIT awaitedChanged();
 }
 
 void SearchQueue::stop()
@@ -152,6 +159,16 @@ void SearchQueue::stop()
     setLong(false);
     // Not at once: who is handed something over may be who stops.
     QMetaObject::invokeMethod(this, &SearchQueue::handOver, Qt::QueuedConnection);
+}
+
+QString SearchQueue::awaitedPlace() const
+{
+    return shownPath(withoutTrailingSlashes(m_awaited));
+}
+
+QString SearchQueue::legibleAwaitedName() const
+{
+    return m_awaited.isEmpty() ? QString() : legible(shownPath(lastPathComponent(m_awaited)));
 }
 
 QString SearchQueue::notice() const

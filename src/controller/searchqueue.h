@@ -24,6 +24,8 @@ class SearchQueue : public QObject
     Q_OBJECT
     Q_PROPERTY(bool isLong READ isLong NOTIFY isLongChanged)
     Q_PROPERTY(int foundCount READ foundCount NOTIFY foundCountChanged)
+    Q_PROPERTY(QString awaitedPlace READ awaitedPlace NOTIFY awaitedChanged)
+    Q_PROPERTY(QString legibleAwaitedName READ legibleAwaitedName NOTIFY awaitedChanged)
     Q_PROPERTY(QString notice READ notice NOTIFY noticeChanged)
     Q_PROPERTY(QString legiblePlace READ legiblePlace NOTIFY noticeChanged)
     Q_PROPERTY(QString verdict READ verdict NOTIFY noticeChanged)
@@ -49,6 +51,11 @@ public:
     /// to date some times a second.
     int foundCount() const { return m_foundCount; }
 
+    /// The path of a place that has not answered for a while and is waited for; empty when there is
+    /// none. And its last component, legible().
+    QString awaitedPlace() const;
+    QString legibleAwaitedName() const;
+
     /// What was left out because it did not answer or could not be read, in a sentence; empty when
     /// nothing was.
     QString notice() const;
@@ -69,6 +76,7 @@ Q_SIGNALS:
     void found(const QList<quorvale::SourceFile> &videos);
     void isLongChanged();
     void foundCountChanged();
+    void awaitedChanged();
     void noticeChanged();
 
 private:
@@ -78,7 +86,7 @@ private:
     void watch();
     void endIfDone();
     void setLong(bool isLong);
-    void setFoundCount(int count);
+    void setProgress(int foundCount, const QByteArray &awaited);
 
     const SearchPatience m_patience;
     std::deque<std::shared_ptr<VideoSearch>> m_searches; // in order; the first few have started
@@ -86,6 +94,7 @@ private:
     std::vector<std::weak_ptr<VideoSearch>> m_ended; // whose threads may not have
     int m_foundBefore = 0; // by searches that have ended, since the first of these began
     int m_foundCount = 0;
+    QByteArray m_awaited; // a path
     bool m_isLong = false;
     QString m_firstLeftOut;
     QSet<QString> m_leftOut;

@@ -106,6 +106,7 @@ bool VideoSearch::lookAtNext(Worker &worker, std::unique_lock<std::mutex> &lock)
     const Errand errand = isAlone ? m_errands.back() : m_errands.front();
     isAlone ? m_errands.pop_back() : m_errands.pop_front();
     worker.errand = errand;
+    worker.isOvertaken = false;
     const SearchedPlace place = errand.tree->place();
     lock.unlock();
     FolderContent content = contentOf(place, [&] {
@@ -150,6 +151,7 @@ void VideoSearch::watch()
         const bool isSilent =
             worker->errand && std::exchange(worker->seenAnswers, answers) == answers;
         worker->silence = isSilent ? worker->silence + step : Duration::zero();
+        worker->isOvertaken |= worker->silence >= m_patience.untilOvertaken;
     }
     std::erase_if(m_workers, [&](const auto &worker) {
         worker->isLeftBehind = worker->silence >= m_patience.untilLeftOut;
@@ -158,10 +160,11 @@ void VideoSearch::watch()
         return worker->isLeftBehind;
     });
     const bool hasMore = !m_errands.empty() || !m_unsorted.empty();
-    const auto isOvertaken = [&](const auto &worker) {
+    const auto isToBeOvertaken = [&](const auto &worker) {
         return worker->silence >= m_patience.untilOvertaken;
     };
-    if (hasMore && m_workers.size() < mostWorkers && std::ranges::all_of(m_workers, isOvertaken))
+    if (hasMore && m_workers.size() < mostWorkers
+        && std::ranges::all_of(m_workers, isToBeOvertaken))
         startWorker();
     const bool isLacking = hasMore && m_workers.empty();
     m_lack = isLacking ? m_lack + step : Duration::zero();
@@ -207,6 +210,16 @@ bool VideoSearch::isDone() const
 {
     const std::scoped_lock guard(m_lock);
     return m_takenCount == m_additions.size();
+}
+
+QByteArray VideoSearch::awaited() const
+{
+    const std::scoped_lock guard(m_lock);
+    for (const auto &worker : m_workers) {
+        if (const auto &errand = worker->errand; errand && worker->isOvertaken)
+            return errand->tree->place().file.path();
+    }
+    return {};
 }
 
 void VideoSearch::stop()

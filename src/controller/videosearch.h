@@ -69,6 +69,10 @@ public:
     /// looked at, as what could not be read. To be called several times a second.
     void watch();
 
+    /// The path of a place that is waited for for so long that others were looked at meanwhile;
+    /// empty when there is none.
+    QByteArray awaited() const;
+
     /// Ends the search. To be taken is only what was found for lists of which everything was looked
     /// at by now.
     void stop();
@@ -97,6 +101,7 @@ private:
         std::atomic<quint64> answers = 0; // to its calls of the file system
         // The others are guarded by m_lock.
         std::optional<Errand> errand; // what it looks at, unless it sorts
+        bool isOvertaken = false;     // while it looks at that
         bool isLeftBehind = false;
         quint64 seenAnswers = 0;
         Duration silence{}; // since it last had an answer, as far as was watched

@@ -39,8 +39,10 @@ FocusScope {
             id: searchLine
 
             Layout.fillWidth: true
+            awaitedPlace: view.model.searches.awaitedPlace
             foundCount: view.model.searches.foundCount
             isSearching: view.model.searches.isLong
+            legibleAwaitedName: view.model.searches.legibleAwaitedName
             legiblePlace: view.model.searches.legiblePlace
             notice: view.model.searches.notice
             verdict: view.model.searches.verdict

@@ -12,6 +12,9 @@ Item {
 
     property bool isSearching: false
     property int foundCount: 0
+    /// A place that is waited for; empty when there is none. And its name as it is shown.
+    property string awaitedPlace
+    property string legibleAwaitedName
     /// What was left out; empty when nothing was.
     property string notice
     /// Its two parts as they are shown: a path in quotes, and what is said of it.
@@ -28,11 +31,27 @@ Item {
 
     readonly property string count: Number(foundCount).toLocaleString(Qt.locale("en_US"), "f", 0)
 
+    // With what is waited for, if anything.
+    function progressText(place: string): string {
+        const text = "Searching for videos… " + count + " found";
+        return place === "" ? text : text + ", waiting for “" + place + "”";
+    }
+
     // Read out when it appears.
     Accessible.name: isSearching ? "Searching for videos…" : notice
     Accessible.role: Accessible.AlertMessage
     implicitHeight: row.implicitHeight + row.anchors.topMargin + row.anchors.bottomMargin
     visible: isSearching || notice !== ""
+
+    // Short enough to leave the bar its room in most fonts.
+    TextMetrics {
+        id: awaitedName
+
+        elide: Qt.ElideMiddle
+        elideWidth: Theme.scaled(120)
+        font: progress.font
+        text: line.legibleAwaitedName
+    }
 
     RowLayout {
         id: row
@@ -53,12 +72,17 @@ Item {
             readonly property real room: line.width - row.anchors.leftMargin - row.anchors.rightMargin
                                          - row.spacing - stopButton.implicitWidth
 
+            Accessible.name: line.progressText(line.awaitedPlace)
             Layout.preferredWidth: Math.min(steadyWidth, room)
             color: Theme.current.text
             font: Theme.subheadline
-            text: "Searching for videos… " + line.count + " found"
+            text: line.progressText(awaitedName.elidedText)
             visible: line.isSearching
             wrapMode: Text.Wrap
+
+            HoverTip {
+                text: line.awaitedPlace
+            }
         }
 
         // Shorter than this it would show nothing, as large texts may leave it.

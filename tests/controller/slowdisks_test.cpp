@@ -151,6 +151,8 @@ private Q_SLOTS:
             QTRY_COMPARE_WITH_TIMEOUT(names(m_queue->model()), QStringList{u"9.mkv"_s}, patience);
             QTRY_COMPARE_WITH_TIMEOUT(searches.foundCount(), 4, patience);
             QVERIFY(searches.isLong());
+            QCOMPARE(searches.awaitedPlace(), silent.toLocalFile());
+            QCOMPARE(searches.legibleAwaitedName(), u"110"_s);
             QCOMPARE(names(m_queue->model()), QStringList{u"9.mkv"_s});
             searches.stop();
             QVERIFY(!searches.isLong());
@@ -159,6 +161,7 @@ private Q_SLOTS:
             QTRY_COMPARE_WITH_TIMEOUT(names(m_queue->model()), expected, patience);
             m_disk->answerAtOnce();
             QTRY_VERIFY_WITH_TIMEOUT(!searches.hasThreads(), patience);
+            QCOMPARE(searches.awaitedPlace(), QString());
             QTest::qWait(50); // for what should not come
             QCOMPARE(names(m_queue->model()), expected);
         });

@@ -136,7 +136,10 @@ bool Scene::search()
     m_disk.hang({u"gone"_s});
     m_model->search({QUrl::fromLocalFile(disk.path())});
     const SearchQueue *searches = m_model->searches();
-    return QTest::qWaitFor([&] { return searches->isLong() && searches->foundCount() == videos; });
+    return QTest::qWaitFor([&] {
+        return searches->isLong() && searches->foundCount() == videos
+               && searches->legibleAwaitedName() == "gone"_L1;
+    });
 }
 
 void Scene::chooseDestination()

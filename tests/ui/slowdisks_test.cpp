@@ -97,9 +97,9 @@ private Q_SLOTS:
             const QStringList rows{u"a.mp4"_s, u"b.mp4"_s, u"c.mp4"_s};
             m_disk->hang();
             QVERIFY(m_bench->drop({m_disk->path(u"videos"_s), m_fast.path()}));
-            QVERIFY(window().waitFor([](const AccessibleItem &item) {
-                return item.name().startsWith(u"Searching for videos… 3 found"_s);
-            }));
+            QVERIFY(window().waitFor(AccessibleItem::named(
+                Role::label, u"Searching for videos… 3 found, waiting for “%1”"_s.arg(
+                                 m_disk->path(u"videos"_s)))));
             QCOMPARE(window().rowNames(), QStringList());
             QVERIFY(window().act(u"Press"_s, Role::button, stop));
             QVERIFY(window().waitForNo(searching));

@@ -70,6 +70,32 @@ ViewTest {
         verify(shows(view, data.text));
     }
 
+    function waitFor(path, name) {
+        view.awaitedPlace = path;
+        view.legibleAwaitedName = name;
+        settle();
+    }
+
+    function test_saysWhatItWaitsFor() {
+        begin();
+        view.isSearching = true;
+        view.foundCount = 8;
+        waitFor("/cards/B\n0", "B\ufffd0");
+        const text = textOf(view, "Searching for videos… 8 found, waiting for “B\ufffd0”");
+        compare(text.Accessible.name, "Searching for videos… 8 found, waiting for “/cards/B\n0”");
+        compareTip(text, 10, 5, "/cards/B\n0");
+        // A long name is shortened, and everything stays in its line.
+        const height = view.height;
+        waitFor("/x", "start " + "of a long name ".repeat(20) + "end");
+        compare(view.height, height);
+        compare(text.lineCount, 1);
+        verify(/ waiting for “start .*….* end”$/.test(text.text), text.text);
+        verify(one(view, ProgressLine).width >= 80);
+        waitFor("", "");
+        verify(shows(view, "Searching for videos… 8 found"));
+        verifyNoTip(text, 10, 5);
+    }
+
     function test_theBarMovesWhileItSearches() {
         begin();
         view.isSearching = true;

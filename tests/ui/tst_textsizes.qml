@@ -180,6 +180,8 @@ ViewTest {
         const bars = all(view, ProgressLine);
         verify(bars.length === 1 || data.points > 16);
         verify(bars.every(bar => bar.width >= 80));
+        view.legibleAwaitedName = "a folder with a long name";
+        verifyLine();
         view.isSearching = false;
         view.notice = "It is there.";
         view.legiblePlace = "\u201c/media/a disk with a long name/that does not answer/" + "videos/".repeat(20) + "\u201d";
