@@ -215,6 +215,28 @@ private Q_SLOTS:
                                         m_disk->path(silent.first())));
     }
 
+    // Nor is what no thread is left for called silent.
+    void aSearchOfThousandsOfSilentPlacesEnds()
+    {
+        m_disk->hang();
+        const auto search = std::make_shared<VideoSearch>(
+            QList<QList<QUrl>>(2000, {videos()}),
+            SearchPatience{.untilOvertaken = 1ms, .untilLeftOut = 20ms}, [] {});
+        search->start();
+        qsizetype silent = 0;
+        qsizetype unread = 0;
+        while (!search->isDone()) {
+            search->watch();
+            while (const auto result = search->take())
+                ++(result->isSilence ? silent : unread);
+            QTest::qSleep(1);
+        }
+        QCOMPARE(silent, 256);
+        QCOMPARE(unread, 2000 - 256);
+        m_disk->answerAtOnce();
+        QTRY_COMPARE_WITH_TIMEOUT(search.use_count(), 1, patience);
+    }
+
     void withoutThreadsASearchEnds()
     {
         SearchQueue searches({.untilOvertaken = 50ms, .untilLeftOut = 1s});
