@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: MIT
 
 #include "referencequeue.h"
+#include "service/ffmpegerror.h"
 #include "support/leftovers.h"
 #include "support/patience.h"
 #include "support/queue.h"
+#include "support/scarcity.h"
 #include "support/slowdisk.h"
 #include "support/testclass.h"
 
@@ -16,6 +18,7 @@
 
 #include <algorithm>
 #include <csignal>
+#include <optional>
 #include <random>
 
 #include <unistd.h>
@@ -28,8 +31,9 @@ using enum JobState::Case;
 
 // Random sequences of what a user may do, before, during and after batches, applied to the queue
 // and to a plain model of it: both have to agree after every step. Each search looks at a folder of
-// its own, which does not answer until the search is to end. The seed is printed; with the
-// same one in QUORVALE_TEST_SEED the same sequences are tried again.
+// its own, which does not answer until the search is to end. In some, all that can stand in the way
+// of a conversion does so now and then. The seed is printed; with the same one in
+// QUORVALE_TEST_SEED the same sequences are tried again.
 
 namespace {
 
@@ -58,24 +62,30 @@ bool becomesTrue(const Condition &condition)
 class Pair
 {
 public:
-    Pair(Random &random, SlowDisk &disk) : m_random(random), m_disk(disk)
+    // What may be done beside editing the queue.
+    enum class Work { none, batches, searches, batchesAndSearches, allWithFaults };
+
+    Pair(Random &random, SlowDisk &disk, Work work) : m_random(random), m_disk(disk), m_work(work)
     {
-        constexpr int mostConversions = 100; // more than any sequence has steps
+        constexpr int mostConversions = 400; // more than any sequence comes to
         for (int i = 0; i < mostConversions; ++i)
             m_reference.plans << randomPlan();
+        // Described by ffmpeg as by ffprobe.
+        m_queue.tools().setDescription(Script().err("Duration: 00:00:10.00\n").exit(1));
+        if (work == Work::allWithFaults)
+            m_queue.choose(QUrl::fromLocalFile(m_disk.path(outputs)));
+        QObject::connect(m_queue.model().jobModel(), &JobListModel::changed, &m_context,
+                         [this] { followBatch(); });
     }
 
-    // What may be done beside editing the queue.
-    enum class Work { none, batches, searches, batchesAndSearches };
-
     // Does something at random on both sides. Says what is different afterwards, or nothing.
-    QString step(Work work)
+    QString step()
     {
         constexpr int editing = 9;
         constexpr int converting = 5;
         constexpr int searching = 6;
-        const bool mayConvert = work == Work::batches || work == Work::batchesAndSearches;
-        const bool maySearch = work == Work::searches || work == Work::batchesAndSearches;
+        const bool mayConvert = m_work != Work::none && m_work != Work::searches;
+        const bool maySearch = m_work != Work::none && m_work != Work::batches;
         const int kind =
             oneOf(m_random, editing + (mayConvert ? converting : 0) + (maySearch ? searching : 0));
         if (maySearch && kind >= editing + (mayConvert ? converting : 0))
@@ -104,6 +114,7 @@ public:
     QString log() const { return m_log.join(u", "_s); }
     qsizetype conversions() const { return m_reference.conversions; }
     qsizetype searches() const { return m_searches; }
+    qsizetype failedBeginnings() const { return m_failedBeginnings; }
 
 private:
     void step(int kind)
@@ -149,7 +160,6 @@ private:
         case 9:
         case 10:
             m_log << u"start"_s;
-            prepareConversions();
             m_queue.model().start();
             m_reference.start();
             break;
@@ -173,7 +183,7 @@ private:
             m_queue.model().searches()->stop();
             m_reference.stopSearches();
             m_folders.clear();
-            blockSearches();
+            hangDisk();
         }
     }
 
@@ -186,6 +196,8 @@ private:
         plan.atEnd = end == 0  ? ConversionPlan::AtEnd::crashes
                      : end < 3 ? ConversionPlan::AtEnd::fails
                                : ConversionPlan::AtEnd::succeeds;
+        if (m_work == Work::allWithFaults)
+            plan.fault = randomFault();
         m_microseconds << QByteArray::number(qRound64(plan.progress * 10'000'000));
         plan.progress = std::min(m_microseconds.last().toDouble() / 1'000'000.0 / 10.0, 1.0);
         return plan;
@@ -196,36 +208,142 @@ private:
         return m_queue.tools().path(u"%1.%2"_s.arg(name).arg(conversion));
     }
 
-    // Writes the scripts of as many conversions as the batch can have.
-    void prepareConversions()
+    ConversionPlan::Fault randomFault()
     {
-        const qsizetype last = m_reference.conversions + m_reference.jobs.size();
-        for (; m_prepared < last; ++m_prepared) {
-            const ConversionPlan &plan = m_reference.plans[m_prepared];
-            const qsizetype number = m_prepared + 1;
-            Script script;
-            if (plan.atInterrupt == ConversionPlan::AtInterrupt::ignoresIt)
-                script.ignoreInterrupt();
-            else if (plan.atInterrupt == ConversionPlan::AtInterrupt::fails)
-                script.catchInterrupt(255);
-            else if (plan.atInterrupt == ConversionPlan::AtInterrupt::succeeds)
-                script.catchInterrupt(0);
-            script.out("out_time_ms=" + m_microseconds[m_prepared] + '\n');
-            script.touch(mark(u"running"_s, number)).await(mark(u"released"_s, number));
-            if (plan.atEnd == ConversionPlan::AtEnd::fails)
-                script.err("no\n").exit(1);
-            else if (plan.atEnd == ConversionPlan::AtEnd::crashes)
-                script.die(SIGKILL);
-            m_queue.setConversion(static_cast<int>(number), script);
+        using enum ConversionPlan::Fault;
+        // The first two take long when they are cancelled.
+        const int kind = oneOf(m_random, 400);
+        return kind < 1     ? hungProbe
+               : kind < 25  ? hungDisk
+               : kind < 50  ? slowProbe
+               : kind < 75  ? noDescription
+               : kind < 100 ? noTool
+               : kind < 125 ? brokenDisk
+               : kind < 170 ? fewThreads
+               : kind < 240 ? fewDescriptors
+                            : none;
+    }
+
+    // Prepares each conversion that is about to begin.
+    void followBatch()
+    {
+        const auto &jobs = m_queue.model().jobs();
+        const auto job = std::ranges::find_if(
+            jobs, [](const ConversionJob &each) { return each.state.is(converting); });
+        const QUuid id = job == jobs.end() ? QUuid() : job->id();
+        if (std::exchange(m_convertingId, id) == id || id.isNull())
+            return;
+        liftFaults();
+        const ConversionPlan &plan = m_reference.plans[m_begun++];
+        m_queue.setConversions(conversion(plan));
+        setFault(plan.fault);
+    }
+
+    Script conversion(const ConversionPlan &plan)
+    {
+        Script script;
+        if (plan.atInterrupt == ConversionPlan::AtInterrupt::ignoresIt)
+            script.ignoreInterrupt();
+        else if (plan.atInterrupt == ConversionPlan::AtInterrupt::fails)
+            script.catchInterrupt(255);
+        else if (plan.atInterrupt == ConversionPlan::AtInterrupt::succeeds)
+            script.catchInterrupt(0);
+        script.out("out_time_ms=" + m_microseconds[m_begun - 1] + '\n');
+        script.touch(mark(u"running"_s, m_begun)).await(mark(u"released"_s, m_begun));
+        if (plan.atEnd == ConversionPlan::AtEnd::fails)
+            script.err("no\n").exit(1);
+        else if (plan.atEnd == ConversionPlan::AtEnd::crashes)
+            script.die(SIGKILL);
+        return script;
+    }
+
+    // Of the conversion that is about to begin.
+    void setFault(ConversionPlan::Fault fault)
+    {
+        Script description;
+        // What a search would lack as well is left to the conversions.
+        const bool isSearched =
+            !m_reference.searches.isEmpty() || m_queue.model().searches()->hasThreads();
+        switch (fault) {
+        case ConversionPlan::Fault::none:
+            break;
+        case ConversionPlan::Fault::slowProbe:
+            description.wait(20);
+            break;
+        case ConversionPlan::Fault::noDescription:
+            description.exit(1);
+            break;
+        case ConversionPlan::Fault::hungProbe:
+            description.await(mark(u"described"_s, m_begun));
+            break;
+        case ConversionPlan::Fault::hungDisk:
+            m_isDiskIll = true;
+            m_isDiskHung = true;
+            hangDisk();
+            break;
+        case ConversionPlan::Fault::noTool:
+            m_queue.tools().removeTool(u"ffmpeg"_s);
+            break;
+        case ConversionPlan::Fault::brokenDisk:
+            if (!isSearched) {
+                m_isDiskIll = true;
+                m_disk.fail(EIO, m_begun % 2 == 0 ? "stat" : "mkdir", {outputs});
+            }
+            break;
+        case ConversionPlan::Fault::fewThreads:
+            m_threads.emplace(static_cast<int>(m_begun % 2));
+            break;
+        case ConversionPlan::Fault::fewDescriptors:
+            break;
+        }
+        m_queue.tools().setScript(u"ffprobe"_s, StandInTools::describing(description));
+        if (fault == ConversionPlan::Fault::fewDescriptors && !isSearched)
+            m_descriptors.emplace(static_cast<int>(m_begun % 24));
+    }
+
+    void liftFaults()
+    {
+        m_threads.reset();
+        m_descriptors.reset();
+        m_isDiskHung = false;
+        if (std::exchange(m_isDiskIll, false))
+            hangDisk();
+        if (!QFile::exists(m_queue.tools().path(u"ffmpeg"_s)))
+            m_queue.tools().restoreTool(u"ffmpeg"_s);
+    }
+
+    // Conversions that could not begin, on the other side as well.
+    void takeFailures()
+    {
+        const auto couldNotBegin = [this] {
+            const qsizetype number = m_reference.conversions;
+            return m_reference.isConverting && m_reference.plans[number - 1].mayNotBegin()
+                   && (m_begun > number || !m_queue.model().isConverting());
+        };
+        while (couldNotBegin()) {
+            const ReferenceQueue::Job *expected = m_reference.convertingJob();
+            const ConversionJob *job =
+                expected ? m_queue.model().jobModel()->find(expected->id) : nullptr;
+            const QString message = job ? job->state.message() : QString();
+            if (job && !message.contains(u" could not be started: "_s)
+                && !message.contains(u" could not be created: "_s)
+                && message != FFmpegError::notFound().errorDescription())
+                m_unexpected << message;
+            ++m_failedBeginnings;
+            m_reference.failBeginning(message);
         }
     }
 
+    // Lets the conversion that stands still go on.
     void endConversion()
     {
         if (!m_reference.isConverting)
             return;
-        m_log << u"end"_s;
-        write(mark(u"released"_s, m_reference.conversions), {});
+        const bool isStalled = m_reference.isStalled();
+        m_log << (isStalled ? u"begin"_s : u"end"_s);
+        if (isStalled)
+            liftFaults();
+        write(mark(isStalled ? u"described"_s : u"released"_s, m_reference.conversions), {});
         m_reference.endConversion();
     }
 
@@ -263,7 +381,7 @@ private:
     {
         const QString folder = QString::number(++m_searches);
         m_folders << folder;
-        blockSearches();
+        hangDisk();
         // From there to the folders of the other additions, although no such way leads there.
         const QString path = m_disk.path(folder);
         const QString toTheRoot = path + u"/.."_s.repeated(path.count(u'/'));
@@ -292,12 +410,15 @@ private:
         const QString folder =
             m_folders.takeAt(oneOf(m_random, static_cast<int>(m_folders.size())));
         m_log << u"end of search "_s + folder;
-        blockSearches();
+        hangDisk();
         m_reference.endSearch(folder);
     }
 
-    // All that are to go on.
-    void blockSearches() { m_disk.hang(m_folders); }
+    // Where all searches are to go on, and a conversion is to stand still.
+    void hangDisk()
+    {
+        m_disk.hang(m_folders + (m_isDiskHung ? QStringList{outputs} : QStringList()));
+    }
 
     // The jobs that have been added have the numbers that the queue has given them.
     void takeIds()
@@ -332,30 +453,38 @@ private:
     QString settled()
     {
         const bool isSettled = becomesTrue([this] {
+            takeFailures();
             if (m_found.size() != m_reference.additionsFound)
                 return false;
             if (!m_reference.isConverting)
                 return !m_queue.model().isConverting();
             const ReferenceQueue::Job *job = m_reference.convertingJob();
-            return QFile::exists(mark(u"running"_s, m_reference.conversions))
+            const bool isRunning = QFile::exists(mark(u"running"_s, m_reference.conversions));
+            return m_begun == m_reference.conversions && isRunning != m_reference.isStalled()
                    && (!job || isAsFarAs(*job));
         });
+        if (!m_reference.isStalled())
+            liftFaults();
         QCoreApplication::sendPostedEvents(m_queue.model().searches()); // of an end
         takeIds();
         if (m_found.size() != m_reference.additionsFound)
             return u"%1 additions were found instead of %2"_s.arg(m_found.size())
                 .arg(m_reference.additionsFound);
+        if (!m_unexpected.isEmpty())
+            return u"“%1” is not what was missing"_s.arg(m_unexpected.join(u"”, “"_s));
         if (isSettled)
             return difference();
         const qsizetype number = m_reference.conversions;
         const auto running = [](bool isRunning) {
             return isRunning ? u"running"_s : u"ended"_s;
         };
-        return u"the batch is %1 instead of %2 at conversion %3, whose tool %4, planned as %5,"_s
+        return u"the batch is %1 instead of %2 at conversion %3, whose tool %4, planned as %5 with fault %6, of %7 begun,"_s
             .arg(running(m_queue.model().isConverting()), running(m_reference.isConverting))
             .arg(number)
             .arg(QFile::exists(mark(u"running"_s, number)) ? u"has begun"_s : u"has not begun"_s)
-            .arg(number > 0 ? static_cast<int>(m_reference.plans[number - 1].atInterrupt) : -1);
+            .arg(number > 0 ? static_cast<int>(m_reference.plans[number - 1].atInterrupt) : -1)
+            .arg(number > 0 ? static_cast<int>(m_reference.plans[number - 1].fault) : -1)
+            .arg(m_begun);
     }
 
     bool isAsFarAs(const ReferenceQueue::Job &expected)
@@ -390,8 +519,11 @@ private:
         return {};
     }
 
+    static inline const auto outputs = u"outputs"_s; // on the disk
+
     Random &m_random;
     SlowDisk &m_disk;
+    const Work m_work;
     Queue m_queue;
     // Ends the program when what views are told does not fit the list.
     QAbstractItemModelTester m_tester{m_queue.model().jobModel(),
@@ -399,10 +531,18 @@ private:
     const QSignalSpy m_found{m_queue.model().searches(), &SearchQueue::found};
     ReferenceQueue m_reference;
     QByteArrayList m_microseconds; // that each conversion reports
-    qsizetype m_prepared = 0;
+    qsizetype m_begun = 0;         // so many conversions are
+    QUuid m_convertingId;
+    bool m_isDiskIll = false; // for a conversion, and so that it stands still:
+    bool m_isDiskHung = false;
+    std::optional<FewThreads> m_threads;
+    std::optional<FewDescriptors> m_descriptors;
+    qsizetype m_failedBeginnings = 0;
+    QStringList m_unexpected; // reasons of theirs
     qsizetype m_searches = 0; // so many there were
     QStringList m_folders;    // of those that have not ended
     QStringList m_log;
+    QObject m_context; // the first to go, and nothing is followed any more
 };
 
 } // namespace
@@ -431,21 +571,33 @@ private Q_SLOTS:
     void withBatches() { tryOut(200, 20, Pair::Work::batches); }
     void withSearches() { tryOut(500, 30, Pair::Work::searches); }
     void withBatchesAndSearches() { tryOut(100, 30, Pair::Work::batchesAndSearches); }
+    void withFaults()
+    {
+        // Some hundreds where nothing else is asked for.
+        tryOut(100, 40, Pair::Work::allWithFaults,
+               qEnvironmentVariableIntValue("QUORVALE_TEST_CONVERSIONS"));
+    }
 
 private:
-    void tryOut(int sequences, int steps, Pair::Work work)
+    // At least so many of each.
+    void tryOut(int sequences, int steps, Pair::Work work, qsizetype leastConversions = 0)
     {
         const Leftovers leftovers;
         qsizetype conversions = 0;
         qsizetype searches = 0;
-        for (int sequence = 0; sequence < sequences; ++sequence) {
+        qsizetype failedBeginnings = 0;
+        qint64 memoryEarly = 0;
+        int sequence = 0;
+        for (; sequence < sequences || conversions < leastConversions; ++sequence) {
+            if (sequence == sequences / 2)
+                memoryEarly = residentMemory();
             // Each sequence has a seed of its own, so that one alone can be tried again.
             std::seed_seq seed{m_seed, sequence, static_cast<int>(work)};
             Random random(seed);
-            Pair pair(random, m_disk);
+            Pair pair(random, m_disk, work);
             QString difference;
             for (int i = 0; difference.isEmpty() && i < steps; ++i)
-                difference = pair.step(work);
+                difference = pair.step();
             if (difference.isEmpty())
                 difference = pair.end();
             QVERIFY2(
@@ -454,15 +606,21 @@ private:
                     difference, pair.log())));
             conversions += pair.conversions();
             searches += pair.searches();
+            failedBeginnings += pair.failedBeginnings();
         }
-        const bool isWithBoth = work == Pair::Work::batchesAndSearches;
+        const qint64 grown = residentMemory() - memoryEarly;
+        const bool isWithBoth = work >= Pair::Work::batchesAndSearches;
         QCOMPARE(conversions > 0, work == Pair::Work::batches || isWithBoth);
         QCOMPARE(searches > 0, work == Pair::Work::searches || isWithBoth);
+        QCOMPARE(failedBeginnings > 0, work == Pair::Work::allWithFaults);
         QCOMPARE(m_disk.questions(::getpid()) > 0, searches > 0);
         QCOMPARE(m_disk.questionsOfMainThread(::getpid()), QStringList());
-        qInfo("%d sequences with %lld conversions and %lld searches", sequences,
-              static_cast<long long>(conversions), static_cast<long long>(searches));
+        qInfo("%d sequences with %lld conversions and %lld searches, %lld bytes more", sequence,
+              static_cast<long long>(conversions), static_cast<long long>(searches),
+              static_cast<long long>(grown));
         QCOMPARE(leftovers.found(), QString());
+        if (memoryTells)
+            QVERIFY2(grown < 4 * 1024 * 1024, qPrintable(QString::number(grown)));
     }
 
     SlowDisk m_disk;

@@ -21,10 +21,28 @@ struct ConversionPlan
 {
     enum class AtInterrupt { dies, ignoresIt, fails, succeeds };
     enum class AtEnd { succeeds, fails, crashes };
+    // What stands in its way.
+    enum class Fault {
+        none,
+        slowProbe,
+        noDescription, // by ffprobe, so that ffmpeg is asked
+        hungProbe,
+        hungDisk,
+        noTool,
+        brokenDisk,
+        fewThreads,
+        fewDescriptors
+    };
 
     double progress = 0.0; // the fraction that it reports before it waits for its end
     AtInterrupt atInterrupt = AtInterrupt::dies;
     AtEnd atEnd = AtEnd::succeeds;
+    Fault fault = Fault::none;
+
+    /// It stands still before it begins, until it is told to begin or cancelled.
+    bool stalls() const { return fault == Fault::hungProbe || fault == Fault::hungDisk; }
+    /// It may fail at its beginning; what is there from earlier conversions may do for this one.
+    bool mayNotBegin() const { return fault >= Fault::noTool; }
 };
 
 /// The queue and its batch as they are meant to be, as plainly as can be: the other side of a
@@ -172,6 +190,8 @@ public:
         if (!isConverting)
             return;
         m_isCancelled = true;
+        if (m_isStalled)
+            return finish(JobState::cancelled());
         switch (plans[conversions - 1].atInterrupt) {
         case ConversionPlan::AtInterrupt::dies:
             return finish(JobState::cancelled());
@@ -184,9 +204,25 @@ public:
         }
     }
 
-    /// Lets the conversion that runs come to its end.
+    /// The conversion that was to begin has failed.
+    void failBeginning(const QString &message)
+    {
+        if (Job *job = find(m_convertingId))
+            job->progress = 0.0;
+        finish(JobState::failed(message));
+    }
+
+    bool isStalled() const { return m_isStalled; }
+
+    /// Lets the conversion that runs come to its end, or begin if it stands still.
     void endConversion()
     {
+        if (m_isStalled) {
+            m_isStalled = false;
+            if (Job *job = find(m_convertingId))
+                job->progress = plans[conversions - 1].progress;
+            return;
+        }
         switch (plans[conversions - 1].atEnd) {
         case ConversionPlan::AtEnd::succeeds:
             return finish(JobState::completed());
@@ -251,6 +287,7 @@ private:
                 job->progress = 1.0;
         }
         m_convertingId = {};
+        m_isStalled = false;
         if (state.is(cancelled))
             m_isCancelled = true;
         convertNext();
@@ -263,7 +300,9 @@ private:
             if (Job *job = find(id)) {
                 m_convertingId = id;
                 job->state = JobState::converting();
-                job->progress = plans[conversions++].progress;
+                const ConversionPlan &plan = plans[conversions++];
+                m_isStalled = plan.stalls();
+                job->progress = m_isStalled ? 0.0 : plan.progress;
                 return;
             }
         }
@@ -272,7 +311,8 @@ private:
 
     qsizetype m_foundBefore = 0; // by what has been handed over
     bool m_isCancelled = false;
-    QList<QUuid> m_ids; // that the batch has yet to convert
+    bool m_isStalled = false; // the conversion, before it has begun
+    QList<QUuid> m_ids;       // that the batch has yet to convert
     QUuid m_convertingId;
 };
 

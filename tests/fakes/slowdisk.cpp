@@ -13,8 +13,7 @@
 //   until MILLISECONDS any   nobody gets an answer before that time of the monotonic clock
 //   fail ERRNO FUNCTION      calls of the function fail; "readdir" at the fifth entry of a folder
 //
-// What waits obeys the next rule as soon as there is one. That there is no thread to be had is no
-// matter of a path: "pthread_create" fails everywhere. To the file "log" it adds a line for
+// What waits obeys the next rule as soon as there is one. To the file "log" it adds a line for
 //
 //   PROCESS main FUNCTION PATH       a call for what is on the disk on the main thread, before it
 //                                    waits
@@ -45,7 +44,6 @@
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <poll.h>
-#include <pthread.h>
 #include <sys/inotify.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -276,11 +274,14 @@ struct Turn
     long waits = 0;     // how often it waited, other than for a processor
     long realReads = 0; // what it had to wait for the real disk for
 
+    // With no beginning, when there is no descriptor to find it out with.
     static Turn atThisPoint()
     {
         Path text{};
         const long descriptor =
             ::syscall(SYS_openat, AT_FDCWD, "/proc/thread-self/schedstat", O_RDONLY | O_CLOEXEC, 0);
+        if (descriptor < 0 && errno == EMFILE)
+            return {};
         ::syscall(SYS_read, descriptor, text.data(), text.size() - 1);
         ::syscall(SYS_close, descriptor);
         long long work = 0;
@@ -458,16 +459,6 @@ SLOW(int, truncate, (const char *path, off_t length), (path, length), askFor("tr
 SLOW(int, truncate64, (const char *path, off64_t length), (path, length), askFor("truncate", path))
 SLOW(int, inotify_add_watch, (int descriptor, const char *path, uint32_t mask),
      (descriptor, path, mask), askFor("inotify_add_watch", path))
-
-int pthread_create(pthread_t *thread, const pthread_attr_t *attributes, void *(*work)(void *),
-                   void *argument)
-{
-    static auto *const real = next<decltype(pthread_create)>("pthread_create");
-    Rule rule;
-    if (readRule(rule) && rule.is("fail") && rule.isOf("pthread_create"))
-        return static_cast<int>(rule.number);
-    return real(thread, attributes, work, argument);
-}
 
 int poll(pollfd *descriptors, nfds_t count, int timeout)
 {

@@ -8,6 +8,7 @@
 //                     additional "\n"
 //   <tool>.script.N   what the Nth run does, counted from 1; without it:
 //   <tool>.script     what every run does
+//   <tool>.script.description  what a run does, if there is this one, that has only a source
 //   <tool>.interrupts a byte for each SIGINT that the last run with "count-interrupts" received
 //
 // A script holds one command a line. TEXT is percent-encoded bytes.
@@ -246,7 +247,12 @@ int main(int argc, char **argv)
     limitLifetime();
     const std::string tool = argv[0];
     const long run = recordArguments(tool, argc, argv);
-    std::ifstream script(beside(tool, "script." + std::to_string(run)));
+    std::ifstream script;
+    // The last two of these are "-i" and the source.
+    if (argc > 2 && std::string(argv[argc - 2]) == "-i")
+        script.open(beside(tool, "script.description"));
+    if (!script.is_open())
+        script.open(beside(tool, "script." + std::to_string(run)));
     if (!script.is_open())
         script.open(beside(tool, "script"));
     if (!script.is_open()) {

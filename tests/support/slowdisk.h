@@ -45,7 +45,7 @@ public:
     /// Nobody gets an answer any more, as from a share that has gone.
     void hang(const QStringList &names = {QString()});
     /// Every call of the function of the C library fails with the error (of errno): "readdir" in
-    /// the middle of a folder that has more than a few entries, "pthread_create" everywhere.
+    /// the middle of a folder that has more than a few entries.
     void fail(int error, const QByteArray &function, const QStringList &names = {QString()});
 
     /// How many questions the process has put to the disk, or has begun to.

@@ -35,8 +35,7 @@ StandInTools::StandInTools()
 {
     for (const QString &tool : {u"ffmpeg"_s, u"ffprobe"_s})
         restoreTool(tool);
-    setScript(u"ffprobe"_s, Script().out(R"({"format": {"duration": "10.0"},
-        "streams": [{"codec_type": "video", "bit_rate": "1000000"}]})"));
+    setScript(u"ffprobe"_s, describing());
     setToolDirectories({folder()});
 }
 
@@ -68,6 +67,17 @@ void StandInTools::replaceTool(const QString &tool, const QByteArray &contents)
 void StandInTools::setScript(const QString &tool, const Script &script)
 {
     write(path(tool + u".script"_s), script.text());
+}
+
+Script StandInTools::describing(Script script)
+{
+    return script.out(R"({"format": {"duration": "10.0"},
+        "streams": [{"codec_type": "video", "bit_rate": "1000000"}]})");
+}
+
+void StandInTools::setDescription(const Script &script)
+{
+    write(path(u"ffmpeg.script.description"_s), script.text());
 }
 
 void StandInTools::setScript(const QString &tool, int number, const Script &script)

@@ -79,6 +79,12 @@ public:
     /// What every run of `tool` does.
     void setScript(const QString &tool, const Script &script);
 
+    /// What ffmpeg does when it is asked to describe a source, because ffprobe could not.
+    void setDescription(const Script &script);
+
+    /// Appends to `script`: describe the source as ffprobe does until told otherwise.
+    static Script describing(Script script = {});
+
     /// What the run `number`, counted from 1, of `tool` does.
     void setScript(const QString &tool, int number, const Script &script);
 
