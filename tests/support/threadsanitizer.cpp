@@ -8,11 +8,9 @@
 
 #include <QFutureInterface>
 #include <QObject>
-#include <QThreadPool>
+#include <QScopeGuard>
 
 #include <cstdarg>
-#include <functional>
-#include <utility>
 
 #include <dlfcn.h>
 #include <sanitizer/tsan_interface.h>
@@ -31,10 +29,10 @@ Function *next(const char *mangledName)
 
 // A future's shared state, by which its two sides find each other: the field behind the table of
 // virtual functions.
-void *sharedState(QFutureInterfaceBase *future)
+void *sharedState(const QFutureInterfaceBase *future)
 {
     static_assert(sizeof(QFutureInterfaceBase) == 2 * sizeof(void *));
-    return reinterpret_cast<void **>(future)[1];
+    return reinterpret_cast<void *const *>(future)[1];
 }
 
 // Receives a queued call on the thread for which it is meant.
@@ -66,19 +64,6 @@ private:
 
 } // namespace
 
-void QThreadPool::start(std::function<void()> work, int priority)
-{
-    static char order; // of all handings over, as what is handed over is not to be touched before
-    std::function<void()> received = [work = std::move(work)] {
-        __tsan_acquire(&order);
-        work();
-    };
-    using Start = void(QThreadPool *, std::function<void()>, int);
-    static const auto start = next<Start>("_ZN11QThreadPool5startESt8functionIFvvEEi");
-    __tsan_release(&order);
-    start(this, std::move(received), priority);
-}
-
 void QFutureInterfaceBase::reportFinished()
 {
     __tsan_release(sharedState(this));
@@ -91,16 +76,27 @@ void QFutureInterfaceBase::waitForFinished()
 {
     static const auto wait =
         next<void(QFutureInterfaceBase *)>("_ZN20QFutureInterfaceBase15waitForFinishedEv");
-    const auto acquire = [this] {
-        __tsan_acquire(sharedState(this));
-    };
-    try {
-        wait(this);
-    } catch (...) {
-        acquire();
-        throw;
-    }
-    acquire();
+    const auto acquire = qScopeGuard([this] { __tsan_acquire(sharedState(this)); });
+    wait(this);
+}
+
+void QFutureInterfaceBase::waitForResult(int index)
+{
+    static const auto wait =
+        next<void(QFutureInterfaceBase *, int)>("_ZN20QFutureInterfaceBase13waitForResultEi");
+    const auto acquire = qScopeGuard([this] { __tsan_acquire(sharedState(this)); });
+    wait(this, index);
+}
+
+// The last owner frees the result and the state, whichever thread that is.
+bool QFutureInterfaceBase::derefT() const
+{
+    static const auto deref =
+        next<bool(const QFutureInterfaceBase *)>("_ZNK20QFutureInterfaceBase6derefTEv");
+    __tsan_release(sharedState(this));
+    const bool hasOthers = deref(this);
+    __tsan_acquire(sharedState(this));
+    return hasOthers;
 }
 
 bool QMetaObject::invokeMethodImpl(QObject *object, QtPrivate::QSlotObjectBase *call,
