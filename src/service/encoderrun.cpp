@@ -10,21 +10,25 @@
 #include "model/filepath.h"
 #include "progress.h"
 
+using namespace Qt::StringLiterals;
+
 namespace quorvale {
 
 EncoderRun::EncoderRun(const QUrl &ffmpeg, const QUrl &source, const QUrl &destination,
                        const ConversionSettings &settings, std::optional<qint64> targetBitrate)
     : m_process(std::make_shared<ChildProcess>(
         filePath(ffmpeg), conversionArguments(source, destination, settings, targetBitrate))),
-      m_errors(videoEncoder(settings.codec, settings.useHardware), filePath(destination))
+      m_errors(videoEncoder(settings.codec, settings.useHardware), filePath(source),
+               filePath(destination))
 {
 }
 
 void EncoderRun::run(double duration, const std::function<void(double)> &onProgress)
 {
     LineReader progress(LineReader::Endings::lineFeedOrReturn, [&](const LineReader::Line &line) {
-        const auto fraction = progressFraction(line.bytes, duration);
-        if (line.isComplete && fraction)
+        if (!line.isComplete)
+            return;
+        if (const auto fraction = progressFraction(line.bytes, duration))
             onProgress(*fraction);
     });
 
@@ -40,8 +44,14 @@ void EncoderRun::verify() const
         throw FFmpegError::cancelled();
     if (hasFailed())
         throw FFmpegError::processFailed(m_errors.text());
-    if (const QString writeErrors = m_errors.writeErrors(); !writeErrors.isEmpty())
-        throw FFmpegError::processFailed(writeErrors);
+    for (const QString &errors : {m_errors.writeErrors().text(), m_errors.readErrors().text()}) {
+        if (!errors.isEmpty())
+            throw FFmpegError::processFailed(errors);
+    }
+    if (m_errors.writeErrors().isNothingWritten())
+        throw FFmpegError::processFailed(
+            u"Nothing was converted: ffmpeg found neither pictures nor sound in the video.\n"_s
+            + m_errors.text());
 }
 
 } // namespace quorvale

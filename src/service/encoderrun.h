@@ -35,7 +35,8 @@ public:
     /// Whether it failed because ffmpeg was built without the encoder.
     bool lacksEncoder() const { return hasFailed() && m_errors.lacksEncoder(); }
 
-    /// Throws FFmpegError unless the run has ended with a whole output.
+    /// Throws FFmpegError unless the run has ended with an output, and that is all that could be
+    /// made of the source.
     void verify() const;
 
 private:

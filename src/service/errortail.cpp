@@ -13,8 +13,10 @@ constexpr std::size_t keptLines = 8;
 
 } // namespace
 
-ErrorTail::ErrorTail(const QString &encoder, const QByteArray &destination)
-    : m_unknownEncoder("Unknown encoder '" + encoder.toUtf8() + '\''), m_writeErrors(destination),
+ErrorTail::ErrorTail(const QString &encoder, const QByteArray &source,
+                     const QByteArray &destination)
+    : m_unknownEncoder("Unknown encoder '" + encoder.toUtf8() + '\''),
+      m_readErrors(source, destination), m_writeErrors(destination),
       m_lines(LineReader::Endings::lineFeed,
               [this](const LineReader::Line &line) { takeLine(line.bytes); })
 {
@@ -22,6 +24,7 @@ ErrorTail::ErrorTail(const QString &encoder, const QByteArray &destination)
 
 void ErrorTail::takeLine(QByteArrayView line)
 {
+    m_readErrors.takeLine(line);
     m_writeErrors.takeLine(line);
     if (line.isEmpty())
         return;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "linereader.h"
+#include "readerrors.h"
 #include "writeerrors.h"
 
 #include <QString>
@@ -12,14 +13,15 @@
 
 namespace quorvale {
 
-/// What a failure message can need of a tool's standard error: its last eight non-empty lines,
-/// whether any line said that an encoder is not there, and which said that the output is not whole.
-/// Memory stays bounded whatever arrives.
+/// What the outcome of a run can depend on of ffmpeg's standard error: its last eight non-empty
+/// lines, whether any line said that an encoder is not there, and which said that the source or
+/// the output is not whole. Memory stays bounded whatever arrives.
 class ErrorTail
 {
 public:
-    /// `encoder` is the encoder that ffmpeg was asked for, `destination` the path of its output.
-    ErrorTail(const QString &encoder, const QByteArray &destination);
+    /// `encoder` is the encoder that ffmpeg was asked for, `source` the path of its input,
+    /// `destination` that of its output.
+    ErrorTail(const QString &encoder, const QByteArray &source, const QByteArray &destination);
 
     // The reader calls back into this object.
     ErrorTail(const ErrorTail &) = delete;
@@ -38,14 +40,16 @@ public:
     /// Whether a line ended with ffmpeg's words for an encoder that it was built without.
     bool lacksEncoder() const { return m_lacksEncoder; }
 
-    /// What it said about an output that is not whole; empty when it said nothing.
-    QString writeErrors() const { return m_writeErrors.text(); }
+    /// What it said about a source that could not be read and about the output.
+    const ReadErrors &readErrors() const { return m_readErrors; }
+    const WriteErrors &writeErrors() const { return m_writeErrors; }
 
 private:
     void takeLine(QByteArrayView line);
 
     QByteArray m_unknownEncoder;
     bool m_lacksEncoder = false;
+    ReadErrors m_readErrors;
     WriteErrors m_writeErrors;
     std::deque<QByteArray> m_tail;
     LineReader m_lines;

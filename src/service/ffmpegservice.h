@@ -62,11 +62,12 @@ public:
     ///
     /// The future throws FFmpegError::notFound when there is no ffmpeg, FFmpegError::cancelled when
     /// a signal ended it, FFmpegError::processFailed when it ended with another status than 0 or
-    /// has said that the output is not whole (see WriteErrors), and SystemError when the source is
-    /// no file that can be read to its end or states a bitrate that cannot be right, the folder
-    /// cannot be created, the output's name is too long for its file system, the source itself
-    /// would be overwritten or a thread, a descriptor or a process that it needs is not to be had.
-    /// A partly written output file is left where it is.
+    /// has said that the output is not whole or empty (see WriteErrors) or that the source could
+    /// not be read to its end (see ReadErrors), and SystemError when the source is no file that can
+    /// be read to its end or states a bitrate that cannot be right, the folder cannot be created,
+    /// the output's name is too long for its file system, the source itself would be overwritten or
+    /// a thread, a descriptor or a process that it needs is not to be had. A partly written output
+    /// file is left where it is.
     ///
     /// When ffmpeg was built without the media engine's encoder that the settings ask for, the
     /// conversion is run once more with the software encoder; not when cancel() was called since

@@ -11,21 +11,23 @@ namespace {
 
 constexpr qsizetype keptErrors = 8;
 
-// As ffmpeg prints the text: it replaces control characters, but no white space.
-QByteArray printed(QByteArray text)
+// What stands behind the name that newer versions put before it.
+QByteArrayView wordsOfMuxer(QByteArrayView line)
 {
-    std::ranges::replace_if(
-        text, [](unsigned char byte) { return byte < 0x08 || (byte > 0x0d && byte < 0x20); }, '?');
-    return text;
+    return line.startsWith("[out#") ? line.sliced(line.indexOf("] ") + 1) : QByteArrayView();
 }
 
 bool isOfAMuxer(QByteArrayView line)
 {
-    if (!line.startsWith("[out#"))
-        return false;
-    const QByteArrayView words = line.sliced(line.indexOf("] ") + 1);
+    const QByteArrayView words = wordsOfMuxer(line);
     return words.startsWith(" Error writing trailer: ")
            || words.startsWith(" Error closing file: ");
+}
+
+bool isSumOfNothing(QByteArrayView line)
+{
+    return (line.startsWith("video:0") || wordsOfMuxer(line).startsWith(" video:0"))
+           && line.endsWith(" muxing overhead: unknown");
 }
 
 bool startsSecondPass(QByteArrayView line)
@@ -38,24 +40,21 @@ bool startsSecondPass(QByteArrayView line)
 } // namespace
 
 WriteErrors::WriteErrors(const QByteArray &destination)
-    : m_beginnings{"Error writing trailer of " + printed(destination) + ": ",
-                   "Error closing file " + printed(destination) + ": "},
-      m_refusal("File '" + printed(destination) + "' already exists. Exiting."),
-      m_height(destination.count('\n') + 1)
+    : m_destination(destination), m_beginnings{"Error writing trailer of " + m_destination.text()
+                                                   + ": ",
+                                               "Error closing file " + m_destination.text() + ": "},
+      m_refusal("File '" + m_destination.text() + "' already exists. Exiting.")
 {
 }
 
 void WriteErrors::takeLine(QByteArrayView line)
 {
-    if (startsSecondPass(line))
+    if (startsSecondPass(line)) {
         m_found.clear();
-    if (m_height > 1) {
-        if (m_lastLines.size() == m_height)
-            m_lastLines.removeFirst();
-        m_lastLines << line.toByteArray();
+        m_isNothingWritten = false;
     }
-    const QByteArray lines = m_lastLines.join('\n');
-    const QByteArrayView text = m_height > 1 ? QByteArrayView(lines) : line;
+    m_isNothingWritten = m_isNothingWritten || isSumOfNothing(line);
+    const QByteArrayView text = m_destination.withLinesBefore(line);
     if (isAboutDestination(text))
         add(text);
     else if (isOfAMuxer(line))

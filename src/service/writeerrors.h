@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include <QByteArrayList>
-#include <QByteArrayView>
+#include "printedpath.h"
+
 #include <QString>
 
 namespace quorvale {
@@ -17,6 +17,11 @@ namespace quorvale {
 ///   being the output as it was given;
 /// - "[out#0/mp4 @ 0x…] Error writing trailer: …" and "… Error closing file: …" (6.x and newer);
 /// - "File 'FILE' already exists. Exiting." (all).
+///
+/// And what it says about one that holds nothing, which ends with 0 as well:
+///
+/// - "video:0kB audio:0kB … muxing overhead: unknown" (4.x, 5.x; 6.x and newer with "[out#0/mp4 @
+///   0x…] " before it, and "KiB"): of what is there, however little, the overhead is known.
 ///
 /// Metadata of the source, printed before the output is begun, can contain such a line and can put
 /// it into the first column. So what was found is forgotten when the muxer says that it starts its
@@ -35,16 +40,18 @@ public:
     /// when there was none.
     QString text() const { return QString::fromUtf8(m_found.join('\n')); }
 
+    /// Whether nothing at all was written into the output.
+    bool isNothingWritten() const { return m_isNothingWritten; }
+
 private:
     bool isAboutDestination(QByteArrayView text) const;
     void add(QByteArrayView error);
 
+    PrintedPath m_destination;
     QByteArrayList m_beginnings;
     QByteArray m_refusal;
-    // Of a path that holds line feeds; then the last few lines are kept to be looked at as one.
-    qsizetype m_height;
-    QByteArrayList m_lastLines;
     QByteArrayList m_found;
+    bool m_isNothingWritten = false;
 };
 
 } // namespace quorvale

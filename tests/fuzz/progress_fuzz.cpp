@@ -39,7 +39,7 @@ Outcome read(QByteArrayView stream, qsizetype pieceSize, double duration)
         if (line.isComplete && fraction)
             outcome.fractions << *fraction;
     });
-    ErrorTail errors(QStringLiteral("libx264"), "/out/a.mp4");
+    ErrorTail errors(QStringLiteral("libx264"), "/in/a.mp4", "/out/a.mp4");
     while (!stream.isEmpty()) {
         const QByteArrayView piece = stream.first(std::min(pieceSize, stream.size()));
         progress.read(piece);

@@ -201,6 +201,30 @@ private Q_SLOTS:
         QCOMPARE(end.message, QString::fromUtf8(error.trimmed()));
     }
 
+    void aSourceThatCannotBeReadIsAFailureWhateverTheStatus()
+    {
+        script(Script()
+                   .err("Stream mapping:\n/in/clip.mkv: Input/output error\n[mp4 @ 0x55] Starting "
+                        "second pass: moving the moov atom to the beginning of the file\n")
+                   .out("out_time_ms=2500000\nprogress=end\n")
+                   .exit(0));
+        const ConversionEnd end = convert();
+        QVERIFY(end.ffmpegError == FFmpegError::Case::processFailed);
+        QCOMPARE(end.message, u"/in/clip.mkv: Input/output error"_s);
+    }
+
+    void anEmptyOutputIsAFailureWhateverTheStatus()
+    {
+        const QByteArray sum = "video:0kB audio:0kB subtitle:0kB other streams:0kB global "
+                               "headers:0kB muxing overhead: unknown";
+        script(Script().err("It is empty.\n" + sum + '\n').out("progress=end\n").exit(0));
+        const ConversionEnd end = convert();
+        QVERIFY(end.ffmpegError == FFmpegError::Case::processFailed);
+        QCOMPARE(end.message, u"Nothing was converted: ffmpeg found neither pictures nor sound in "
+                              "the video.\nIt is empty.\n"_s
+                                  + QString::fromUtf8(sum));
+    }
+
     void aFailingStatusIsExplainedByTheLastLinesAsEver()
     {
         script(Script()

@@ -13,7 +13,7 @@ namespace {
 
 QString tailOf(QByteArrayView stream)
 {
-    ErrorTail tail(u"h264_videotoolbox"_s, "/out/a.mp4");
+    ErrorTail tail(u"h264_videotoolbox"_s, "/in/a.mkv", "/out/a.mp4");
     tail.read(stream);
     tail.finish();
     return tail.text();
@@ -21,7 +21,7 @@ QString tailOf(QByteArrayView stream)
 
 bool lacksEncoder(QByteArrayView stream)
 {
-    ErrorTail tail(u"h264_videotoolbox"_s, "/out/a.mp4");
+    ErrorTail tail(u"h264_videotoolbox"_s, "/in/a.mkv", "/out/a.mp4");
     tail.read(stream);
     tail.finish();
     return tail.lacksEncoder();
@@ -90,14 +90,16 @@ private Q_SLOTS:
         QCOMPARE(lacksEncoder(stream), isMissing);
     }
 
-    void noticesWriteErrorsFarAboveTheLastLines()
+    void noticesReadAndWriteErrorsFarAboveTheLastLines()
     {
-        ErrorTail tail(u"libx264"_s, "/out/a.mp4");
-        tail.read("Error writing trailer of /out/a.mp4: No space left on device\n"
+        ErrorTail tail(u"libx264"_s, "/in/a.mkv", "/out/a.mp4");
+        tail.read("/in/a.mkv: Input/output error\n"
+                  "Error writing trailer of /out/a.mp4: No space left on device\n"
                   + QByteArray("x\n").repeated(20));
         tail.finish();
-        QCOMPARE(tail.writeErrors(),
+        QCOMPARE(tail.writeErrors().text(),
                  u"Error writing trailer of /out/a.mp4: No space left on device"_s);
+        QCOMPARE(tail.readErrors().text(), u"/in/a.mkv: Input/output error"_s);
     }
 };
 

@@ -75,6 +75,34 @@ private Q_SLOTS:
         QCOMPARE(errorsIn(line + '\n'), QString());
     }
 
+    void anEmptyOutputIsKnown_data()
+    {
+        QTest::addColumn<QByteArray>("line");
+        QTest::addColumn<bool>("isEmpty");
+        const QByteArray old = "video:0kB audio:0kB subtitle:0kB other streams:0kB global "
+                               "headers:0kB muxing overhead: ";
+        const QByteArray present = "[out#0/mp4 @ 0x55d1] video:0KiB audio:0KiB subtitle:0KiB other "
+                                   "streams:0KiB global headers:0KiB muxing overhead: ";
+        QTest::newRow("4.x and 5.x") << old + "unknown" << true;
+        QTest::newRow("6.x and newer") << present + "unknown" << true;
+        QTest::newRow("a little") << old + "915.217392%" << false;
+        QTest::newRow("a little, newer") << present + "915.217392%" << false;
+        QTest::newRow("much into a pipe") << "video:12" + old.sliced(7) + "unknown" << false;
+        QTest::newRow("metadata") << "    title : " + old + "unknown" << false;
+        QTest::newRow("another's") << "[libx264 @ 0x55d1] " + old + "unknown" << false;
+    }
+    void anEmptyOutputIsKnown()
+    {
+        QFETCH(const QByteArray, line);
+        QFETCH(const bool, isEmpty);
+        WriteErrors errors("/out/a.mp4");
+        errors.takeLine(line);
+        QCOMPARE(errors.isNothingWritten(), isEmpty);
+        QCOMPARE(errors.text(), QString());
+        errors.takeLine(secondPass.trimmed());
+        QVERIFY(!errors.isNothingWritten());
+    }
+
     void allOfThemAreKeptInTheirOrder()
     {
         QCOMPARE(errorsIn("Error writing trailer of /out/a.mp4: No space left on device\n"
