@@ -39,9 +39,9 @@ QCoro::Task<> Batch::run()
                 return outputUrl(source, destination, settings, givenUp);
             };
         try {
-            const QUrl output =
+            const ConvertedFile file =
                 co_await m_service.convert(source, chooser, m_settings, progressHandler(id));
-            m_jobs.complete(id, output);
+            m_jobs.complete(id, file);
             m_jobs.setProgress(id, 1.0);
         } catch (const FFmpegError &error) {
             if (error.kind() == FFmpegError::Case::cancelled) {

@@ -211,25 +211,33 @@ bool JobListModel::moveRun(qsizetype first, qsizetype count, qsizetype destinati
 void JobListModel::setState(const QUuid &id, const JobState &state)
 {
     if (const auto row = rowOf(id)) {
-        ConversionJob &job = m_jobs[*row];
-        discount({&job, 1});
-        job.state = state;
-        count({&job, 1});
+        change(*row, state);
         announce(*row, JobRole);
     }
 }
 
-void JobListModel::complete(const QUuid &id, const QUrl &output)
+void JobListModel::complete(const QUuid &id, const ConvertedFile &file)
 {
-    setState(id, JobState::completed());
-    if (rowOf(id))
-        m_outputs.insert(id, filePath(output));
+    if (const auto row = rowOf(id)) {
+        change(*row, JobState::completed());
+        m_outputs.insert(id,
+                         {filePath(file.url), file.earlyEnd ? remark(*file.earlyEnd) : QString()});
+        announce(*row, JobRole);
+    }
+}
+
+void JobListModel::change(qsizetype row, const JobState &state)
+{
+    ConversionJob &job = m_jobs[row];
+    discount({&job, 1});
+    job.state = state;
+    count({&job, 1});
 }
 
 std::optional<QUrl> JobListModel::output(const QUuid &id) const
 {
     const auto output = m_outputs.constFind(id);
-    return output == m_outputs.cend() ? std::nullopt : std::optional(fileUrl(*output));
+    return output == m_outputs.cend() ? std::nullopt : std::optional(fileUrl(output->path));
 }
 
 void JobListModel::setProgress(const QUuid &id, double progress)
@@ -259,7 +267,7 @@ QVariant JobListModel::data(const QModelIndex &index, int role) const
     const ConversionJob &job = m_jobs[index.row()];
     switch (role) {
     case JobRole:
-        return QVariant::fromValue(ShownJob(job));
+        return QVariant::fromValue(ShownJob(job, m_outputs.value(job.id()).remark));
     case ProgressRole:
         return job.progress;
     default:

@@ -5,6 +5,7 @@
 
 #include "model/conversionjob.h"
 #include "queuedfiles.h"
+#include "service/convertedfile.h"
 
 #include <QAbstractListModel>
 #include <QHash>
@@ -77,8 +78,8 @@ public:
     /// Says where the job stands from now on.
     void setState(const QUuid &id, const JobState &state);
 
-    /// The job is completed from now on, and this file is what has become of it.
-    void complete(const QUuid &id, const QUrl &output);
+    /// The job is completed from now on, and this is what has become of it.
+    void complete(const QUuid &id, const ConvertedFile &file);
 
     /// The file that a completed job has become, until it is another state's or removed; none where
     /// that was not said.
@@ -102,12 +103,20 @@ private:
     void removeRun(qsizetype first, qsizetype count);
     bool moveRun(qsizetype first, qsizetype count, qsizetype destination);
     void forgetRows();
+    void change(qsizetype row, const JobState &state);
     void announce(qsizetype row, Role role);
+
+    // What a completed job has become.
+    struct Output
+    {
+        QByteArray path;
+        QString remark; // for the user, or empty
+    };
 
     QList<ConversionJob> m_jobs;
     int m_completedCount = 0;
-    QueuedFiles m_queuedFiles;          // of the jobs that are not completed
-    QHash<QUuid, QByteArray> m_outputs; // the paths of what completed jobs have become
+    QueuedFiles m_queuedFiles; // of the jobs that are not completed
+    QHash<QUuid, Output> m_outputs;
 
     // Where each of the first so many jobs stands; completed at a look-up.
     mutable QHash<QUuid, qsizetype> m_rows;

@@ -43,9 +43,9 @@ QString ShownJob::stateWord() const
     Q_UNREACHABLE();
 }
 
-QString ShownJob::failureReason() const
+QString ShownJob::mainMessage() const
 {
-    return quorvale::failureReason(m_state.message());
+    return failureReason(message());
 }
 
 } // namespace quorvale

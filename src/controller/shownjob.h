@@ -32,17 +32,19 @@ class ShownJob
     Q_PROPERTY(bool isInProgress READ isInProgress CONSTANT)
     Q_PROPERTY(bool isCompleted READ isCompleted CONSTANT)
     Q_PROPERTY(bool hasFailed READ hasFailed CONSTANT)
-    /// The whole message of a job that failed; empty in every other state.
-    Q_PROPERTY(QString failure READ failure CONSTANT)
+    /// What there is to be said of the outcome: the whole message of a job that failed, the remark
+    /// on one that is completed; empty when there is nothing.
+    Q_PROPERTY(QString message READ message CONSTANT)
     /// The message from where it says why.
-    Q_PROPERTY(QString failureReason READ failureReason CONSTANT)
-    Q_PROPERTY(QString legibleFailureReason READ legibleFailureReason CONSTANT)
+    Q_PROPERTY(QString mainMessage READ mainMessage CONSTANT)
+    Q_PROPERTY(QString legibleMainMessage READ legibleMainMessage CONSTANT)
 
 public:
     /// Of no job.
     ShownJob() = default;
-    explicit ShownJob(const ConversionJob &job)
-        : m_id(job.id()), m_path(job.sourceFile().path()), m_state(job.state)
+    /// `remark` is what is to be said of it when it is completed.
+    explicit ShownJob(const ConversionJob &job, const QString &remark = {})
+        : m_id(job.id()), m_path(job.sourceFile().path()), m_state(job.state), m_remark(remark)
     {
     }
 
@@ -56,9 +58,9 @@ public:
     bool isInProgress() const { return m_state.is(JobState::Case::converting); }
     bool isCompleted() const { return m_state.is(JobState::Case::completed); }
     bool hasFailed() const { return m_state.is(JobState::Case::failed); }
-    QString failure() const { return m_state.message(); }
-    QString failureReason() const;
-    QString legibleFailureReason() const { return legibleLines(failureReason()); }
+    QString message() const { return hasFailed() ? m_state.message() : m_remark; }
+    QString mainMessage() const;
+    QString legibleMainMessage() const { return legibleLines(mainMessage()); }
 
     friend bool operator==(const ShownJob &, const ShownJob &) = default;
 
@@ -66,6 +68,7 @@ private:
     QUuid m_id;
     QByteArray m_path;
     JobState m_state = JobState::waiting();
+    QString m_remark;
 };
 
 } // namespace quorvale

@@ -25,9 +25,11 @@ EncoderRun::EncoderRun(const QUrl &ffmpeg, const QUrl &source, const QUrl &desti
 
 void EncoderRun::run(double duration, const std::function<void(double)> &onProgress)
 {
+    m_duration = duration;
     LineReader progress(LineReader::Endings::lineFeedOrReturn, [&](const LineReader::Line &line) {
         if (!line.isComplete)
             return;
+        m_reached = progressTime(line.bytes).value_or(m_reached);
         if (const auto fraction = progressFraction(line.bytes, duration))
             onProgress(*fraction);
     });
@@ -52,6 +54,15 @@ void EncoderRun::verify() const
         throw FFmpegError::processFailed(
             u"Nothing was converted: ffmpeg found neither pictures nor sound in the video.\n"_s
             + m_errors.text());
+}
+
+std::optional<EarlyEnd> EncoderRun::earlyEnd() const
+{
+    // Of a whole source an encoder may keep back the last few pictures' time.
+    constexpr double wholePart = 0.95;
+    if (!m_errors.saysEarlyEnd() || m_duration <= 0.0 || m_reached >= wholePart * m_duration)
+        return std::nullopt;
+    return EarlyEnd{.reached = m_reached, .duration = m_duration};
 }
 
 } // namespace quorvale

@@ -6,6 +6,7 @@
 #include "childprocess.h"
 #include "errortail.h"
 #include "model/conversionsettings.h"
+#include "model/earlyend.h"
 
 #include <QUrl>
 
@@ -39,12 +40,20 @@ public:
     /// made of the source.
     void verify() const;
 
+    /// Where the source ended, when both ffmpeg says that it ended early and the output is shorter
+    /// than the source by a good part. Neither tells alone: there are corrupt packets in videos
+    /// that are otherwise whole, and of some that are whole ffmpeg states a small part of their
+    /// duration as the time reached.
+    std::optional<EarlyEnd> earlyEnd() const;
+
 private:
     bool hasFailed() const { return !m_end.byUncaughtSignal && m_end.exitStatus != 0; }
 
     const std::shared_ptr<ChildProcess> m_process;
     ErrorTail m_errors;
     ChildProcess::End m_end;
+    double m_duration = 0.0; // of the source, ...
+    double m_reached = 0.0;  // ... and the last time stated of the output, in seconds
 };
 
 } // namespace quorvale

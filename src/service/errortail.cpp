@@ -11,6 +11,15 @@ namespace {
 
 constexpr std::size_t keptLines = 8;
 
+bool isOfEarlyEnd(QByteArrayView line)
+{
+    const qsizetype end = line.startsWith('[') ? line.indexOf("] ") : -1;
+    const QByteArrayView words = end < 0 ? QByteArrayView() : line.sliced(end + 2);
+    return words.startsWith("File ended prematurely")
+           || (words.startsWith("stream ") && words.endsWith(": partial file"))
+           || words.startsWith("Packet corrupt (stream = ");
+}
+
 } // namespace
 
 ErrorTail::ErrorTail(const QString &encoder, const QByteArray &source,
@@ -26,6 +35,7 @@ void ErrorTail::takeLine(QByteArrayView line)
 {
     m_readErrors.takeLine(line);
     m_writeErrors.takeLine(line);
+    m_saysEarlyEnd = m_saysEarlyEnd || isOfEarlyEnd(line);
     if (line.isEmpty())
         return;
     // Newer versions of ffmpeg put a tag in square brackets before these words.

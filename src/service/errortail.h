@@ -14,8 +14,8 @@
 namespace quorvale {
 
 /// What the outcome of a run can depend on of ffmpeg's standard error: its last eight non-empty
-/// lines, whether any line said that an encoder is not there, and which said that the source or
-/// the output is not whole. Memory stays bounded whatever arrives.
+/// lines, whether any line said that an encoder is not there or that the source ends early, and
+/// which said that the source or the output is not whole. Memory stays bounded whatever arrives.
 class ErrorTail
 {
 public:
@@ -40,6 +40,11 @@ public:
     /// Whether a line ended with ffmpeg's words for an encoder that it was built without.
     bool lacksEncoder() const { return m_lacksEncoder; }
 
+    /// Whether a line was in ffmpeg's words for a source that ends before what it announces: "File
+    /// ended prematurely", "stream 0, offset 0x1234: partial file" or "Packet corrupt (stream = 0,
+    /// …", behind the name of a demuxer.
+    bool saysEarlyEnd() const { return m_saysEarlyEnd; }
+
     /// What it said about a source that could not be read and about the output.
     const ReadErrors &readErrors() const { return m_readErrors; }
     const WriteErrors &writeErrors() const { return m_writeErrors; }
@@ -49,6 +54,7 @@ private:
 
     QByteArray m_unknownEncoder;
     bool m_lacksEncoder = false;
+    bool m_saysEarlyEnd = false;
     ReadErrors m_readErrors;
     WriteErrors m_writeErrors;
     std::deque<QByteArray> m_tail;

@@ -67,12 +67,13 @@ const QSet<QString> &FFmpegService::supportedExtensions()
     return extensions;
 }
 
-QFuture<QUrl> FFmpegService::convert(const QUrl &source, const DestinationChooser &destination,
-                                     const ConversionSettings &settings,
-                                     const ProgressHandler &onProgress)
+QFuture<ConvertedFile> FFmpegService::convert(const QUrl &source,
+                                              const DestinationChooser &destination,
+                                              const ConversionSettings &settings,
+                                              const ProgressHandler &onProgress)
 {
     // The promise is handled here rather than by QtConcurrent::run, which would wrap the errors.
-    const auto promise = std::make_shared<QPromise<QUrl>>();
+    const auto promise = std::make_shared<QPromise<ConvertedFile>>();
     const auto fail = [promise](const std::exception_ptr &error) {
         promise->setException(error);
         promise->finish();
@@ -96,9 +97,11 @@ QFuture<QUrl> FFmpegService::convert(const QUrl &source, const DestinationChoose
     return promise->future();
 }
 
-QUrl FFmpegService::runConversion(const QUrl &source, const DestinationChooser &chooseDestination,
-                                  ConversionSettings settings, const ProgressHandler &onProgress,
-                                  const std::stop_token &cancelled)
+ConvertedFile FFmpegService::runConversion(const QUrl &source,
+                                           const DestinationChooser &chooseDestination,
+                                           ConversionSettings settings,
+                                           const ProgressHandler &onProgress,
+                                           const std::stop_token &cancelled)
 {
     const Patience diskPatience{cancelled, m_patience.disk};
     const Patience probePatience{cancelled, m_patience.probe};
@@ -130,7 +133,7 @@ QUrl FFmpegService::runConversion(const QUrl &source, const DestinationChooser &
         run.run(info.duration, onProgress);
         if (!settings.useHardware || !run.lacksEncoder()) {
             run.verify();
-            return destination;
+            return {destination, run.earlyEnd()};
         }
     }
 
@@ -142,7 +145,7 @@ QUrl FFmpegService::runConversion(const QUrl &source, const DestinationChooser &
         throw FFmpegError::cancelled();
     run.run(info.duration, onProgress);
     run.verify();
-    return destination;
+    return {destination, run.earlyEnd()};
 }
 
 MediaInfo FFmpegService::probe(const QUrl &source, const QUrl &ffmpeg, const Patience &patience)

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "activeprocess.h"
+#include "convertedfile.h"
 #include "diskthread.h"
 #include "mediainfo.h"
 #include "model/conversionsettings.h"
@@ -58,7 +59,7 @@ public:
 
     /// Converts the file `source` into the file `destination`, whose extension decides the
     /// container, on a worker thread. Missing folders of the destination are created. The future
-    /// holds where the output is.
+    /// holds where the output is, and where the source ended when it ended early.
     ///
     /// The future throws FFmpegError::notFound when there is no ffmpeg, FFmpegError::cancelled when
     /// a signal ended it, FFmpegError::processFailed when it ended with another status than 0 or
@@ -78,8 +79,9 @@ public:
     /// but a thread that is left behind, which asks it nothing further.
     ///
     /// Any thread. Conversions run one after another, and cancel() reaches the one that runs.
-    QFuture<QUrl> convert(const QUrl &source, const QUrl &destination,
-                          const ConversionSettings &settings, const ProgressHandler &onProgress)
+    QFuture<ConvertedFile> convert(const QUrl &source, const QUrl &destination,
+                                   const ConversionSettings &settings,
+                                   const ProgressHandler &onProgress)
     {
         return convert(
             source, [destination](const std::stop_token &) { return destination; }, settings,
@@ -87,8 +89,9 @@ public:
     }
 
     /// The same into the file that `destination` chooses when the conversion begins.
-    QFuture<QUrl> convert(const QUrl &source, const DestinationChooser &destination,
-                          const ConversionSettings &settings, const ProgressHandler &onProgress);
+    QFuture<ConvertedFile> convert(const QUrl &source, const DestinationChooser &destination,
+                                   const ConversionSettings &settings,
+                                   const ProgressHandler &onProgress);
 
     /// Interrupts the ffmpeg that converts now, with one SIGINT per call. A probe is not
     /// interrupted, nor the run behind it prevented, unless it does not end within seconds. Any
@@ -96,9 +99,9 @@ public:
     void cancel() { m_activeProcess.cancel(); }
 
 private:
-    QUrl runConversion(const QUrl &source, const DestinationChooser &chooseDestination,
-                       ConversionSettings settings, const ProgressHandler &onProgress,
-                       const std::stop_token &cancelled);
+    ConvertedFile runConversion(const QUrl &source, const DestinationChooser &chooseDestination,
+                                ConversionSettings settings, const ProgressHandler &onProgress,
+                                const std::stop_token &cancelled);
     static MediaInfo probe(const QUrl &source, const QUrl &ffmpeg, const Patience &patience);
 
     const CancelPatience m_patience;

@@ -48,11 +48,11 @@ ListView {
             reorder.scrollTo(Infinity);
     }
 
-    function copyFailure(): bool {
+    function copyMessage(): bool {
         const row = currentItem as JobRow;
-        if (!row || !row.job.hasFailed)
+        if (!row || !row.job.message)
             return false;
-        Clipboard.copy(row.job.failure);
+        Clipboard.copy(row.job.message);
         return true;
     }
 
@@ -112,7 +112,7 @@ ListView {
         forceLayout();
         const page = Math.max(1, Math.floor(height / contentHeight * count));
         if (event.matches(StandardKey.Copy)) {
-            event.accepted = copyFailure();
+            event.accepted = copyMessage();
             return;
         }
         switch (event.modifiers & ~Qt.KeypadModifier | event.key) {

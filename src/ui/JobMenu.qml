@@ -93,11 +93,11 @@ DropMenu {
     }
 
     Entry {
-        applies: menu.job.hasFailed
+        applies: menu.job.message !== ""
 
         action: T.Action {
             text: "Copy Message"
-            onTriggered: Clipboard.copy(menu.job.failure)
+            onTriggered: Clipboard.copy(menu.job.message)
         }
     }
 

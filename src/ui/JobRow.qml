@@ -17,7 +17,7 @@ ListRow {
     readonly property int percentage: Math.trunc(progress * 100)
     Accessible.description: job.folderName + ", " + job.stateWord
                             + (job.isInProgress ? " " + percentage + "%" : "")
-                            + (job.hasFailed ? ", " + job.failureReason : "")
+                            + (job.message ? ", " + job.mainMessage : "")
     Accessible.name: job.fileName
     Accessible.role: Accessible.ListItem
     implicitHeight: content.implicitHeight + content.anchors.topMargin + content.anchors.bottomMargin

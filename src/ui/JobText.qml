@@ -16,7 +16,7 @@ ColumnLayout {
     spacing: 6
 
     FontMetrics {
-        id: failureMetrics
+        id: messageMetrics
 
         font: Theme.caption2
     }
@@ -75,15 +75,15 @@ ColumnLayout {
     ElidedLine {
         Accessible.ignored: true
         Layout.fillWidth: true
-        color: Theme.current.red
+        color: column.job.hasFailed ? Theme.current.red : Theme.current.secondary
         elide: Text.ElideRight
-        font: failureMetrics.font
-        lineHeight: Math.ceil(failureMetrics.height)
+        font: messageMetrics.font
+        lineHeight: Math.ceil(messageMetrics.height)
         lineHeightMode: Text.FixedHeight
         maximumLineCount: 2
-        text: column.job.legibleFailureReason
-        visible: column.job.hasFailed
-        whole: column.job.failure
+        text: column.job.legibleMainMessage
+        visible: text !== ""
+        whole: column.job.message
         wrapMode: Text.Wrap
     }
 }

@@ -79,8 +79,9 @@ private Q_SLOTS:
     void knowsWhatCompletedJobsHaveBecome()
     {
         for (qsizetype row = 0; row < 4; ++row)
-            m_model->complete(m_jobs[row].id(), fileUrl("/out/caf\xe9" + QByteArray::number(row)));
-        m_model->complete(QUuid::createUuid(), fileUrl("/out/x"));
+            m_model->complete(m_jobs[row].id(),
+                              {fileUrl("/out/caf\xe9" + QByteArray::number(row)), {}});
+        m_model->complete(QUuid::createUuid(), {fileUrl("/out/x"), {}});
         QCOMPARE(m_model->completedCount(), 4);
         for (qsizetype row = 0; row < 4; ++row)
             QCOMPARE(m_model->output(m_jobs[row].id()),
@@ -92,6 +93,21 @@ private Q_SLOTS:
         for (const qsizetype row : {0, 1, 2})
             QCOMPARE(m_model->output(m_jobs[row].id()), std::nullopt);
         QVERIFY(m_model->output(m_jobs[3].id()));
+    }
+
+    void remarksOnACompletedJobAsLongAsItIsCompleted()
+    {
+        const QUuid id = m_jobs[2].id();
+        QString announced;
+        connect(m_model.get(), &JobListModel::dataChanged, this,
+                [&] { announced = show(2, JobListModel::JobRole).value<ShownJob>().message(); });
+        m_model->complete(id, {fileUrl("/out/a.mp4"), EarlyEnd{.reached = 6.0, .duration = 20.0}});
+        QCOMPARE(announced, u"The source ends early: 0:06 of 0:20."_s);
+        m_model->complete(id, {fileUrl("/out/a.mp4"), {}});
+        QCOMPARE(announced, QString());
+        m_model->complete(id, {fileUrl("/out/a.mp4"), EarlyEnd{.reached = 6.0, .duration = 20.0}});
+        m_model->setState(id, JobState::waiting());
+        QCOMPARE(announced, QString());
     }
 
     void keepsAccountThroughEveryKindOfChange()

@@ -106,7 +106,7 @@ private Q_SLOTS:
 private:
     static QString reason(const Queue &queue)
     {
-        return ShownJob(queue.model().jobs().first()).failureReason();
+        return ShownJob(queue.model().jobs().first()).mainMessage();
     }
 
     static QString firstLine(const Queue &queue) { return reason(queue).section(u'\n', 0, 0); }

@@ -43,8 +43,8 @@ private Q_SLOTS:
         QCOMPARE(shownJob.fileName(), u"\u202egnp.mkv"_s);
         QCOMPARE(shownJob.legibleFolderName(), u"a\ufffdb"_s);
         QCOMPARE(shownJob.folderName(), u"a\nb"_s);
-        QCOMPARE(shownJob.legibleFailureReason(), u"No\ufffd.\nNo."_s);
-        QCOMPARE(shownJob.failureReason(), u"No\u2028.\nNo."_s);
+        QCOMPARE(shownJob.legibleMainMessage(), u"No\ufffd.\nNo."_s);
+        QCOMPARE(shownJob.mainMessage(), u"No\u2028.\nNo."_s);
     }
 
     void saysEveryStateInAWord()
@@ -73,10 +73,13 @@ private Q_SLOTS:
     {
         const QString message = u"Press [q] to stop, [?] for help\nIt failed.\nBye."_s;
         const ShownJob job = shown(JobState::failed(message));
-        QCOMPARE(job.failure(), message);
-        QCOMPARE(job.failureReason(), u"It failed.\nBye."_s);
-        QCOMPARE(shown(JobState::waiting()).failure(), QString());
-        QCOMPARE(shown(JobState::waiting()).failureReason(), QString());
+        QCOMPARE(job.message(), message);
+        QCOMPARE(job.mainMessage(), u"It failed.\nBye."_s);
+        QCOMPARE(shown(JobState::waiting()).message(), QString());
+        const ShownJob remarked(ConversionJob(QUrl::fromLocalFile(u"/a.mkv"_s)), u"A remark."_s);
+        QCOMPARE(remarked.message(), u"A remark."_s);
+        QCOMPARE(remarked.legibleMainMessage(), u"A remark."_s);
+        QCOMPARE(shown(JobState::waiting()).mainMessage(), QString());
     }
 
     void isAnotherWhenAnythingOfItIs()
@@ -88,6 +91,7 @@ private Q_SLOTS:
         further.progress = 0.5;
         QCOMPARE(ShownJob(job), ShownJob(further));
         QVERIFY(ShownJob(job) != ShownJob(failed));
+        QVERIFY(ShownJob(job) != ShownJob(job, u"A remark."_s));
         QVERIFY(ShownJob(job) != ShownJob(ConversionJob(job.source())));
     }
 };

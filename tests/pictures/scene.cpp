@@ -148,11 +148,15 @@ void Scene::chooseDestination()
     m_model->chooseDestination();
 }
 
-// Up to the middle of the job in the row; the one before it fails.
+// Up to the middle of the job in the row; the one before it fails, and the first ends early.
 bool Scene::convert(int untilRow)
 {
     const QString ffmpeg = u"ffmpeg"_s;
     m_tools.setScript(ffmpeg, Script());
+    m_tools.setScript(ffmpeg, 1,
+                      Script()
+                          .err("[matroska,webm @ 0x55d0c8a3e2c0] File ended prematurely\n")
+                          .out("out_time_ms=6040000\nprogress=end\n"));
     m_tools.setScript(ffmpeg, untilRow,
                       Script()
                           .err("[mov,mp4,m4a,3gp,3g2,mj2 @ 0x55d0c8a3e2c0] moov atom not found\n"

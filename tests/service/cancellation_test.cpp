@@ -252,7 +252,7 @@ private Q_SLOTS:
     }
 
 private:
-    QFuture<QUrl> convert()
+    QFuture<ConvertedFile> convert()
     {
         const QUrl destination = QUrl::fromLocalFile(m_tools->path(u"out/clip_converted.mp4"_s));
         return m_service.convert(source, destination, {}, [](double) {});

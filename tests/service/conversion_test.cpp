@@ -225,6 +225,38 @@ private Q_SLOTS:
                                   + QString::fromUtf8(sum));
     }
 
+    void aSourceThatEndsEarlyIsSaidSo_data()
+    {
+        QTest::addColumn<QByteArray>("words");
+        QTest::addColumn<QByteArray>("progress");
+        QTest::addColumn<std::optional<EarlyEnd>>("earlyEnd");
+        const QByteArray words = "[matroska,webm @ 0x55d0] File ended prematurely\n";
+        const QByteArray times = "out_time_ms=1000000\nout_time_ms=9400000\nprogress=end\n";
+        const auto none = std::optional<EarlyEnd>();
+        QTest::newRow("both") << words << times << std::optional(EarlyEnd{9.4, 10.0});
+        QTest::newRow("ffmpeg's words only")
+            << words << QByteArray("out_time_ms=9500000\n") << none;
+        QTest::newRow("a short output only") << QByteArray() << times << none;
+    }
+    void aSourceThatEndsEarlyIsSaidSo()
+    {
+        QFETCH(const QByteArray, words);
+        QFETCH(const QByteArray, progress);
+        script(Script().err(words).out(progress));
+        const ConversionEnd end = convert();
+        QVERIFY(end.isSuccess());
+        QTEST(end.earlyEnd, "earlyEnd");
+    }
+
+    void whatHasNoKnownLengthDoesNotEndEarly()
+    {
+        m_tools->setScript(u"ffprobe"_s, Script());
+        script(Script().err("[flv @ 0x55d0] File ended prematurely\n").out("out_time_ms=-1\n"));
+        const ConversionEnd end = convert();
+        QVERIFY(end.isSuccess());
+        QVERIFY(!end.earlyEnd);
+    }
+
     void aFailingStatusIsExplainedByTheLastLinesAsEver()
     {
         script(Script()

@@ -90,6 +90,34 @@ private Q_SLOTS:
         QCOMPARE(lacksEncoder(stream), isMissing);
     }
 
+    void noticesThatTheSourceEndsEarly_data()
+    {
+        QTest::addColumn<QByteArray>("stream");
+        QTest::addColumn<bool>("isEarly");
+        for (const char *words :
+             {"File ended prematurely", "File ended prematurely at pos. 909 (0x38d)",
+              "stream 1, offset 0x259306: partial file",
+              "Packet corrupt (stream = 0, dts = 11743)."}) {
+            const QByteArray line = words + QByteArray("\n");
+            QTest::addRow("%.30s", words) << "[flv @ 0x55d0] " + line << true;
+            QTest::addRow("%.30s, newer", words) << "[in#0/flv @ 0x55d0] " + line << true;
+            QTest::addRow("%.30s, metadata", words) << "    title : [x] " + line << false;
+            QTest::addRow("%.30s, bare", words) << line << false;
+            QTest::addRow("%.30s, long ago", words)
+                << "[flv @ 0x55d0] " + line + QByteArray("x\n").repeated(20) << true;
+        }
+        QTest::newRow("corrupt pictures")
+            << QByteArray("[h264 @ 0x55d0] corrupted macroblock 18 1\n") << false;
+    }
+    void noticesThatTheSourceEndsEarly()
+    {
+        QFETCH(const QByteArray, stream);
+        ErrorTail tail(u"libx264"_s, "/in/a.mkv", "/out/a.mp4");
+        tail.read(stream);
+        tail.finish();
+        QTEST(tail.saysEarlyEnd(), "isEarly");
+    }
+
     void noticesReadAndWriteErrorsFarAboveTheLastLines()
     {
         ErrorTail tail(u"libx264"_s, "/in/a.mkv", "/out/a.mp4");

@@ -118,14 +118,14 @@ private:
     static constexpr auto shortPatience = 10ms;
     static constexpr auto description = R"({"format": {"duration": "10"}})";
 
-    QFuture<QUrl> convert(const QString &output)
+    QFuture<ConvertedFile> convert(const QString &output)
     {
         return m_service->convert(QUrl::fromLocalFile(u"/in/clip.mkv"_s),
                                   QUrl::fromLocalFile(output), {}, [](double) {});
     }
-    QFuture<QUrl> convert() { return convert(m_disk->path(u"a/b/c/clip.mp4"_s)); }
+    QFuture<ConvertedFile> convert() { return convert(m_disk->path(u"a/b/c/clip.mp4"_s)); }
 
-    void verifyCancelled(const QFuture<QUrl> &conversion)
+    void verifyCancelled(const QFuture<ConvertedFile> &conversion)
     {
         constexpr qint64 longest = 2000; // far less than the patience by default
         QElapsedTimer time;

@@ -92,7 +92,7 @@ private Q_SLOTS:
     }
 
 private:
-    QFuture<QUrl> convert()
+    QFuture<ConvertedFile> convert()
     {
         return m_service->convert(QUrl::fromLocalFile(u"/in/clip.mkv"_s),
                                   QUrl::fromLocalFile(m_tools->path(u"out/clip_converted.mp4"_s)),

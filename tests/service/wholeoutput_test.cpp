@@ -157,8 +157,8 @@ private Q_SLOTS:
 private:
     QString folder(const QString &name) const { return m_folder.filePath(name); }
 
-    QFuture<QUrl> start(const QString &source, const QString &output,
-                        const ConversionSettings &settings)
+    QFuture<ConvertedFile> start(const QString &source, const QString &output,
+                                 const ConversionSettings &settings)
     {
         return m_service.convert(QUrl::fromLocalFile(source), QUrl::fromLocalFile(output), settings,
                                  [](double) {});

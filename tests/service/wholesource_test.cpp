@@ -17,7 +17,8 @@ using namespace quorvale;
 using namespace quorvale::test;
 using namespace Qt::StringLiterals;
 
-// That a conversion by the machine's own ffmpeg fails when its source cannot be read to its end.
+// That a conversion by the machine's own ffmpeg fails when its source cannot be read to its end,
+// and says so when the source has none.
 class WholeSourceTest : public QObject
 {
     Q_OBJECT
@@ -51,6 +52,35 @@ private Q_SLOTS:
             QVERIFY2(end.ffmpegError == FFmpegError::Case::processFailed,
                      qPrintable(u"from %1 % on: %2"_s.arg(percent).arg(end.message)));
         }
+    }
+
+    void aHalfOfASourceIsRemarkedOn_data()
+    {
+        QTest::addColumn<QString>("extension");
+        for (const char *extension : {"mp4", "mov", "mkv", "flv"})
+            QTest::newRow(extension) << QString::fromLatin1(extension);
+    }
+    void aHalfOfASourceIsRemarkedOn()
+    {
+        QFETCH(const QString, extension);
+        const QString clip = makeClip(u"h264.mp4"_s, QDir(m_folder.path()));
+        const QString source = m_folder.filePath(u"long."_s + extension);
+        // With what announces the length at the beginning, as cameras and downloads have it.
+        const ToolRun made = runFFmpeg({u"-stream_loop"_s, u"9"_s, u"-i"_s, clip, u"-c"_s,
+                                        u"copy"_s, u"-movflags"_s, u"+faststart"_s, source});
+        QVERIFY2(made.succeeded, made.errors.constData());
+        ConversionEnd end = convert(source);
+        QCOMPARE(end.message, QString());
+        QVERIFY(!end.earlyEnd);
+
+        QVERIFY(QFile::resize(source, QFileInfo(source).size() / 2));
+        end = convert(source);
+        QCOMPARE(end.message, QString());
+        QVERIFY(end.earlyEnd);
+        QVERIFY2(end.earlyEnd->reached > 4.0 && end.earlyEnd->reached < 6.0,
+                 qPrintable(remark(*end.earlyEnd)));
+        QVERIFY2(end.earlyEnd->duration > 9.5 && end.earlyEnd->duration < 10.5,
+                 qPrintable(remark(*end.earlyEnd)));
     }
 
     // Whatever a source says, and wherever ffmpeg repeats it.

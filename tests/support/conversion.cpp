@@ -24,7 +24,7 @@ QList<double> ProgressLog::values() const
     return m_values;
 }
 
-ConversionEnd endOf(QFuture<QUrl> conversion)
+ConversionEnd endOf(QFuture<ConvertedFile> conversion)
 {
     QDeadlineTimer deadline(patience);
     while (!conversion.isFinished() && !deadline.hasExpired())
@@ -34,11 +34,11 @@ ConversionEnd endOf(QFuture<QUrl> conversion)
     try {
         conversion.waitForFinished();
     } catch (const FFmpegError &error) {
-        return {error.kind(), error.errorDescription()};
+        return {error.kind(), error.errorDescription(), {}};
     } catch (const std::exception &error) {
-        return {std::nullopt, QString::fromUtf8(error.what())};
+        return {std::nullopt, QString::fromUtf8(error.what()), {}};
     }
-    return {};
+    return {.ffmpegError = {}, .message = {}, .earlyEnd = conversion.result().earlyEnd};
 }
 
 } // namespace quorvale::test

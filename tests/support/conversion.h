@@ -19,6 +19,7 @@ struct ConversionEnd
 {
     std::optional<FFmpegError::Case> ffmpegError; ///< none for success and for other errors
     QString message;                              ///< empty for success
+    std::optional<EarlyEnd> earlyEnd;             ///< of the source of a success
 
     bool isSuccess() const { return message.isEmpty(); }
 };
@@ -36,6 +37,6 @@ private:
 };
 
 /// Waits for the conversion's end. Needs no event loop.
-ConversionEnd endOf(QFuture<QUrl> conversion);
+ConversionEnd endOf(QFuture<ConvertedFile> conversion);
 
 } // namespace quorvale::test

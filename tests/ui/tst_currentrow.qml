@@ -168,13 +168,14 @@ JobListTest {
         compareCurrentIs(1048, "clip2097.mov");
     }
 
-    function test_copiesTheWholeFailureOfTheCurrentRow() {
+    function test_copiesTheWholeMessageOfTheCurrentRow() {
         const message = Array.from({"length": 8}, (_, i) => "  line " + i).join("\n");
-        Bench.queue(["failed.mkv", "completed.mkv"]);
+        Bench.queue(["failed.mkv", "completed.mkv", "remarked.mkv"]);
         show(lists);
         Bench.chooseRealDestination();
         Bench.willFail(message);
         Bench.willComplete();
+        Bench.willEndEarly();
         verify(Bench.convert());
         list().currentItem.forceActiveFocus(Qt.TabFocusReason);
         keyClick(Qt.Key_C, Qt.ControlModifier);
@@ -184,6 +185,9 @@ JobListTest {
         compare(list().currentItem.job.fileName, "completed.mkv");
         keyClick(Qt.Key_C, Qt.ControlModifier);
         compare(pasted(), message);
+        keyClick(Qt.Key_Down);
+        keyClick(Qt.Key_C, Qt.ControlModifier);
+        compare(pasted(), "The source ends early: 0:06 of 0:10.");
     }
 
     function test_deleteRemovesTheCurrentRow() {

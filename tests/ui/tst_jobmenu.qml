@@ -109,6 +109,17 @@ JobListTest {
         compare(Bench.fileNames, ["failed.mkv", "waiting.mkv"]);
     }
 
+    function test_copiesARemark() {
+        Bench.queue(["complete.mkv"]);
+        show(lists);
+        Bench.chooseRealDestination();
+        Bench.willEndEarly();
+        verify(Bench.convert());
+        open(0);
+        choose("Copy Message");
+        compare(pasted(), "The source ends early: 0:06 of 0:10.");
+    }
+
     function test_byKeyboard_data() {
         return [
             {"tag": "menu key", "key": Qt.Key_Menu, "modifiers": Qt.NoModifier},

@@ -10,7 +10,9 @@ import Quorvale.Testing
 JobListTest {
     id: test
 
-    readonly property var states: ["waiting", "converting", "completed", "cancelled", "failed"]
+    readonly property var states: ["waiting", "converting", "completed", "remarked", "cancelled", "failed"]
+
+    readonly property string remark: "The source ends early: 0:06 of 0:10."
 
     name: "JobRow"
 
@@ -26,6 +28,9 @@ JobListTest {
             break;
         case "completed":
             Bench.willComplete();
+            break;
+        case "remarked":
+            Bench.willEndEarly();
             break;
         case "cancelled":
             Bench.willBeCancelled();
@@ -66,6 +71,7 @@ JobListTest {
             {"tag": "waiting", "texts": ["clip.mkv", "Trip", "\u2022", "Ready"]},
             {"tag": "converting", "texts": ["clip.mkv", "Trip", "\u2022", "Converting"]},
             {"tag": "completed", "texts": ["clip.mkv", "Trip", "\u2022", "Complete"]},
+            {"tag": "remarked", "texts": ["clip.mkv", "Trip", "\u2022", "Complete", remark]},
             {"tag": "cancelled", "texts": ["clip.mkv", "Trip", "\u2022", "Cancelled"]},
             {"tag": "failed", "texts": ["clip.mkv", "Trip", "\u2022", "Failed", "No space left on device."]},
         ];
@@ -81,6 +87,7 @@ JobListTest {
             {"tag": "waiting", "word": "Ready", "color": "secondary"},
             {"tag": "converting", "word": "Converting", "color": "accent"},
             {"tag": "completed", "word": "Complete", "color": "green"},
+            {"tag": "remarked", "word": "Complete", "color": "green"},
             {"tag": "cancelled", "word": "Cancelled", "color": "secondary"},
             {"tag": "failed", "word": "Failed", "color": "red"},
         ];
@@ -97,6 +104,8 @@ JobListTest {
             compare(symbolOf(row(), Symbol.Film).color, Theme.current.accent);
             if (data.tag === "failed")
                 compare(textOf(row(), "No space left on device.").color, Theme.current.red);
+            if (data.tag === "remarked")
+                compare(textOf(row(), remark).color, Theme.current.secondary);
         });
     }
 
@@ -134,6 +143,7 @@ JobListTest {
             {"tag": "waiting", "buttons": three},
             {"tag": "converting", "buttons": []},
             {"tag": "completed", "buttons": ["Queue this video again"]},
+            {"tag": "remarked", "buttons": ["Queue this video again"]},
             {"tag": "cancelled", "buttons": three},
             {"tag": "failed", "buttons": three},
         ];
@@ -268,6 +278,11 @@ JobListTest {
         Bench.willFail("Press [q] to stop, [?] for help\nNo space left on device.");
         verify(Bench.convert());
         compare(row().Accessible.description, "Trip, Failed, No space left on device.");
+    }
+
+    function test_remarkIsRead() {
+        showState("remarked");
+        compare(row().Accessible.description, "Trip, Complete, " + remark);
     }
 
     function test_folderOfTheRoot() {

@@ -169,6 +169,14 @@ void Bench::willComplete()
     setNextRun(Script().out("progress=end\n").exit(0));
 }
 
+void Bench::willEndEarly()
+{
+    setNextRun(Script()
+                   .err("[matroska,webm @ 0x55d0] File ended prematurely\n")
+                   .out("out_time_ms=6000000\nprogress=end\n")
+                   .exit(0));
+}
+
 void Bench::willFail(const QString &message)
 {
     setNextRun(Script().err(message.toUtf8()).exit(1));

@@ -70,6 +70,8 @@ public:
     // What becomes of the next conversion, the one after it, and so on.
 
     Q_INVOKABLE void willComplete();
+    /// It completes after 6 of the source's 10 seconds.
+    Q_INVOKABLE void willEndEarly();
     Q_INVOKABLE void willFail(const QString &message);
     Q_INVOKABLE void willBeCancelled();
     /// It reports the first fraction and stays there until goOn(); so it does with each, and
