@@ -40,6 +40,9 @@ public:
     /// made of the source.
     void verify() const;
 
+    /// Whether ffmpeg may have taken a disk that failed for the end of the source.
+    bool mayMeanReadError() const { return m_errors.mayMeanReadError(); }
+
     /// Where the source ended, when both ffmpeg says that it ended early and the output is shorter
     /// than the source by a good part. Neither tells alone: there are corrupt packets in videos
     /// that are otherwise whole, and of some that are whole ffmpeg states a small part of their

@@ -35,7 +35,10 @@ void ErrorTail::takeLine(QByteArrayView line)
 {
     m_readErrors.takeLine(line);
     m_writeErrors.takeLine(line);
-    m_saysEarlyEnd = m_saysEarlyEnd || isOfEarlyEnd(line);
+    if (isOfEarlyEnd(line)) {
+        m_saysEarlyEnd = true;
+        m_mayMeanReadError = m_mayMeanReadError || line.startsWith("[mov,");
+    }
     if (line.isEmpty())
         return;
     // Newer versions of ffmpeg put a tag in square brackets before these words.

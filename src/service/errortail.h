@@ -45,6 +45,10 @@ public:
     /// …", behind the name of a demuxer.
     bool saysEarlyEnd() const { return m_saysEarlyEnd; }
 
+    /// Whether such a line was about an MP4 or MOV file, of which 4.x says so, too, when the disk
+    /// does not let it read on.
+    bool mayMeanReadError() const { return m_mayMeanReadError; }
+
     /// What it said about a source that could not be read and about the output.
     const ReadErrors &readErrors() const { return m_readErrors; }
     const WriteErrors &writeErrors() const { return m_writeErrors; }
@@ -55,6 +59,7 @@ private:
     QByteArray m_unknownEncoder;
     bool m_lacksEncoder = false;
     bool m_saysEarlyEnd = false;
+    bool m_mayMeanReadError = false;
     ReadErrors m_readErrors;
     WriteErrors m_writeErrors;
     std::deque<QByteArray> m_tail;

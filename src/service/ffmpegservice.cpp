@@ -10,6 +10,7 @@
 #include "model/encoderarguments.h"
 #include "model/filepath.h"
 #include "outputfolder.h"
+#include "readthrough.h"
 #include "sourceguard.h"
 #include "specialfile.h"
 #include "systemerror.h"
@@ -41,6 +42,20 @@ SystemError cannotStart(const std::system_error &error)
 {
     return SystemError(u"The conversion could not be started: %1"_s.arg(
         QString::fromLocal8Bit(error.code().message())));
+}
+
+// Of a run that has ended.
+ConvertedFile resultOf(const EncoderRun &run, const QUrl &source, const QUrl &destination,
+                       DiskThread &disks, const Patience &patience)
+{
+    run.verify();
+    if (run.mayMeanReadError()) {
+        const auto look = [source, cancelled = patience.cancelled](const std::stop_token &) {
+            readThrough(source, cancelled);
+        };
+        disks.ask(patience, look);
+    }
+    return {destination, run.earlyEnd()};
 }
 
 } // namespace
@@ -131,10 +146,8 @@ ConvertedFile FFmpegService::runConversion(const QUrl &source,
         EncoderRun run(*ffmpeg, source, destination, settings, target);
         const auto published = m_activeProcess.publish(run.process());
         run.run(info.duration, onProgress);
-        if (!settings.useHardware || !run.lacksEncoder()) {
-            run.verify();
-            return {destination, run.earlyEnd()};
-        }
+        if (!settings.useHardware || !run.lacksEncoder())
+            return resultOf(run, source, destination, m_disks, diskPatience);
     }
 
     // Once more without the media engine; a cancel between the two runs counts as well.
@@ -144,8 +157,7 @@ ConvertedFile FFmpegService::runConversion(const QUrl &source,
     if (cancelled.stop_requested())
         throw FFmpegError::cancelled();
     run.run(info.duration, onProgress);
-    run.verify();
-    return {destination, run.earlyEnd()};
+    return resultOf(run, source, destination, m_disks, diskPatience);
 }
 
 MediaInfo FFmpegService::probe(const QUrl &source, const QUrl &ffmpeg, const Patience &patience)

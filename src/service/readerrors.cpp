@@ -5,19 +5,25 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 
 namespace quorvale {
 
 namespace {
 
-// EIO, ESTALE, ENOTCONN, ETIMEDOUT, ENODEV and ENXIO, in the C locale, which ffmpeg keeps.
-constexpr auto systemErrors = std::to_array<QByteArrayView>({
-    "Input/output error",
-    "Stale file handle",
-    "Transport endpoint is not connected",
-    "Connection timed out",
-    "No such device",
-    "No such device or address",
+struct SystemErrorWords
+{
+    int error;
+    QByteArrayView words; // of the C locale, which ffmpeg keeps
+};
+
+constexpr auto systemErrors = std::to_array<SystemErrorWords>({
+    {EIO, "Input/output error"},
+    {ESTALE, "Stale file handle"},
+    {ENOTCONN, "Transport endpoint is not connected"},
+    {ETIMEDOUT, "Connection timed out"},
+    {ENODEV, "No such device"},
+    {ENXIO, "No such device or address"},
 });
 
 // What stands behind the beginning of the line; none where it begins otherwise.
@@ -53,7 +59,13 @@ bool ReadErrors::isReadError(QByteArrayView text) const
     const QByteArrayView words = text.startsWith(path) && text.sliced(path.size()).startsWith(": ")
                                      ? text.sliced(path.size() + 2)
                                      : wordsOfDemuxer(text);
-    return std::ranges::find(systemErrors, words) != systemErrors.end();
+    return std::ranges::find(systemErrors, words, &SystemErrorWords::words) != systemErrors.end();
+}
+
+QByteArrayView ReadErrors::wordsFor(int error)
+{
+    const auto *const found = std::ranges::find(systemErrors, error, &SystemErrorWords::error);
+    return found == systemErrors.end() ? QByteArrayView() : found->words;
 }
 
 } // namespace quorvale

@@ -33,6 +33,10 @@ public:
     /// The first of them, invalid UTF-8 replaced; empty when there was none.
     QString text() const { return QString::fromUtf8(m_isForged ? QByteArray() : m_found); }
 
+    /// ffmpeg's words for the system's error number; empty where it is none of a disk, a share or a
+    /// device.
+    static QByteArrayView wordsFor(int error);
+
 private:
     bool isReadError(QByteArrayView text) const;
 

@@ -10,9 +10,10 @@
 
 namespace quorvale {
 
-/// A failure before ffmpeg runs: a source that is no file, that states an impossible bitrate or
-/// that its own output would replace, a folder that cannot be created, a name that is too long, a
-/// tool that cannot be started. The description says what is wrong with what, for the user to read.
+/// A failure that is not ffmpeg's own: a source that is no file, that states an impossible bitrate,
+/// that its own output would replace or that turns out not to be readable, a folder that cannot be
+/// created, a name that is too long, a tool that cannot be started. The description says what is
+/// wrong with what, for the user to read.
 class SystemError : public std::exception
 {
 public:

@@ -248,6 +248,17 @@ private Q_SLOTS:
         QTEST(end.earlyEnd, "earlyEnd");
     }
 
+    // Old versions say so of what a disk does not let them read, and nothing of the disk.
+    void whatEndsEarlyAndCannotBeReadIsAFailure()
+    {
+        const QString unreadable = u"/proc/self/mem"_s; // from its beginning on, where nothing is
+        script(Script().err("[mov,mp4 @ 0x55d0] stream 0, offset 0x38cd: partial file\n"));
+        const ConversionEnd end = endOf(m_service.convert(
+            QUrl::fromLocalFile(unreadable), destination(), {}, m_progress->handler()));
+        QCOMPARE(end.message, u"“/proc/self/mem” could not be read to its end: Input/output "
+                              "error."_s);
+    }
+
     void whatHasNoKnownLengthDoesNotEndEarly()
     {
         m_tools->setScript(u"ffprobe"_s, Script());

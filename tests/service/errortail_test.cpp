@@ -118,6 +118,18 @@ private Q_SLOTS:
         QTEST(tail.saysEarlyEnd(), "isEarly");
     }
 
+    // Recordings have corrupt packets, which are no reason to read them again.
+    void anEarlyEndMayMeanAReadErrorInMoviesOnly()
+    {
+        for (const bool isMovie : {true, false}) {
+            ErrorTail tail(u"libx264"_s, "/in/a", "/out/a.mp4");
+            tail.read((isMovie ? "[mov,mp4,m4a" : "[mpegts")
+                      + QByteArray(" @ 0x55d0] Packet corrupt (stream = 0, dts = 11743).\n"));
+            QVERIFY(tail.saysEarlyEnd());
+            QCOMPARE(tail.mayMeanReadError(), isMovie);
+        }
+    }
+
     void noticesReadAndWriteErrorsFarAboveTheLastLines()
     {
         ErrorTail tail(u"libx264"_s, "/in/a.mkv", "/out/a.mp4");
