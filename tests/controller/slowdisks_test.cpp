@@ -214,6 +214,8 @@ private Q_SLOTS:
         QCOMPARE(names(found), QStringList{u"3.mkv"_s});
         QCOMPARE(searches.notice(), u"“%1” and 19 more did not answer and were left out."_s.arg(
                                         m_disk->path(silent.first())));
+        m_disk->answerAtOnce(); // what was left behind ends
+        QTRY_VERIFY_WITH_TIMEOUT(!searches.hasThreads(), patience);
     }
 
     // Nor is what no thread is left for called silent.
