@@ -26,8 +26,8 @@ namespace {
 
 constexpr auto addressVariable = "DBUS_SESSION_BUS_ADDRESS";
 
-// The name of a socket of this machine, as in one address of the D-Bus Specification; empty where
-// it is of another kind.
+// The name of a socket of this machine, from one address of D-Bus; empty where it is of another
+// kind.
 QByteArray socketName(const QByteArray &address)
 {
     constexpr QByteArrayView local = "unix:";

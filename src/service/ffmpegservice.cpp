@@ -44,20 +44,6 @@ SystemError cannotStart(const std::system_error &error)
         QString::fromLocal8Bit(error.code().message())));
 }
 
-// Of a run that has ended.
-ConvertedFile resultOf(const EncoderRun &run, const QUrl &source, const QUrl &destination,
-                       DiskThread &disks, const Patience &patience)
-{
-    run.verify();
-    if (run.mayMeanReadError()) {
-        const auto look = [source, cancelled = patience.cancelled](const std::stop_token &) {
-            readThrough(source, cancelled);
-        };
-        disks.ask(patience, look);
-    }
-    return {destination, run.earlyEnd()};
-}
-
 } // namespace
 
 FFmpegService::FFmpegService(const CancelPatience &patience) : m_patience(patience) {}
@@ -142,22 +128,23 @@ ConvertedFile FFmpegService::runConversion(const QUrl &source,
         throw implausibleBitrate(*info.videoBitrate);
     const auto target = targetBitrate(settings.goal, info.videoBitrate, settings.codec);
 
-    {
+    for (bool isAgain = false;; isAgain = true) {
         EncoderRun run(*ffmpeg, source, destination, settings, target);
         const auto published = m_activeProcess.publish(run.process());
+        // A cancel between the two runs counts as well.
+        if (isAgain && cancelled.stop_requested())
+            throw FFmpegError::cancelled();
         run.run(info.duration, onProgress);
-        if (!settings.useHardware || !run.lacksEncoder())
-            return resultOf(run, source, destination, m_disks, diskPatience);
+        if (!settings.useHardware || !run.lacksEncoder()) {
+            run.verify();
+            if (run.mayMeanReadError())
+                m_disks.ask(diskPatience, [source, cancelled](const std::stop_token &) {
+                    readThrough(source, cancelled);
+                });
+            return {destination, run.earlyEnd()};
+        }
+        settings.useHardware = false; // once more without the media engine
     }
-
-    // Once more without the media engine; a cancel between the two runs counts as well.
-    settings.useHardware = false;
-    EncoderRun run(*ffmpeg, source, destination, settings, target);
-    const auto published = m_activeProcess.publish(run.process());
-    if (cancelled.stop_requested())
-        throw FFmpegError::cancelled();
-    run.run(info.duration, onProgress);
-    return resultOf(run, source, destination, m_disks, diskPatience);
 }
 
 MediaInfo FFmpegService::probe(const QUrl &source, const QUrl &ffmpeg, const Patience &patience)
