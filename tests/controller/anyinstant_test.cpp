@@ -235,8 +235,7 @@ private Q_SLOTS:
 private:
     void makeQueue()
     {
-        m_queue.reset(); // there is only one place at a time where tools are looked for
-        m_queue = std::make_unique<Queue>();
+        m_queue.emplace();
         m_queue->setConversions(conversion());
         m_queue->add({u"first.mkv"_s});
     }
@@ -253,7 +252,7 @@ private:
 
     qint64 m_oneJob = 0; // nanoseconds
     std::optional<Leftovers> m_leftovers;
-    std::unique_ptr<Queue> m_queue;
+    std::optional<Queue> m_queue;
 };
 
 QUORVALE_TEST(AnyInstantTest)

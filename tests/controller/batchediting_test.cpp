@@ -7,6 +7,8 @@
 
 #include <QTest>
 
+#include <optional>
+
 using namespace quorvale;
 using namespace quorvale::test;
 using namespace Qt::StringLiterals;
@@ -20,11 +22,7 @@ class BatchEditingTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        m_queue.reset(); // there is only one place at a time where tools are looked for
-        m_queue = std::make_unique<Queue>();
-    }
+    void init() { m_queue.emplace(); }
 
     void aJobAddedDuringARunWaitsForTheNext()
     {
@@ -259,7 +257,7 @@ private:
         QVERIFY(m_queue->awaitEnd());
     }
 
-    std::unique_ptr<Queue> m_queue;
+    std::optional<Queue> m_queue;
 };
 
 QUORVALE_TEST(BatchEditingTest)

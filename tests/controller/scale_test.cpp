@@ -81,11 +81,7 @@ class ScaleTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        m_queue.reset(); // there is only one place at a time where tools are looked for
-        m_queue = std::make_unique<Queue>();
-    }
+    void init() { m_queue.emplace(); }
 
     void aHundredThousandFilesComeAndGoDuringABatch()
     {
@@ -264,7 +260,7 @@ private Q_SLOTS:
     }
 
 private:
-    std::unique_ptr<Queue> m_queue;
+    std::optional<Queue> m_queue;
 };
 
 QUORVALE_TEST(ScaleTest)

@@ -307,8 +307,7 @@ private Q_SLOTS:
 private:
     void makeQueue()
     {
-        m_queue.reset(); // there is only one place at a time where tools are looked for
-        m_queue = std::make_unique<Queue>();
+        m_queue.emplace();
         m_queue->setConversions(success());
         m_queue->add({u"1.mkv"_s, u"2.mkv"_s, u"3.mkv"_s});
     }
@@ -338,7 +337,7 @@ private:
     }
 
     std::optional<Leftovers> m_leftovers;
-    std::unique_ptr<Queue> m_queue;
+    std::optional<Queue> m_queue;
 };
 
 QUORVALE_TEST(ToolFaultsTest)

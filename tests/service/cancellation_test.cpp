@@ -12,6 +12,7 @@
 #include <QTest>
 
 #include <csignal>
+#include <optional>
 #include <thread>
 
 using namespace quorvale;
@@ -30,11 +31,7 @@ class CancellationTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        m_tools.reset(); // there is only one place at a time where tools are looked for
-        m_tools = std::make_unique<StandInTools>();
-    }
+    void init() { m_tools.emplace(); }
 
     void withoutAConversionDoesNothing()
     {
@@ -258,7 +255,7 @@ private:
         return m_service.convert(source, destination, {}, [](double) {});
     }
 
-    std::unique_ptr<StandInTools> m_tools;
+    std::optional<StandInTools> m_tools;
     FFmpegService m_service;
 };
 

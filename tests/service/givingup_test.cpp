@@ -12,6 +12,8 @@
 #include <QElapsedTimer>
 #include <QTest>
 
+#include <optional>
+
 #include <unistd.h>
 
 using namespace quorvale;
@@ -28,8 +30,7 @@ class GivingUpTest : public QObject
 private Q_SLOTS:
     void init()
     {
-        m_tools.reset(); // there is only one place at a time where tools are looked for
-        m_tools = std::make_unique<StandInTools>();
+        m_tools.emplace();
         m_tools->setScript(u"ffmpeg"_s, Script().out("progress=end\n"));
         m_disk = std::make_unique<SlowDisk>();
         qputenv(SlowDisk::variable, m_disk->steering().toUtf8());
@@ -52,19 +53,6 @@ private Q_SLOTS:
         verifyCancelled(conversion);
         QTRY_COMPARE_WITH_TIMEOUT(Holdings::now().children, before.children, patience);
         QCOMPARE(m_tools->runs(u"ffmpeg"_s).size(), 0);
-    }
-
-    void aProbeThatAnswersInTimeIsHeard()
-    {
-        m_service = std::make_unique<FFmpegService>(CancelPatience{.probe = 45s});
-        m_tools->setScript(u"ffprobe"_s, m_tools->untilReleased());
-        const auto conversion = convert();
-        QVERIFY(m_tools->awaitWaiting());
-        m_service->cancel();
-        QTest::qWait(20);
-        m_tools->release();
-        const ConversionEnd end = endOf(conversion);
-        QVERIFY2(end.isSuccess(), qPrintable(end.message));
     }
 
     void aDiskIsAskedNothingFurther()
@@ -135,7 +123,7 @@ private:
         QVERIFY2(time.elapsed() < longest, qPrintable(QString::number(time.elapsed())));
     }
 
-    std::unique_ptr<StandInTools> m_tools;
+    std::optional<StandInTools> m_tools;
     std::unique_ptr<SlowDisk> m_disk;
     std::unique_ptr<FFmpegService> m_service;
 };

@@ -8,6 +8,7 @@
 #include <QTest>
 
 #include <csignal>
+#include <optional>
 
 using namespace quorvale;
 using namespace quorvale::test;
@@ -33,8 +34,7 @@ class SoftwareEncoderTest : public QObject
 private Q_SLOTS:
     void init()
     {
-        m_tools.reset(); // there is only one place at a time where tools are looked for
-        m_tools = std::make_unique<StandInTools>();
+        m_tools.emplace();
         m_settings = {};
     }
 
@@ -155,7 +155,7 @@ private:
         return convert(progress);
     }
 
-    std::unique_ptr<StandInTools> m_tools;
+    std::optional<StandInTools> m_tools;
     ConversionSettings m_settings;
     FFmpegService m_service;
 };
