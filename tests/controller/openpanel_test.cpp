@@ -99,7 +99,7 @@ private Q_SLOTS:
         m_model->chooseFolder();
         m_model->chooseDestination();
         QCOMPARE(m_panel->requests.size(), 3);
-        QVERIFY(awaitSearches(*m_model));
+        QVERIFY(awaitSearches(*m_model->searches()));
         QCOMPARE(jobChanges.size(), 0);
         QCOMPARE(folderChanges.size(), 0);
         QVERIFY(!m_model->destination());
@@ -271,7 +271,7 @@ private:
 
     QList<QUrl> sources() const
     {
-        if (!awaitSearches(*m_model))
+        if (!awaitSearches(*m_model->searches()))
             qFatal("The search does not end");
         QList<QUrl> sources;
         for (const ConversionJob &job : m_model->jobs())

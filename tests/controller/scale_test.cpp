@@ -202,7 +202,7 @@ private Q_SLOTS:
             return allocationsOf([&] {
                 for (const QUrl &url : urls.sliced(from, count))
                     model.handleDrop({url});
-                if (!awaitSearches(model))
+                if (!awaitSearches(*model.searches()))
                     qWarning("The search does not end");
             });
         };

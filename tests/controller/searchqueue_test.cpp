@@ -1,9 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
-#include "controller/searchqueue.h"
 #include "support/filetree.h"
-#include "support/patience.h"
+#include "support/searches.h"
 #include "support/testclass.h"
 
 #include <QElapsedTimer>
@@ -25,10 +24,10 @@ private Q_SLOTS:
         tree.addFiles({u"one/clip10.mkv"_s, u"one/deep/clip9.mkv"_s, u"two/b.mp4"_s,
                        u"two/letter.txt"_s, u"a.mp4"_s});
         SearchQueue searches;
-        const Found found(searches);
+        const FoundVideos found(searches);
         searches.search({{tree.url(u"one"_s)}, {tree.url(u"two"_s), tree.url(u"a.mp4"_s)}});
         searches.search({{tree.url(u"two/letter.txt"_s)}, {}});
-        QVERIFY(awaitEnd(searches));
+        QVERIFY(awaitSearches(searches));
         QCOMPARE(found.names,
                  (QList<QStringList>{
                      {u"clip9.mkv"_s, u"clip10.mkv"_s}, {u"a.mp4"_s, u"b.mp4"_s}, {}, {}}));
@@ -44,14 +43,14 @@ private Q_SLOTS:
         const FileTree small;
         const QUrl clip = small.addFile(u"clip.mp4"_s);
         SearchQueue searches;
-        const Found found(searches);
+        const FoundVideos found(searches);
         QList<qsizetype> expected;
         for (int i = 0; i < 10; ++i) { // more than go on at the same time
             searches.search({{large.root()}});
             searches.search({{clip}, {clip}});
             expected << 3000 << 1 << 1;
         }
-        QVERIFY(awaitEnd(searches));
+        QVERIFY(awaitSearches(searches));
         QList<qsizetype> counts;
         for (const QStringList &names : found.names)
             counts << names.size();
@@ -65,9 +64,9 @@ private Q_SLOTS:
                                 u"a.mp4/same.mp4"_s};
         tree.addFiles(paths);
         SearchQueue searches;
-        const Found found(searches);
+        const FoundVideos found(searches);
         searches.search({{tree.root()}});
-        QVERIFY(awaitEnd(searches));
+        QVERIFY(awaitSearches(searches));
         QCOMPARE(found.paths.last(),
                  (QStringList{tree.path(u"a.mp4"_s), tree.path(u"a/b/same.mp4"_s),
                               tree.path(u"a/same.mp4"_s), tree.path(u"a.mp4/same.mp4"_s),
@@ -79,7 +78,7 @@ private Q_SLOTS:
         const FileTree tree;
         tree.addFiles({u"a/1.mp4"_s, u"b/2.mp4"_s, u"b/3.mp4"_s});
         SearchQueue searches;
-        const Found found(searches);
+        const FoundVideos found(searches);
         const QStringList one{u"1.mp4"_s};
         const QStringList other{u"2.mp4"_s, u"3.mp4"_s};
         for (int i = 0; i < 20; ++i) {
@@ -88,12 +87,12 @@ private Q_SLOTS:
                 QTest::qSleep(1); // it has found all, but nobody was there to take it
             searches.stop();
         }
-        QVERIFY(awaitEnd(searches));
+        QVERIFY(awaitSearches(searches));
         for (const QStringList &names : std::as_const(found.names))
             QVERIFY(names == one || names == other);
 
         searches.search({{tree.url(u"b"_s)}});
-        QVERIFY(awaitEnd(searches));
+        QVERIFY(awaitSearches(searches));
         QCOMPARE(found.names.last(), other);
     }
 
@@ -102,10 +101,10 @@ private Q_SLOTS:
         const FileTree tree;
         tree.addFiles({u"a/1.mp4"_s, u"b/2.mp4"_s});
         SearchQueue searches;
-        const Found found(searches);
+        const FoundVideos found(searches);
         connect(&searches, &SearchQueue::found, &searches, &SearchQueue::stop);
         searches.search({{tree.url(u"a"_s)}, {tree.url(u"b"_s)}});
-        QVERIFY(awaitEnd(searches));
+        QVERIFY(awaitSearches(searches));
         QCOMPARE(found.names.first(), QStringList{u"1.mp4"_s});
         QVERIFY(found.names.size() <= 2);
     }
@@ -134,43 +133,13 @@ private Q_SLOTS:
         do { // unless this machine made it a long one
             timer.start();
             searches.search({{clip}});
-            QVERIFY(awaitEnd(searches));
+            QVERIFY(awaitSearches(searches));
         } while (timer.elapsed() > 400);
         const qsizetype before = changes.size();
         // Had it been counted from here, it would be long by now.
         QTest::qWait(700);
         QVERIFY(!searches.isLong());
         QCOMPARE(changes.size(), before);
-    }
-
-private:
-    // What a queue hands over.
-    struct Found
-    {
-        explicit Found(SearchQueue &searches)
-        {
-            connect(&searches, &SearchQueue::found, &searches,
-                    [this](const QList<SourceFile> &videos) {
-                        QStringList videoNames;
-                        QStringList videoPaths;
-                        for (const SourceFile &video : videos) {
-                            videoNames << video.url().fileName();
-                            videoPaths << video.url().toLocalFile();
-                        }
-                        names << videoNames;
-                        paths << videoPaths;
-                    });
-        }
-        Found(const Found &) = delete;
-        Found &operator=(const Found &) = delete;
-
-        QList<QStringList> names; // of each addition
-        QList<QStringList> paths;
-    };
-
-    static bool awaitEnd(const SearchQueue &searches)
-    {
-        return QTest::qWaitFor([&] { return !searches.hasThreads(); }, patience);
     }
 };
 

@@ -1,16 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
-#include "controller/searchqueue.h"
 #include "support/patience.h"
 #include "support/queue.h"
-#include "support/scarcity.h"
+#include "support/searches.h"
 #include "support/slowdisk.h"
 #include "support/testclass.h"
 
 #include <QDir>
 #include <QFile>
-#include <QSignalSpy>
 #include <QTest>
 
 #include <cerrno>
@@ -41,17 +39,6 @@ QStringList names(const ConverterViewModel &model)
     QStringList names;
     for (const ConversionJob &job : model.jobs())
         names << job.source().fileName();
-    return names;
-}
-
-// Of what was handed over, addition by addition.
-QStringList names(const QSignalSpy &found)
-{
-    QStringList names;
-    for (const QVariantList &arguments : found) {
-        for (const SourceFile &file : arguments.first().value<QList<SourceFile>>())
-            names << file.url().fileName();
-    }
     return names;
 }
 
@@ -172,14 +159,14 @@ private Q_SLOTS:
     {
         verifyAliveness([&] {
             SearchQueue searches({.untilOvertaken = 50ms, .untilLeftOut = 1s});
-            const QSignalSpy found(&searches, &SearchQueue::found);
+            const FoundVideos found(searches);
             write(m_disk->path(u"videos/last.mkv"_s), {});
             m_disk->hang({u"videos/110"_s});
             searches.search({{videos()}});
             QTRY_COMPARE_WITH_TIMEOUT(searches.foundCount(), 2, patience);
-            QCOMPARE(found.size(), 0);
-            QTRY_COMPARE_WITH_TIMEOUT(found.size(), 1, patience);
-            QCOMPARE(names(found), (QStringList{u"9.mkv"_s, u"last.mkv"_s}));
+            QCOMPARE(found.names, QList<QStringList>());
+            QTRY_COMPARE_WITH_TIMEOUT(found.names,
+                                      (QList<QStringList>{{u"9.mkv"_s, u"last.mkv"_s}}), patience);
             QTRY_COMPARE_WITH_TIMEOUT(
                 searches.notice(),
                 u"“%1” did not answer and was left out."_s.arg(m_disk->path(u"videos/110"_s)),
@@ -191,116 +178,6 @@ private Q_SLOTS:
                                       u" and 1 more could not be read and were left out."_s,
                                       patience);
         });
-    }
-
-    // However many there are: this one is asked when there are as many threads as may wait.
-    void aHealthyFolderAmongSilentOnesIsFound()
-    {
-        constexpr int healthy = 3;
-        write(m_disk->path(u"videos/103/3.mkv"_s), {});
-        QList<QList<QUrl>> additions;
-        QStringList silent;
-        for (int i = 0; i <= 20; ++i) {
-            const QString name = u"videos/%1"_s.arg(100 + i);
-            additions << QList{QUrl::fromLocalFile(m_disk->path(name))};
-            if (i != healthy)
-                silent << name;
-        }
-        SearchQueue searches({.untilOvertaken = 10ms, .untilLeftOut = 2s});
-        const QSignalSpy found(&searches, &SearchQueue::found);
-        m_disk->hang(silent);
-        searches.search(additions);
-        QTRY_COMPARE_WITH_TIMEOUT(found.size(), additions.size(), patience);
-        QCOMPARE(names(found), QStringList{u"3.mkv"_s});
-        QCOMPARE(searches.notice(), u"“%1” and 19 more did not answer and were left out."_s.arg(
-                                        m_disk->path(silent.first())));
-        m_disk->answerAtOnce(); // what was left behind ends
-        QTRY_VERIFY_WITH_TIMEOUT(!searches.hasThreads(), patience);
-    }
-
-    // Nor is what no thread is left for called silent.
-    void aSearchOfThousandsOfSilentPlacesEnds()
-    {
-        m_disk->hang();
-        const auto search = std::make_shared<VideoSearch>(
-            QList<QList<QUrl>>(2000, {videos()}),
-            SearchPatience{.untilOvertaken = 1ms, .untilLeftOut = 20ms}, [] {});
-        search->start();
-        qsizetype silent = 0;
-        qsizetype unread = 0;
-        while (!search->isDone()) {
-            search->watch();
-            while (const auto result = search->take())
-                ++(result->isSilence ? silent : unread);
-            QTest::qSleep(1);
-        }
-        QCOMPARE(silent, 256);
-        QCOMPARE(unread, 2000 - 256);
-        m_disk->answerAtOnce();
-        QTRY_COMPARE_WITH_TIMEOUT(search.use_count(), 1, patience);
-    }
-
-    void withoutThreadsASearchEnds()
-    {
-        SearchQueue searches({.untilOvertaken = 50ms, .untilLeftOut = 1s});
-        const QSignalSpy found(&searches, &SearchQueue::found);
-        {
-            const FewThreads none;
-            searches.search({{videos()}});
-            QTRY_VERIFY_WITH_TIMEOUT(none.refusals() > 1, patience);
-        }
-        QTRY_COMPARE_WITH_TIMEOUT(names(found), (QStringList{u"9.mkv"_s, u"10.mkv"_s}), patience);
-        QCOMPARE(searches.notice(), QString());
-        const FewThreads none;
-        searches.search({{videos()}});
-        QTRY_COMPARE_WITH_TIMEOUT(found.size(), 2, patience);
-        QCOMPARE(names(found).size(), 2);
-        QCOMPARE(searches.verdict(), u" could not be read and was left out."_s);
-    }
-
-    void whatCannotBeReadIsLeftOut_data()
-    {
-        QTest::addColumn<QByteArray>("function");
-        QTest::addColumn<int>("error");
-        QTest::addColumn<QStringList>("places");
-        QTest::addColumn<QString>("verdict"); // on the first of them
-        QTest::addColumn<QStringList>("expected");
-        const QStringList one{u"videos/110"_s};
-        const QStringList three{u"videos/110"_s, u"videos/111"_s, u"videos/112"_s};
-        const QString unread = u" could not be read and was left out."_s;
-        const QStringList others{u"9.mkv"_s};
-        QTest::newRow("no permission") << "opendir"_ba << EACCES << one << unread << others;
-        QTest::newRow("breaks down") << "readdir"_ba << EIO << one << unread << others;
-        QTest::newRow("gone meanwhile") << "opendir"_ba << ENOENT << one << QString() << others;
-        QTest::newRow("several") << "opendir"_ba << EIO << three
-                                 << u" and 2 more could not be read and were left out."_s
-                                 << QStringList();
-        const QStringList all{u"videos"_s};
-        QTest::newRow("no descriptor") << "opendir"_ba << EMFILE << all << unread << QStringList();
-        QTest::newRow("says not what it is") << "stat"_ba << EIO << all << unread << QStringList();
-        QTest::newRow("not there") << "stat"_ba << ENOENT << all << QString() << QStringList();
-    }
-
-    void whatCannotBeReadIsLeftOut()
-    {
-        QFETCH(const QByteArray, function);
-        QFETCH(const int, error);
-        QFETCH(const QStringList, places);
-        QFETCH(const QString, verdict);
-        for (int i = 0; i < 9; ++i)
-            write(m_disk->path(u"videos/110/b%1.mkv"_s.arg(i)), {});
-        SearchQueue searches;
-        const QSignalSpy found(&searches, &SearchQueue::found);
-        m_disk->fail(error, function, places);
-        for (int i = 0; i < 2; ++i) { // what is said of the second is the same
-            searches.search({{videos()}});
-            QTRY_VERIFY_WITH_TIMEOUT(!searches.hasThreads(), patience);
-        }
-        QFETCH(const QStringList, expected);
-        QCOMPARE(names(found), expected + expected);
-        QCOMPARE(searches.verdict(), verdict);
-        const QString place = u'“' + m_disk->path(places.first()) + u'”';
-        QCOMPARE(searches.notice(), verdict.isEmpty() ? QString() : place + verdict);
     }
 
     void aBatchWritesToIt_data() { troubles(); }
