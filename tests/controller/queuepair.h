@@ -3,35 +3,22 @@
 
 #pragma once
 
-#include "referencequeue.h"
+#include "plannedconversions.h"
 #include "service/ffmpegerror.h"
 #include "support/patience.h"
 #include "support/queue.h"
-#include "support/scarcity.h"
-#include "support/slowdisk.h"
 
 #include <QAbstractItemModelTester>
 #include <QDeadlineTimer>
-#include <QFile>
 #include <QSignalSpy>
 #include <QThread>
 
 #include <algorithm>
-#include <csignal>
-#include <optional>
-#include <random>
 
 namespace quorvale::test {
 
 using namespace Qt::StringLiterals;
 using enum JobState::Case;
-
-using Random = std::mt19937;
-
-inline int oneOf(Random &random, int count)
-{
-    return std::uniform_int_distribution<int>(0, count - 1)(random);
-}
 
 // Whether it became true in time, with events processed meanwhile.
 template <typename Condition>
@@ -57,15 +44,12 @@ public:
     enum class Work { none, batches, searches, batchesAndSearches, allWithFaults };
 
     QueuePair(Random &random, SlowDisk &disk, Work work)
-        : m_random(random), m_disk(disk), m_work(work)
+        : m_random(random), m_disk(disk), m_work(work),
+          m_conversions(random, m_queue.tools(), disk, work == Work::allWithFaults)
     {
-        constexpr int mostConversions = 400; // more than any sequence comes to
-        for (int i = 0; i < mostConversions; ++i)
-            m_reference.plans << randomPlan();
-        // Described by ffmpeg as by ffprobe.
-        m_queue.tools().setDescription(Script().err("Duration: 00:00:10.00\n").exit(1));
+        m_reference.plans = m_conversions.plans();
         if (work == Work::allWithFaults)
-            m_queue.choose(QUrl::fromLocalFile(m_disk.path(outputs)));
+            m_queue.choose(QUrl::fromLocalFile(m_conversions.outputFolder()));
         QObject::connect(m_queue.model().jobModel(), &JobListModel::changed, &m_context,
                          [this] { followBatch(); });
     }
@@ -175,45 +159,8 @@ private:
             m_queue.model().searches()->stop();
             m_reference.stopSearches();
             m_folders.clear();
-            hangDisk();
+            m_conversions.silence(m_folders);
         }
-    }
-
-    ConversionPlan randomPlan()
-    {
-        ConversionPlan plan;
-        plan.progress = oneOf(m_random, 12) / 10.0; // more than the whole is the whole
-        plan.atInterrupt = ConversionPlan::AtInterrupt{oneOf(m_random, 4)};
-        const int end = oneOf(m_random, 8);
-        plan.atEnd = end == 0  ? ConversionPlan::AtEnd::crashes
-                     : end < 3 ? ConversionPlan::AtEnd::fails
-                               : ConversionPlan::AtEnd::succeeds;
-        if (m_work == Work::allWithFaults)
-            plan.fault = randomFault();
-        m_microseconds << QByteArray::number(qRound64(plan.progress * 10'000'000));
-        plan.progress = std::min(m_microseconds.last().toDouble() / 1'000'000.0 / 10.0, 1.0);
-        return plan;
-    }
-
-    QString mark(const QString &name, qsizetype conversion)
-    {
-        return m_queue.tools().path(u"%1.%2"_s.arg(name).arg(conversion));
-    }
-
-    ConversionPlan::Fault randomFault()
-    {
-        using enum ConversionPlan::Fault;
-        // The first two take long when they are cancelled.
-        const int kind = oneOf(m_random, 400);
-        return kind < 1     ? hungProbe
-               : kind < 25  ? hungDisk
-               : kind < 50  ? slowProbe
-               : kind < 75  ? noDescription
-               : kind < 100 ? noTool
-               : kind < 125 ? brokenDisk
-               : kind < 170 ? fewThreads
-               : kind < 240 ? fewDescriptors
-                            : none;
     }
 
     // Prepares each conversion that is about to begin.
@@ -225,83 +172,8 @@ private:
         const QUuid id = job == jobs.end() ? QUuid() : job->id();
         if (std::exchange(m_convertingId, id) == id || id.isNull())
             return;
-        liftFaults();
-        const ConversionPlan &plan = m_reference.plans[m_begun++];
-        m_queue.setConversions(conversion(plan));
-        setFault(plan.fault);
-    }
-
-    Script conversion(const ConversionPlan &plan)
-    {
-        Script script;
-        if (plan.atInterrupt == ConversionPlan::AtInterrupt::ignoresIt)
-            script.ignoreInterrupt();
-        else if (plan.atInterrupt == ConversionPlan::AtInterrupt::fails)
-            script.catchInterrupt(255);
-        else if (plan.atInterrupt == ConversionPlan::AtInterrupt::succeeds)
-            script.catchInterrupt(0);
-        script.out("out_time_ms=" + m_microseconds[m_begun - 1] + '\n');
-        script.touch(mark(u"running"_s, m_begun)).await(mark(u"released"_s, m_begun));
-        if (plan.atEnd == ConversionPlan::AtEnd::fails)
-            script.err("no\n").exit(1);
-        else if (plan.atEnd == ConversionPlan::AtEnd::crashes)
-            script.die(SIGKILL);
-        return script;
-    }
-
-    // Of the conversion that is about to begin.
-    void setFault(ConversionPlan::Fault fault)
-    {
-        Script description;
-        // What a search would lack as well is left to the conversions.
-        const bool isSearched =
-            !m_reference.searches.isEmpty() || m_queue.model().searches()->hasThreads();
-        switch (fault) {
-        case ConversionPlan::Fault::none:
-            break;
-        case ConversionPlan::Fault::slowProbe:
-            description.wait(20);
-            break;
-        case ConversionPlan::Fault::noDescription:
-            description.exit(1);
-            break;
-        case ConversionPlan::Fault::hungProbe:
-            description.await(mark(u"described"_s, m_begun));
-            break;
-        case ConversionPlan::Fault::hungDisk:
-            m_isDiskIll = true;
-            m_isDiskHung = true;
-            hangDisk();
-            break;
-        case ConversionPlan::Fault::noTool:
-            m_queue.tools().removeTool(u"ffmpeg"_s);
-            break;
-        case ConversionPlan::Fault::brokenDisk:
-            if (!isSearched) {
-                m_isDiskIll = true;
-                m_disk.fail(EIO, m_begun % 2 == 0 ? "stat" : "mkdir", {outputs});
-            }
-            break;
-        case ConversionPlan::Fault::fewThreads:
-            m_threads.emplace(static_cast<int>(m_begun % 2));
-            break;
-        case ConversionPlan::Fault::fewDescriptors:
-            break;
-        }
-        m_queue.tools().setScript(u"ffprobe"_s, StandInTools::describing(description));
-        if (fault == ConversionPlan::Fault::fewDescriptors && !isSearched)
-            m_descriptors.emplace(static_cast<int>(m_begun % 24));
-    }
-
-    void liftFaults()
-    {
-        m_threads.reset();
-        m_descriptors.reset();
-        m_isDiskHung = false;
-        if (std::exchange(m_isDiskIll, false))
-            hangDisk();
-        if (!QFile::exists(m_queue.tools().path(u"ffmpeg"_s)))
-            m_queue.tools().restoreTool(u"ffmpeg"_s);
+        m_conversions.prepareNext(!m_reference.searches.isEmpty()
+                                  || m_queue.model().searches()->hasThreads());
     }
 
     // Conversions that could not begin, on the other side as well.
@@ -310,7 +182,7 @@ private:
         const auto couldNotBegin = [this] {
             const qsizetype number = m_reference.conversions;
             return m_reference.isConverting && m_reference.plans[number - 1].mayNotBegin()
-                   && (m_begun > number || !m_queue.model().isConverting());
+                   && (m_conversions.prepared() > number || !m_queue.model().isConverting());
         };
         while (couldNotBegin()) {
             const ReferenceQueue::Job *expected = m_reference.convertingJob();
@@ -331,11 +203,13 @@ private:
     {
         if (!m_reference.isConverting)
             return;
-        const bool isStalled = m_reference.isStalled();
-        m_log << (isStalled ? u"begin"_s : u"end"_s);
-        if (isStalled)
-            liftFaults();
-        write(mark(isStalled ? u"described"_s : u"released"_s, m_reference.conversions), {});
+        if (m_reference.isStalled()) {
+            m_log << u"begin"_s;
+            m_conversions.begin();
+        } else {
+            m_log << u"end"_s;
+            m_conversions.end();
+        }
         m_reference.endConversion();
     }
 
@@ -373,7 +247,7 @@ private:
     {
         const QString folder = QString::number(++m_searches);
         m_folders << folder;
-        hangDisk();
+        m_conversions.silence(m_folders);
         // From there to the folders of the other additions, although no such way leads there.
         const QString path = m_disk.path(folder);
         const QString toTheRoot = path + u"/.."_s.repeated(path.count(u'/'));
@@ -402,14 +276,8 @@ private:
         const QString folder =
             m_folders.takeAt(oneOf(m_random, static_cast<int>(m_folders.size())));
         m_log << u"end of search "_s + folder;
-        hangDisk();
+        m_conversions.silence(m_folders);
         m_reference.endSearch(folder);
-    }
-
-    // Where all searches are to go on, and a conversion is to stand still.
-    void hangDisk()
-    {
-        m_disk.hang(m_folders + (m_isDiskHung ? QStringList{outputs} : QStringList()));
     }
 
     // The jobs that have been added have the numbers that the queue has given them.
@@ -451,12 +319,12 @@ private:
             if (!m_reference.isConverting)
                 return !m_queue.model().isConverting();
             const ReferenceQueue::Job *job = m_reference.convertingJob();
-            const bool isRunning = QFile::exists(mark(u"running"_s, m_reference.conversions));
-            return m_begun == m_reference.conversions && isRunning != m_reference.isStalled()
-                   && (!job || isAsFarAs(*job));
+            const bool isRunning = m_conversions.isRunning(m_reference.conversions);
+            return m_conversions.prepared() == m_reference.conversions
+                   && isRunning != m_reference.isStalled() && (!job || isAsFarAs(*job));
         });
         if (!m_reference.isStalled())
-            liftFaults();
+            m_conversions.liftFaults();
         QCoreApplication::sendPostedEvents(m_queue.model().searches()); // of an end
         takeIds();
         if (m_found.size() != m_reference.additionsFound)
@@ -473,10 +341,10 @@ private:
         return u"the batch is %1 instead of %2 at conversion %3, whose tool %4, planned as %5 with fault %6, of %7 begun,"_s
             .arg(running(m_queue.model().isConverting()), running(m_reference.isConverting))
             .arg(number)
-            .arg(QFile::exists(mark(u"running"_s, number)) ? u"has begun"_s : u"has not begun"_s)
+            .arg(m_conversions.isRunning(number) ? u"has begun"_s : u"has not begun"_s)
             .arg(number > 0 ? static_cast<int>(m_reference.plans[number - 1].atInterrupt) : -1)
             .arg(number > 0 ? static_cast<int>(m_reference.plans[number - 1].fault) : -1)
-            .arg(m_begun);
+            .arg(m_conversions.prepared());
     }
 
     bool isAsFarAs(const ReferenceQueue::Job &expected)
@@ -511,24 +379,17 @@ private:
         return {};
     }
 
-    static inline const auto outputs = u"outputs"_s; // on the disk
-
     Random &m_random;
     SlowDisk &m_disk;
     const Work m_work;
     Queue m_queue;
+    PlannedConversions m_conversions;
     // Ends the program when what views are told does not fit the list.
     QAbstractItemModelTester m_tester{m_queue.model().jobModel(),
                                       QAbstractItemModelTester::FailureReportingMode::Fatal};
     const QSignalSpy m_found{m_queue.model().searches(), &SearchQueue::found};
     ReferenceQueue m_reference;
-    QByteArrayList m_microseconds; // that each conversion reports
-    qsizetype m_begun = 0;         // so many conversions are
     QUuid m_convertingId;
-    bool m_isDiskIll = false; // for a conversion, and so that it stands still:
-    bool m_isDiskHung = false;
-    std::optional<FewThreads> m_threads;
-    std::optional<FewDescriptors> m_descriptors;
     qsizetype m_failedBeginnings = 0;
     QStringList m_unexpected; // reasons of theirs
     qsizetype m_searches = 0; // so many there were
