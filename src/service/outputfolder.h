@@ -13,8 +13,7 @@ namespace quorvale {
 /// exists is no error. Any thread.
 ///
 /// Throws SystemError when a folder cannot be created, or when its file system cannot hold a name
-/// as long as the file's. Asks the disk nothing further once `givenUp` is
-/// requested.
+/// as long as the file's. Asks the disk nothing further once `givenUp` is requested.
 void createFolderFor(const QUrl &output, const std::stop_token &givenUp = {});
 
 } // namespace quorvale

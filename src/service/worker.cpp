@@ -28,7 +28,8 @@ void Worker::post(std::function<void()> task)
     if (!m_thread.joinable()) {
         // Without one for its loop to be woken by, GLib would end the program; and others may take
         // some before the loop is made.
-        demandDescriptors(16);
+        constexpr int someMore = 16;
+        demandDescriptors(someMore);
         m_thread = std::thread([this] { work(); });
     }
     m_tasks.push_back(std::move(task));

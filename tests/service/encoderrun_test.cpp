@@ -89,6 +89,7 @@ private Q_SLOTS:
         script(Script()
                    .err("Stream mapping:\n/in/clip.mkv: Input/output error\n[mp4 @ 0x55] Starting "
                         "second pass: moving the moov atom to the beginning of the file\n")
+                   .errRepeatedly(10, "[libx264 @ 0x55] kb/s:123\n")
                    .out("out_time_ms=2500000\nprogress=end\n")
                    .exit(0));
         const ConversionEnd end = convert();

@@ -129,18 +129,6 @@ private Q_SLOTS:
             QCOMPARE(tail.mayMeanReadError(), isMovie);
         }
     }
-
-    void noticesReadAndWriteErrorsFarAboveTheLastLines()
-    {
-        ErrorTail tail(u"libx264"_s, "/in/a.mkv", "/out/a.mp4");
-        tail.read("/in/a.mkv: Input/output error\n"
-                  "Error writing trailer of /out/a.mp4: No space left on device\n"
-                  + QByteArray("x\n").repeated(20));
-        tail.finish();
-        QCOMPARE(tail.writeErrors().text(),
-                 u"Error writing trailer of /out/a.mp4: No space left on device"_s);
-        QCOMPARE(tail.readErrors().text(), u"/in/a.mkv: Input/output error"_s);
-    }
 };
 
 QUORVALE_TEST(ErrorTailTest)

@@ -83,7 +83,7 @@ private Q_SLOTS:
         m_tools.reset();
         const Leftovers leftovers;
         init();
-        for (int i = 0; i < 8; ++i) {
+        for (int i = 0; i < 50; ++i) { // two cancels each
             m_tools->setScript(u"ffprobe"_s, m_tools->untilReleased());
             const auto probing = convert();
             QVERIFY(m_tools->awaitWaiting());
