@@ -18,120 +18,23 @@
 //   PROCESS main FUNCTION PATH       a call for what is on the disk on the main thread, before it
 //                                    waits
 //   PROCESS other FUNCTION PATH      on another thread
-//   PROCESS turn MILLISECONDS        what the main thread waited for, other than processor time,
-//                                    between two turns of its event loop, when that is long
-//
-// What a thread waits for a processor or for a real disk, and what it works, does not count in the
-// last, so that it says the same on a busy machine. A turn lasts from one poll() to the next.
-// Waiting for the X server's answer is a poll(), too; waiting for a lock, a thread, a process or a
-// disk is none.
 
 #undef _FORTIFY_SOURCE // which would define some of the functions already
 
-#include <algorithm>
-#include <array>
+#include "diskrule.h"
+
 #include <cerrno>
-#include <cstdarg>
-#include <cstdint>
-#include <cstdio>
-#include <cstdlib>
-#include <cstring>
-#include <ctime>
 #include <string_view>
 #include <type_traits>
 
 #include <dirent.h>
-#include <dlfcn.h>
-#include <fcntl.h>
-#include <poll.h>
 #include <sys/inotify.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
-#include <sys/syscall.h>
-#include <unistd.h>
+
+using namespace slowdisk;
 
 namespace {
-
-// Nothing here may allocate: some of the callers are children between fork and exec. Nor may it
-// call what is defined below.
-using Path = std::array<char, 4096>;
-
-constexpr std::int64_t million = 1'000'000;
-constexpr std::int64_t longTurn = 20 * million; // nanoseconds
-
-std::int64_t now(clockid_t clock)
-{
-    timespec time{};
-    ::clock_gettime(clock, &time);
-    return time.tv_sec * 1000 * million + time.tv_nsec;
-}
-
-bool isMainThread()
-{
-    return ::syscall(SYS_gettid) == ::getpid();
-}
-
-// The path of a file of the folder that steers; empty when none does.
-Path steering(const char *file)
-{
-    Path path{};
-    if (const char *folder = std::getenv("SLOWDISK"))
-        std::snprintf(path.data(), path.size(), "%s/%s", folder, file);
-    return path;
-}
-
-struct Rule
-{
-    std::array<char, 8> word{};
-    long long number = 0; // of milliseconds, or of the error
-    std::array<char, 24> function{};
-    Path disk{};
-    std::array<char, 16 * 1024> ailing{}; // a path to a line
-
-    bool is(const char *name) const { return std::strcmp(word.data(), name) == 0; }
-    bool isOf(const char *name) const { return std::strcmp(function.data(), name) == 0; }
-};
-
-// False when there is none.
-bool readRule(Rule &rule)
-{
-    const Path file = steering("rule");
-    if (file[0] == '\0')
-        return false;
-    // A time of access that the real disk has to note can take its time.
-    const long descriptor =
-        ::syscall(SYS_openat, AT_FDCWD, file.data(), O_RDONLY | O_CLOEXEC | O_NOATIME, 0);
-    if (descriptor < 0)
-        return false;
-    rule.ailing.fill('\0');
-    ::syscall(SYS_read, descriptor, rule.ailing.data(), rule.ailing.size() - 1);
-    ::syscall(SYS_close, descriptor);
-    int length = 0;
-    if (std::sscanf(rule.ailing.data(), "%7s %lld %23s%*c%4095[^\n]%*c%n", rule.word.data(),
-                    &rule.number, rule.function.data(), rule.disk.data(), &length)
-        != 4) {
-        std::fputs("slowdisk: there is no sense in the rule\n", stderr);
-        std::abort();
-    }
-    std::memmove(rule.ailing.data(), rule.ailing.data() + length,
-                 rule.ailing.size() - static_cast<std::size_t>(length));
-    return true;
-}
-
-void note(const char *format, ...)
-{
-    Path line{};
-    va_list values;
-    va_start(values, format);
-    const int written = std::vsnprintf(line.data(), line.size(), format, values);
-    va_end(values);
-    const long descriptor = ::syscall(SYS_openat, AT_FDCWD, steering("log").data(),
-                                      O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
-    const auto length = std::min(static_cast<std::size_t>(written), line.size() - 1);
-    ::syscall(SYS_write, descriptor, line.data(), length); // at once, so that lines stay whole
-    ::syscall(SYS_close, descriptor);
-}
 
 Path pathOf(int descriptor)
 {
@@ -252,85 +155,6 @@ Result failure(int error)
         return nullptr;
     else
         return -1;
-}
-
-template <typename Function>
-Function *next(const char *name)
-{
-    void *function = ::dlsym(RTLD_NEXT, name);
-    if (!function) {
-        std::fprintf(stderr, "slowdisk: there is no %s\n", name);
-        std::abort();
-    }
-    return reinterpret_cast<Function *>(function);
-}
-
-// One turn of the main thread's event loop.
-struct Turn
-{
-    std::int64_t begin = 0; // each in nanoseconds
-    std::int64_t work = 0;
-    std::int64_t waitForProcessor = 0;
-    long waits = 0;     // how often it waited, other than for a processor
-    long realReads = 0; // what it had to wait for the real disk for
-
-    // With no beginning, when there is no descriptor to find it out with.
-    static Turn atThisPoint()
-    {
-        Path text{};
-        const long descriptor =
-            ::syscall(SYS_openat, AT_FDCWD, "/proc/thread-self/schedstat", O_RDONLY | O_CLOEXEC, 0);
-        if (descriptor < 0 && errno == EMFILE)
-            return {};
-        ::syscall(SYS_read, descriptor, text.data(), text.size() - 1);
-        ::syscall(SYS_close, descriptor);
-        long long work = 0;
-        long long wait = 0;
-        if (std::sscanf(text.data(), "%lld %lld", &work, &wait) != 2) {
-            std::fputs("slowdisk: the system does not say what threads wait for\n", stderr);
-            std::abort();
-        }
-        rusage usage{};
-        ::getrusage(RUSAGE_THREAD, &usage);
-        return {now(CLOCK_MONOTONIC), now(CLOCK_THREAD_CPUTIME_ID), wait, usage.ru_nvcsw,
-                usage.ru_majflt + usage.ru_inblock};
-    }
-};
-
-Turn turn; // the one that runs, of the main thread only
-
-bool isWatched()
-{
-    Rule rule;
-    return isMainThread() && readRule(rule);
-}
-
-void endTurn()
-{
-    if (turn.begin == 0)
-        return;
-    const Turn end = Turn::atThisPoint();
-    // A thread that has not waited may still have stood still, when the machine is a virtual one.
-    const bool isOfTheTest = end.waits != turn.waits && end.realReads == turn.realReads;
-    const std::int64_t waited = (end.begin - turn.begin) - (end.work - turn.work)
-                                - (end.waitForProcessor - turn.waitForProcessor);
-    turn = {};
-    if (waited >= longTurn && isOfTheTest)
-        note("%d turn %lld\n", ::getpid(), static_cast<long long>(waited / million));
-}
-
-template <typename Poll>
-int turnAround(const Poll &poll)
-{
-    const bool isMain = isMainThread();
-    if (isMain)
-        endTurn();
-    const int count = poll();
-    const int error = errno;
-    if (isMain && isWatched())
-        turn = Turn::atThisPoint();
-    errno = error;
-    return count;
 }
 
 mode_t modeOf(int flags, va_list more)
@@ -459,29 +283,5 @@ SLOW(int, truncate, (const char *path, off_t length), (path, length), askFor("tr
 SLOW(int, truncate64, (const char *path, off64_t length), (path, length), askFor("truncate", path))
 SLOW(int, inotify_add_watch, (int descriptor, const char *path, uint32_t mask),
      (descriptor, path, mask), askFor("inotify_add_watch", path))
-
-int poll(pollfd *descriptors, nfds_t count, int timeout)
-{
-    static auto *const real = next<int(pollfd *, nfds_t, int)>("poll");
-    return turnAround([=] { return real(descriptors, count, timeout); });
-}
-
-int ppoll(pollfd *descriptors, nfds_t count, const timespec *timeout, const sigset_t *signals)
-{
-    static auto *const real =
-        next<int(pollfd *, nfds_t, const timespec *, const sigset_t *)>("ppoll");
-    return turnAround([=] { return real(descriptors, count, timeout, signals); });
-}
-
-int __poll_chk(pollfd *descriptors, nfds_t count, int timeout, size_t)
-{
-    return poll(descriptors, count, timeout);
-}
-
-int __ppoll_chk(pollfd *descriptors, nfds_t count, const timespec *timeout, const sigset_t *signals,
-                size_t)
-{
-    return ppoll(descriptors, count, timeout, signals);
-}
 
 } // extern "C"
