@@ -27,6 +27,9 @@ constexpr auto colorSchemeKey = "color-scheme"_L1;
 constexpr auto gnomeInterface = "org.gnome.desktop.interface"_L1;
 constexpr auto fontKey = "font-name"_L1;
 constexpr auto textScaleKey = "text-scaling-factor"_L1;
+constexpr auto animationsKey = "enable-animations"_L1;
+constexpr auto kdeGlobals = "org.kde.kdeglobals.KDE"_L1;
+constexpr auto durationKey = "AnimationDurationFactor"_L1;
 
 // By the setting's values of which it is known what they mean.
 std::optional<bool> preference(uint colorScheme)
@@ -38,6 +41,21 @@ std::optional<bool> preference(uint colorScheme)
     if (colorScheme == prefersLight)
         return false;
     return std::nullopt;
+}
+
+// By GNOME's setting, nothing where that is of another type.
+std::optional<bool> gnomeAnimates(const QVariant &isEnabled)
+{
+    const bool isBoolean = isEnabled.metaType() == QMetaType::fromType<bool>();
+    return isBoolean ? std::optional(isEnabled.toBool()) : std::nullopt;
+}
+
+// By how long all that moves is to take on KDE, as the file of its settings has it.
+std::optional<bool> kdeAnimates(const QVariant &factor)
+{
+    bool isNumber = false;
+    const double value = factor.toString().toDouble(&isNumber);
+    return isNumber ? std::optional(value > 0) : std::nullopt;
 }
 
 } // namespace
@@ -52,6 +70,9 @@ AppearancePortal::AppearancePortal(QObject *parent) : QObject(parent)
     if (!bus.connect(portal, portalPath, settingsInterface, u"SettingChanged"_s, this,
                      SLOT(readSetting(QString, QString, QDBusVariant))))
         qWarning("A change of the desktop's look will not be followed.");
+    // Plasma's portal reads the file again on this, but says nothing of what has changed in it.
+    bus.connect({}, u"/KGlobalSettings"_s, u"org.kde.KGlobalSettings"_s, u"notifyChange"_s, this,
+                SLOT(ask()));
     // What a portal says that comes later or again may be something else.
     auto *watcher =
         new QDBusServiceWatcher(portal, bus, QDBusServiceWatcher::WatchForRegistration, this);
@@ -64,7 +85,7 @@ void AppearancePortal::ask()
 {
     QDBusMessage question =
         QDBusMessage::createMethodCall(portal, portalPath, settingsInterface, u"ReadAll"_s);
-    question << QStringList{appearance, gnomeInterface};
+    question << QStringList{appearance, gnomeInterface, kdeGlobals};
     auto *answer =
         new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(question), this);
     connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
@@ -72,7 +93,8 @@ void AppearancePortal::ask()
         const auto groups = qdbus_cast<QMap<QString, QVariantMap>>(content);
         for (const auto &[group, key] :
              {std::pair(appearance, colorSchemeKey), std::pair(gnomeInterface, fontKey),
-              std::pair(gnomeInterface, textScaleKey)})
+              std::pair(gnomeInterface, textScaleKey), std::pair(gnomeInterface, animationsKey),
+              std::pair(kdeGlobals, durationKey)})
             readSetting(group, key, QDBusVariant(groups.value(group).value(key)));
         m_hasAnswered = true;
         Q_EMIT answered();
@@ -97,6 +119,12 @@ void AppearancePortal::readSetting(const QString &group, const QString &key,
     const uint colorScheme = content.toUInt(&isNumber);
     if (isColorScheme && isNumber)
         Q_EMIT prefersDark(preference(colorScheme));
+    // Nothing moves where either says so: KDE sets GNOME's, too.
+    if (group == gnomeInterface && key == animationsKey)
+        m_gnomeAnimates = gnomeAnimates(content).value_or(m_gnomeAnimates);
+    if (group == kdeGlobals && key == durationKey)
+        m_kdeAnimates = kdeAnimates(content).value_or(m_kdeAnimates);
+    Q_EMIT animates(m_gnomeAnimates && m_kdeAnimates);
 }
 
 } // namespace quorvale

@@ -11,10 +11,11 @@
 namespace quorvale {
 
 /// Asks the desktop's settings whether the user wants dark windows, which font in them and how
-/// large its texts, and listens for changes: the "color-scheme" of "org.freedesktop.appearance",
-/// and GNOME's "font-name" and "text-scaling-factor" of "org.gnome.desktop.interface", in the
-/// settings portal of the XDG desktop portals. Where there is no such portal, nothing is said until
-/// there is one. Main thread, which never waits for it.
+/// large its texts, and whether anything is to move, and listens for changes: the "color-scheme" of
+/// "org.freedesktop.appearance", GNOME's "font-name", "text-scaling-factor" and "enable-animations"
+/// of "org.gnome.desktop.interface", and KDE's "AnimationDurationFactor" of
+/// "org.kde.kdeglobals.KDE", in the settings portal of the XDG desktop portals. Where there is no
+/// such portal, nothing is said until there is one. Main thread, which never waits for it.
 class AppearancePortal : public QObject
 {
     Q_OBJECT
@@ -35,15 +36,19 @@ Q_SIGNALS:
     /// How much larger than the font says the user wants texts, from 0.5 to 3.
     void scalesTexts(double factor);
 
+    /// Whether the user wants what changes to move. Said again and again.
+    void animates(bool animates);
+
     void answered();
 
 private Q_SLOTS:
     void readSetting(const QString &group, const QString &key, const QDBusVariant &value);
-
-private:
     void ask();
 
+private:
     bool m_hasAnswered = true;
+    bool m_gnomeAnimates = true;
+    bool m_kdeAnimates = true;
 };
 
 } // namespace quorvale

@@ -57,6 +57,12 @@ SystemLook::SystemLook(QObject *parent) : QObject(parent)
         m_textScale = factor;
         Q_EMIT fontChanged();
     });
+    connect(settings, &AppearancePortal::animates, this, [this](bool animates) {
+        if (m_animates == animates)
+            return;
+        m_animates = animates;
+        Q_EMIT changed();
+    });
     m_isKnown = settings->hasAnswered();
     connect(settings, &AppearancePortal::answered, this, [this] { m_isKnown = true; });
 #endif

@@ -29,6 +29,9 @@ class SystemLook : public QObject
     Q_PROPERTY(QFont font READ interfaceFont NOTIFY fontChanged)
     /// The family of the interface font whose characters are all equally wide.
     Q_PROPERTY(QString fixedFamily READ fixedFamily CONSTANT)
+    /// Whether the user wants what changes to move there instead of jumping; so it is where the
+    /// desktop's settings say nothing.
+    Q_PROPERTY(bool animates READ animates NOTIFY changed)
 
 public:
     /// The one that the program uses, made when it is first asked for; as long as the application
@@ -42,6 +45,7 @@ public:
 
     bool isDark() const { return m_prefersDark.value_or(isWindowDark()); }
     QColor window() const;
+    bool animates() const { return m_animates; }
     QString fixedFamily() const;
 
     /// The application's font; but where Qt knows none of the desktop's, its last resort is taken a
@@ -66,6 +70,7 @@ private:
     bool m_isAdapting = false;
     std::optional<QFont> m_ownFont; // that was set in the place of Qt's last resort
     double m_textScale = 1;
+    bool m_animates = true;
     bool m_isKnown = true;
 };
 

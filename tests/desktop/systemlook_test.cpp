@@ -36,6 +36,9 @@ const QString colorSchemeKey = u"color-scheme"_s;
 const QString gnomeInterface = u"org.gnome.desktop.interface"_s;
 const QString fontKey = u"font-name"_s;
 const QString textScaleKey = u"text-scaling-factor"_s;
+const QString animationsKey = u"enable-animations"_s;
+const QString kdeGlobals = u"org.kde.kdeglobals.KDE"_s;
+const QString durationKey = u"AnimationDurationFactor"_s;
 
 } // namespace
 
@@ -91,9 +94,10 @@ private Q_SLOTS:
         QSignalSpy changed(&look, &SystemLook::changed);
         QVERIFY(!look.isKnown());
         QTRY_VERIFY_WITH_TIMEOUT(look.isKnown(), patience);
-        QTRY_COMPARE_WITH_TIMEOUT(settings.calls(u"ReadAll"_s),
-                                  QList<QVariantList>{{QStringList({appearance, gnomeInterface})}},
-                                  patience); // it is said after the answer
+        QTRY_COMPARE_WITH_TIMEOUT(
+            settings.calls(u"ReadAll"_s),
+            QList<QVariantList>{{QStringList({appearance, gnomeInterface, kdeGlobals})}},
+            patience); // it is said after the answer
         QFETCH(const int, changes);
         QTRY_COMPARE_WITH_TIMEOUT(changed.size(), changes, patience);
         QTest::qWait(50); // for what should not come
@@ -290,6 +294,59 @@ private Q_SLOTS:
         inPixels.setPixelSize(16);
         QApplication::setFont(inPixels);
         QCOMPARE(look.interfaceFont().pixelSize(), 24);
+    }
+
+    void whatMovesIsTheUsersWish_data()
+    {
+        QTest::addColumn<QString>("group");
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QVariant>("value");
+        QTest::addColumn<bool>("animates");
+        const auto row = [](const char *name, const QString &group, const QString &key,
+                            const QVariant &value, bool animates) {
+            QTest::newRow(name) << group << key << value << animates;
+        };
+        row("GNOME, moving", gnomeInterface, animationsKey, true, true);
+        row("GNOME, still", gnomeInterface, animationsKey, false, false);
+        row("GNOME, a number", gnomeInterface, animationsKey, 0U, true);
+        row("GNOME, a text", gnomeInterface, animationsKey, u"false"_s, true);
+        row("KDE, slower", kdeGlobals, durationKey, u"1.5"_s, true);
+        row("KDE, still", kdeGlobals, durationKey, u"0"_s, false);
+        row("KDE, nothing", kdeGlobals, durationKey, u""_s, true);
+        row("KDE, no number", kdeGlobals, durationKey, u"fast"_s, true);
+    }
+    void whatMovesIsTheUsersWish()
+    {
+        QFETCH(const QString, group);
+        QFETCH(const QString, key);
+        QFETCH(const QVariant, value);
+        StandInPortal settings(m_bus, StandInPortal::Settings{{group, {{key, value}}}});
+        const SystemLook look;
+        QVERIFY(look.animates());
+        QTRY_VERIFY_WITH_TIMEOUT(look.isKnown(), patience);
+        QTEST(look.animates(), "animates");
+    }
+
+    void aChangeOfWhatMovesIsFollowed()
+    {
+        StandInPortal settings(m_bus);
+        const SystemLook look;
+        QSignalSpy changes(&look, &SystemLook::changed);
+        QTRY_VERIFY_WITH_TIMEOUT(look.isKnown(), patience);
+        settings.change(gnomeInterface, animationsKey, false);
+        QTRY_VERIFY_WITH_TIMEOUT(!look.animates(), patience);
+        settings.change(kdeGlobals, durationKey, u"0"_s);
+        settings.change(gnomeInterface, animationsKey, true);
+        settings.changeColorScheme(1U); // which comes after them
+        QTRY_VERIFY_WITH_TIMEOUT(look.isDark(), patience);
+        QVERIFY(!look.animates()); // as long as one says so
+        QCOMPARE(changes.size(), 2);
+        // Plasma's says only that something is different.
+        settings.prepare(u"ReadAll"_s,
+                         {StandInPortal::replySettings({{kdeGlobals, {{durationKey, u"1"_s}}}})});
+        settings.perform({StandInPortal::signal(u"/KGlobalSettings"_s, u"org.kde.KGlobalSettings"_s,
+                                                u"notifyChange"_s, {3, 7})});
+        QTRY_VERIFY_WITH_TIMEOUT(look.animates(), patience);
     }
 
     void theFixedFontIsFixed()

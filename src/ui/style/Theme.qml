@@ -17,6 +17,9 @@ TextStyles {
         return Math.round(length * scale);
     }
 
+    /// Whether what changes may move there; it jumps otherwise.
+    readonly property bool animates: SystemLook.animates
+
     readonly property ColorScheme current: SystemLook.isDark ? dark : light
 
     readonly property ColorScheme light: ColorScheme {
