@@ -4,6 +4,7 @@
 #pragma once
 
 #include "batch.h"
+#include "failurenotice.h"
 #include "filemanager.h"
 #include "joblistmodel.h"
 #include "model/conversionsettings.h"
@@ -28,6 +29,7 @@ class ConverterViewModel : public QObject, public std::enable_shared_from_this<C
     Q_OBJECT
     Q_PROPERTY(quorvale::JobListModel *jobs READ jobModel CONSTANT)
     Q_PROPERTY(quorvale::SearchQueue *searches READ searches CONSTANT)
+    Q_PROPERTY(quorvale::FailureNotice *failures READ failures CONSTANT)
     Q_PROPERTY(QString destinationPath READ destinationPath NOTIFY destinationChanged)
     Q_PROPERTY(QString legibleDestinationPath READ legibleDestinationPath NOTIFY destinationChanged)
     Q_PROPERTY(bool hasDestination READ hasDestination NOTIFY destinationChanged)
@@ -76,6 +78,9 @@ public:
 
     /// What is being searched, for views.
     SearchQueue *searches() { return &m_searches; }
+
+    /// What the user is told of the jobs that have failed, for views.
+    FailureNotice *failures() { return &m_failures; }
 
     /// Removes the job, whatever its state; what becomes of a running conversion of it is dropped.
     Q_INVOKABLE void remove(const QUuid &id);
@@ -214,6 +219,7 @@ private:
 
     JobListModel m_jobs;
     SearchQueue m_searches;
+    FailureNotice m_failures{m_jobs};
     std::optional<QUrl> m_destination;
     ConversionSettings m_settings;
     bool m_isConverting = false;

@@ -52,11 +52,24 @@ QList<QUuid> JobListModel::unfinished() const
     return ids;
 }
 
+int JobListModel::failedRow(int row) const
+{
+    if (m_failedCount == 0)
+        return -1;
+    const auto first = m_jobs.cbegin();
+    auto failed = std::find_if(first + std::clamp<qsizetype>(row, 0, m_jobs.size()), m_jobs.cend(),
+                               hasFailed);
+    if (failed == m_jobs.cend())
+        failed = std::ranges::find_if(m_jobs, hasFailed);
+    return static_cast<int>(failed - first);
+}
+
 // Jobs that have come, or are in another state now, ...
 void JobListModel::count(std::span<const ConversionJob> jobs)
 {
     m_queuedFiles.reserve(static_cast<qsizetype>(jobs.size()));
     for (const ConversionJob &job : jobs) {
+        m_failedCount += hasFailed(job) ? 1 : 0;
         if (isCompleted(job))
             ++m_completedCount;
         else
@@ -68,6 +81,7 @@ void JobListModel::count(std::span<const ConversionJob> jobs)
 void JobListModel::discount(std::span<const ConversionJob> jobs)
 {
     for (const ConversionJob &job : jobs) {
+        m_failedCount -= hasFailed(job) ? 1 : 0;
         if (isCompleted(job)) {
             --m_completedCount;
             m_outputs.remove(job.id());

@@ -51,6 +51,13 @@ public:
     /// How many jobs are completed. Costs nothing.
     int completedCount() const { return m_completedCount; }
 
+    /// How many jobs have failed. Costs nothing.
+    int failedCount() const { return m_failedCount; }
+
+    /// The first row at or below `row` whose job has failed or, where there is none, the first of
+    /// all; -1 when no job has failed.
+    Q_INVOKABLE int failedRow(int row) const;
+
     /// The jobs that are not completed, in the list's order.
     QList<QUuid> unfinished() const;
 
@@ -115,6 +122,7 @@ private:
 
     QList<ConversionJob> m_jobs;
     int m_completedCount = 0;
+    int m_failedCount = 0;
     QueuedFiles m_queuedFiles; // of the jobs that are not completed
     QHash<QUuid, Output> m_outputs;
 

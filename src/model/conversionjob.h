@@ -46,4 +46,10 @@ inline bool isCompleted(const ConversionJob &job)
     return job.state.is(JobState::Case::completed);
 }
 
+/// Whether it could not be converted.
+inline bool hasFailed(const ConversionJob &job)
+{
+    return job.state.is(JobState::Case::failed);
+}
+
 } // namespace quorvale

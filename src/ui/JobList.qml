@@ -12,6 +12,11 @@ FocusScope {
 
     required property ConverterViewModel model
 
+    /// Gives the keyboard to the next row whose job has failed.
+    function showNextFailed() {
+        view.showNextFailed();
+    }
+
     FileDropArea {
         anchors.fill: parent
         model: list.model
@@ -50,6 +55,7 @@ FocusScope {
                 view: view
                 onMoved: (from, destination) => list.model.moveJobs([from], destination)
             }
+
         }
     }
 }

@@ -16,6 +16,9 @@ ListView {
     /// Whether the row that has the keyboard shows it: it does not where the pointer has put it.
     property bool showsKeyboard: true
 
+    /// The failed job whose row had the keyboard last.
+    property shownJob seenFailure
+
     // For assistive technology, which reads them as they are stacked.
     function restackRows() {
         Stacking.sortByIndex(contentItem);
@@ -27,6 +30,9 @@ ListView {
         if (index < 0) // it is about to go
             return;
         currentIndex = index;
+        const job = (currentItem as JobRow).job;
+        if (job.hasFailed)
+            seenFailure = job;
         switch (reason) {
         case Qt.MouseFocusReason:
             showsKeyboard = false;
@@ -39,13 +45,37 @@ ListView {
         }
     }
 
+    // Rows are as high as what they say only when that is laid out.
+    function layOutRows() {
+        for (let i = 0; i < contentItem.children.length; ++i)
+            (contentItem.children[i] as JobRow)?.layOut();
+        forceLayout();
+    }
+
     // With the room above the first row and below the last.
-    function showCurrent() {
-        positionViewAtIndex(currentIndex, ListView.Contain);
-        if (currentIndex === 0)
+    function showRow(index: int) {
+        positionViewAtIndex(index, ListView.Contain);
+        layOutRows();
+        positionViewAtIndex(index, ListView.Contain);
+        if (index === 0)
             reorder.scrollTo(-Infinity);
-        else if (currentIndex === count - 1)
+        else if (index === count - 1)
             reorder.scrollTo(Infinity);
+    }
+
+    function showCurrent() {
+        showRow(currentIndex);
+    }
+
+    /// Gives the keyboard to the first row below the current one whose job has failed, at the end
+    /// to the first of all; to the current one where its failure was not yet seen.
+    function showNextFailed() {
+        const isSeen = model.indexOf(seenFailure.id) === currentIndex;
+        const row = model.failedRow(isSeen ? currentIndex + 1 : currentIndex);
+        if (row < 0)
+            return;
+        work(row, Qt.TabFocusReason);
+        currentItem.forceActiveFocus(Qt.TabFocusReason);
     }
 
     function copyMessage(): bool {

@@ -14,6 +14,12 @@ ListRow {
     required property shownJob job
     required property double progress
 
+    /// Has the row be as high as what it shows now.
+    function layOut() {
+        text.ensurePolished();
+        content.ensurePolished();
+    }
+
     readonly property int percentage: Math.trunc(progress * 100)
     Accessible.description: job.folderName + ", " + job.stateWord
                             + (job.isInProgress ? " " + percentage + "%" : "")
@@ -58,6 +64,8 @@ ListRow {
         }
 
         JobText {
+            id: text
+
             Layout.fillWidth: true
             job: row.job
             progress: row.progress

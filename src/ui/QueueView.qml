@@ -25,6 +25,8 @@ FocusScope {
         }
 
         Loader {
+            id: middle
+
             // By name, so that the list is read when there first is one.
             readonly property string part:
                 view.model.jobCount === 0 ? "DropZone.qml" : "JobList.qml"
@@ -52,6 +54,20 @@ FocusScope {
                 if (!visible) {
                     header.takeOver(searchLine.stopButton);
                     header.takeOver(searchLine.dismissButton);
+                }
+            }
+        }
+
+        FailureLine {
+            id: failureLine
+
+            Layout.fillWidth: true
+            failures: view.model.failures
+            onNextAsked: (middle.item as JobList)?.showNextFailed()
+            onVisibleChanged: {
+                if (!visible) {
+                    header.takeOver(failureLine.nextButton);
+                    header.takeOver(failureLine.dismissButton);
                 }
             }
         }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "controller/converterviewmodel.h"
+#include "controller/failurenotice.h"
 #include "controller/joblistmodel.h"
 #include "controller/searchqueue.h"
 #include "controller/shownjob.h"
@@ -35,6 +36,14 @@ struct SearchQueueType
     Q_GADGET
     QML_FOREIGN(quorvale::SearchQueue)
     QML_NAMED_ELEMENT(SearchQueue)
+    QML_UNCREATABLE("It belongs to the controller.")
+};
+
+struct FailureNoticeType
+{
+    Q_GADGET
+    QML_FOREIGN(quorvale::FailureNotice)
+    QML_NAMED_ELEMENT(FailureNotice)
     QML_UNCREATABLE("It belongs to the controller.")
 };
 

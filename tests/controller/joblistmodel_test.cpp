@@ -76,6 +76,16 @@ private Q_SLOTS:
         QCOMPARE(changes[0][2].value<QList<int>>(), QList<int>{JobListModel::JobRole});
     }
 
+    void findsTheNextFailedRowAndGoesRound()
+    {
+        QCOMPARE(m_model->failedRow(0), -1);
+        for (const int row : {1, 4})
+            m_model->setState(m_jobs[row].id(), JobState::failed(u"because"_s));
+        const QList<int> expected{1, 1, 4, 4, 4, 1, 1};
+        for (int row = 0; row <= 6; ++row) // below the last one, too
+            QCOMPARE(m_model->failedRow(row), expected[row]);
+    }
+
     void knowsWhatCompletedJobsHaveBecome()
     {
         for (qsizetype row = 0; row < 4; ++row)
