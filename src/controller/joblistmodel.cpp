@@ -227,6 +227,8 @@ void JobListModel::setState(const QUuid &id, const JobState &state)
     if (const auto row = rowOf(id)) {
         change(*row, state);
         announce(*row, JobRole);
+        if (state.is(JobState::Case::converting))
+            Q_EMIT begun(id);
     }
 }
 

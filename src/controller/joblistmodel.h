@@ -100,6 +100,9 @@ public:
     QHash<int, QByteArray> roleNames() const override;
 
 Q_SIGNALS:
+    /// The job is being converted from now on.
+    void begun(const QUuid &id);
+
     /// After every change of the list or of one of its jobs.
     void changed();
 

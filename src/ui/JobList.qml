@@ -56,6 +56,11 @@ FocusScope {
                 onMoved: (from, destination) => list.model.moveJobs([from], destination)
             }
 
+            RunningRow {
+                anchors.fill: parent
+                converter: list.model
+                view: view
+            }
         }
     }
 }

@@ -19,6 +19,12 @@ ListView {
     /// The failed job whose row had the keyboard last.
     property shownJob seenFailure
 
+    /// Whether the rows must stay where they are.
+    readonly property bool isHeld: menu.visible || reorder.isActive
+
+    /// The user, by whatever means, has looked for a row.
+    signal searched
+
     // For assistive technology, which reads them as they are stacked.
     function restackRows() {
         Stacking.sortByIndex(contentItem);
@@ -45,6 +51,14 @@ ListView {
         }
     }
 
+    /// Whether all of the row is.
+    function isInSight(index: int): bool {
+        const row = itemAtIndex(index) as JobRow;
+        if (!row)
+            return false;
+        return row.y >= contentY && row.y + row.height <= contentY + height;
+    }
+
     // Rows are as high as what they say only when that is laid out.
     function layOutRows() {
         for (let i = 0; i < contentItem.children.length; ++i)
@@ -64,6 +78,7 @@ ListView {
     }
 
     function showCurrent() {
+        searched();
         showRow(currentIndex);
     }
 
@@ -138,6 +153,7 @@ ListView {
             model = converter.jobs;
     }
 
+    onMovementStarted: searched()
     Keys.onPressed: event => {
         forceLayout();
         const page = Math.max(1, Math.floor(height / contentHeight * count));
@@ -212,7 +228,9 @@ ListView {
     }
     // qmllint enable unqualified
 
-    T.ScrollBar.vertical: VerticalScrollBar {}
+    T.ScrollBar.vertical: VerticalScrollBar {
+        onWorked: view.searched()
+    }
 
     // As very many rows go at once, all are shown anew.
     Connections {

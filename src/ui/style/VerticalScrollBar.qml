@@ -9,6 +9,9 @@ import Quorvale.Style
 T.ScrollBar {
     id: bar
 
+    /// The user has moved it, by whatever means.
+    signal worked
+
     Accessible.name: "Scroll bar"
     hoverEnabled: true
     implicitWidth: 12
@@ -16,13 +19,18 @@ T.ScrollBar {
     padding: 3
     policy: T.ScrollBar.AsNeeded
     visible: size < 1
+    onPressedChanged: worked()
     Accessible.onDecreaseAction: {
-        if (Reach.includes(bar))
+        if (Reach.includes(bar)) {
             decrease();
+            worked();
+        }
     }
     Accessible.onIncreaseAction: {
-        if (Reach.includes(bar))
+        if (Reach.includes(bar)) {
             increase();
+            worked();
+        }
     }
 
     contentItem: Rectangle {
