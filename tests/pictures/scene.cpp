@@ -109,7 +109,13 @@ bool Scene::enter(State state)
         return true;
     m_model->chooseCodec(2);
     m_model->cancel();
-    return QTest::qWaitFor([this] { return !m_model->isConverting(); });
+    if (!QTest::qWaitFor([this] { return !m_model->isConverting(); }))
+        return false;
+    if (state == State::failures)
+        return click(u"Show Next"_s) && search();
+    if (state == State::rowMenu)
+        return click(u"Arrival at the station.mkv"_s, Qt::RightButton);
+    return true;
 }
 
 QImage Scene::picture() const
@@ -169,13 +175,13 @@ bool Scene::convert(int untilRow)
     return QTest::qWaitFor([&] { return m_model->jobs().at(untilRow).progress > 0; }, 30'000);
 }
 
-bool Scene::click(const QString &text) const
+bool Scene::click(const QString &text, Qt::MouseButton button) const
 {
     QQuickItem *item = findText(m_window->contentItem(), text);
     if (!item)
         return false;
     const QPointF middle = item->mapToScene(item->boundingRect().center());
-    QTest::mouseClick(m_window, Qt::LeftButton, {}, middle.toPoint());
+    QTest::mouseClick(m_window, button, {}, middle.toPoint());
     return true;
 }
 

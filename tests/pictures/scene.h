@@ -34,6 +34,8 @@ public:
         reordering,
         converting,
         finished,
+        failures,
+        rowMenu,
         alert
     };
     Q_ENUM(State)
@@ -54,7 +56,7 @@ private:
     bool search();
     void chooseDestination();
     bool convert(int untilRow);
-    bool click(const QString &text) const;
+    bool click(const QString &text, Qt::MouseButton button = Qt::LeftButton) const;
     bool lift(int row, int destination) const;
 
     StandInTools m_tools;
