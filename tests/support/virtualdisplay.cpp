@@ -48,8 +48,9 @@ VirtualDisplay::VirtualDisplay()
 {
     // It chooses a free number itself and says it when it is ready.
     m_server.setStandardErrorFile(QProcess::nullDevice());
+    const QString screen = u"%1x%2x24"_s.arg(size.width()).arg(size.height());
     const QByteArray number = m_server.startAndReadLine(
-        u"Xvfb"_s, {u"-displayfd"_s, u"1"_s, u"-screen"_s, u"0"_s, u"1280x800x24"_s, u"-noreset"_s,
+        u"Xvfb"_s, {u"-displayfd"_s, u"1"_s, u"-screen"_s, u"0"_s, screen, u"-noreset"_s,
                     u"-nolisten"_s, u"tcp"_s, u"-fbdir"_s, m_folder.path()});
     m_name = u':' + QString::fromLatin1(number);
 
@@ -64,6 +65,12 @@ VirtualDisplay::VirtualDisplay()
     // It is what knows the number of desktops.
     if (!QTest::qWaitFor([this] { return run({u"get_num_desktops"_s}).has_value(); }, patience))
         qFatal("openbox or xdotool is missing or does not get ready.");
+}
+
+VirtualDisplay::~VirtualDisplay()
+{
+    m_server.terminate();
+    m_server.waitForFinished(patience);
 }
 
 QProcessEnvironment VirtualDisplay::environment() const
@@ -150,7 +157,9 @@ QRect VirtualDisplay::areaOf(const QString &window) const
 
 bool VirtualDisplay::parkMouse() const
 {
-    return xdotool({u"mousemove"_s, u"1279"_s, u"799"_s}).has_value();
+    return xdotool({u"mousemove"_s, QString::number(size.width() - 1),
+                    QString::number(size.height() - 1)})
+        .has_value();
 }
 
 QByteArray VirtualDisplay::picture(const QRect &area) const

@@ -6,6 +6,7 @@
 #include "childofthetest.h"
 
 #include <QRect>
+#include <QSize>
 #include <QStringList>
 #include <QTemporaryDir>
 
@@ -18,8 +19,17 @@ namespace quorvale::test {
 class VirtualDisplay
 {
 public:
+    /// In pixels.
+    static constexpr QSize size{1280, 800};
+
     /// Starts it. Ends the test when that fails, such as for a missing tool.
     VirtualDisplay();
+
+    /// Ends it, so that nothing of it stays in the system's folder of displays.
+    ~VirtualDisplay();
+
+    VirtualDisplay(const VirtualDisplay &) = delete;
+    VirtualDisplay &operator=(const VirtualDisplay &) = delete;
 
     /// The name for the environment variable DISPLAY.
     QString name() const { return m_name; }
