@@ -57,12 +57,9 @@ SystemLook::SystemLook(QObject *parent) : QObject(parent)
         m_textScale = factor;
         Q_EMIT fontChanged();
     });
-    connect(settings, &AppearancePortal::animates, this, [this](bool animates) {
-        if (m_animates == animates)
-            return;
-        m_animates = animates;
-        Q_EMIT changed();
-    });
+    connect(settings, &AppearancePortal::prefersContrast, this, &SystemLook::setContrast);
+    connect(settings, &AppearancePortal::prefersStillness, this,
+            [this](bool isWished) { setAnimates(!isWished); });
     m_isKnown = settings->hasAnswered();
     connect(settings, &AppearancePortal::answered, this, [this] { m_isKnown = true; });
 #endif
@@ -91,6 +88,22 @@ void SystemLook::adaptPalette()
         m_ownPalette = QGuiApplication::palette();
     }
     refreshFrames();
+}
+
+void SystemLook::setAnimates(bool animates)
+{
+    if (animates == m_animates)
+        return;
+    m_animates = animates;
+    Q_EMIT changed();
+}
+
+void SystemLook::setContrast(bool hasContrast)
+{
+    if (hasContrast == m_hasContrast)
+        return;
+    m_hasContrast = hasContrast;
+    Q_EMIT changed();
 }
 
 QFont SystemLook::interfaceFont() const

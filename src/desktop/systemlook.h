@@ -29,9 +29,10 @@ class SystemLook : public QObject
     Q_PROPERTY(QFont font READ interfaceFont NOTIFY fontChanged)
     /// The family of the interface font whose characters are all equally wide.
     Q_PROPERTY(QString fixedFamily READ fixedFamily CONSTANT)
-    /// Whether the user wants what changes to move there instead of jumping; so it is where the
-    /// desktop's settings say nothing.
+    /// Whether what changes may move there, instead of jumping.
     Q_PROPERTY(bool animates READ animates NOTIFY changed)
+    /// Whether the user wants everything to stand out more than usual.
+    Q_PROPERTY(bool hasContrast READ hasContrast NOTIFY changed)
 
 public:
     /// The one that the program uses, made when it is first asked for; as long as the application
@@ -45,7 +46,13 @@ public:
 
     bool isDark() const { return m_prefersDark.value_or(isWindowDark()); }
     QColor window() const;
+
+    /// Until the desktop's settings say something else: true, and false.
     bool animates() const { return m_animates; }
+    void setAnimates(bool animates);
+    bool hasContrast() const { return m_hasContrast; }
+    void setContrast(bool hasContrast);
+
     QString fixedFamily() const;
 
     /// The application's font; but where Qt knows none of the desktop's, its last resort is taken a
@@ -71,6 +78,7 @@ private:
     std::optional<QFont> m_ownFont; // that was set in the place of Qt's last resort
     double m_textScale = 1;
     bool m_animates = true;
+    bool m_hasContrast = false;
     bool m_isKnown = true;
 };
 

@@ -36,6 +36,8 @@ const QString colorSchemeKey = u"color-scheme"_s;
 const QString gnomeInterface = u"org.gnome.desktop.interface"_s;
 const QString fontKey = u"font-name"_s;
 const QString textScaleKey = u"text-scaling-factor"_s;
+const QString gnomeAccess = u"org.gnome.desktop.a11y.interface"_s;
+const QString contrastKey = u"contrast"_s;
 const QString animationsKey = u"enable-animations"_s;
 const QString kdeGlobals = u"org.kde.kdeglobals.KDE"_s;
 const QString durationKey = u"AnimationDurationFactor"_s;
@@ -94,10 +96,10 @@ private Q_SLOTS:
         QSignalSpy changed(&look, &SystemLook::changed);
         QVERIFY(!look.isKnown());
         QTRY_VERIFY_WITH_TIMEOUT(look.isKnown(), patience);
-        QTRY_COMPARE_WITH_TIMEOUT(
-            settings.calls(u"ReadAll"_s),
-            QList<QVariantList>{{QStringList({appearance, gnomeInterface, kdeGlobals})}},
-            patience); // it is said after the answer
+        QTRY_COMPARE_WITH_TIMEOUT(settings.calls(u"ReadAll"_s),
+                                  QList<QVariantList>{{QStringList(
+                                      {appearance, gnomeInterface, gnomeAccess, kdeGlobals})}},
+                                  patience); // it is said after the answer
         QFETCH(const int, changes);
         QTRY_COMPARE_WITH_TIMEOUT(changed.size(), changes, patience);
         QTest::qWait(50); // for what should not come
@@ -139,7 +141,7 @@ private Q_SLOTS:
         SystemLook look;
         QSignalSpy changes(&look, &SystemLook::changed);
         QTRY_COMPARE_WITH_TIMEOUT(changes.size(), 1, patience);
-        settings.change(appearance, u"contrast"_s, 1U);
+        settings.change(appearance, u"accent-color"_s, 1U);
         settings.change(u"org.example"_s, colorSchemeKey, 1U);
         settings.change(appearance, colorSchemeKey, u"dark"_s);
         settings.changeColorScheme(2U);
@@ -296,26 +298,36 @@ private Q_SLOTS:
         QCOMPARE(look.interfaceFont().pixelSize(), 24);
     }
 
-    void whatMovesIsTheUsersWish_data()
+    void theUsersWishesAreHeard_data()
     {
         QTest::addColumn<QString>("group");
         QTest::addColumn<QString>("key");
         QTest::addColumn<QVariant>("value");
         QTest::addColumn<bool>("animates");
-        const auto row = [](const char *name, const QString &group, const QString &key,
-                            const QVariant &value, bool animates) {
-            QTest::newRow(name) << group << key << value << animates;
+        QTest::addColumn<bool>("hasContrast");
+        const auto add = [](const char *name, const QString &group, const QString &key,
+                            const QVariant &value, bool animates = true, bool hasContrast = false) {
+            QTest::newRow(name) << group << key << value << animates << hasContrast;
         };
-        row("GNOME, moving", gnomeInterface, animationsKey, true, true);
-        row("GNOME, still", gnomeInterface, animationsKey, false, false);
-        row("GNOME, a number", gnomeInterface, animationsKey, 0U, true);
-        row("GNOME, a text", gnomeInterface, animationsKey, u"false"_s, true);
-        row("KDE, slower", kdeGlobals, durationKey, u"1.5"_s, true);
-        row("KDE, still", kdeGlobals, durationKey, u"0"_s, false);
-        row("KDE, nothing", kdeGlobals, durationKey, u""_s, true);
-        row("KDE, no number", kdeGlobals, durationKey, u"fast"_s, true);
+        add("contrast", appearance, contrastKey, 1U, true, true);
+        add("usual contrast", appearance, contrastKey, 0U);
+        add("unknown contrast", appearance, contrastKey, 2U);
+        add("contrast as a text", appearance, contrastKey, u"1"_s);
+        add("contrast as a boolean", appearance, contrastKey, true);
+        add("contrast of another group", gnomeInterface, contrastKey, 1U);
+        add("GNOME's contrast", gnomeAccess, u"high-contrast"_s, true, true, true);
+        add("GNOME's usual contrast", gnomeAccess, u"high-contrast"_s, false);
+        add("GNOME's contrast as a number", gnomeAccess, u"high-contrast"_s, 1U);
+        add("stillness", appearance, u"reduced-motion"_s, 1U, false);
+        add("usual motion", appearance, u"reduced-motion"_s, 0U);
+        add("GNOME's stillness", gnomeInterface, animationsKey, false, false);
+        add("GNOME's usual motion", gnomeInterface, animationsKey, true);
+        add("GNOME's stillness as a number", gnomeInterface, animationsKey, 0U);
+        add("KDE's stillness", kdeGlobals, durationKey, u"0"_s, false);
+        add("KDE's slow motion", kdeGlobals, durationKey, u"1.5"_s);
+        add("KDE's motion that is no number", kdeGlobals, durationKey, u""_s);
     }
-    void whatMovesIsTheUsersWish()
+    void theUsersWishesAreHeard()
     {
         QFETCH(const QString, group);
         QFETCH(const QString, key);
@@ -323,27 +335,39 @@ private Q_SLOTS:
         StandInPortal settings(m_bus, StandInPortal::Settings{{group, {{key, value}}}});
         const SystemLook look;
         QVERIFY(look.animates());
+        QVERIFY(!look.hasContrast());
         QTRY_VERIFY_WITH_TIMEOUT(look.isKnown(), patience);
         QTEST(look.animates(), "animates");
+        QTEST(look.hasContrast(), "hasContrast");
     }
 
-    void aChangeOfWhatMovesIsFollowed()
+    void aChangeOfTheUsersWishesIsFollowed()
     {
         StandInPortal settings(m_bus);
         const SystemLook look;
         QSignalSpy changes(&look, &SystemLook::changed);
         QTRY_VERIFY_WITH_TIMEOUT(look.isKnown(), patience);
+        settings.change(appearance, contrastKey, 1U);
+        QTRY_VERIFY_WITH_TIMEOUT(look.hasContrast(), patience);
         settings.change(gnomeInterface, animationsKey, false);
         QTRY_VERIFY_WITH_TIMEOUT(!look.animates(), patience);
         settings.change(kdeGlobals, durationKey, u"0"_s);
         settings.change(gnomeInterface, animationsKey, true);
-        settings.changeColorScheme(1U); // which comes after them
-        QTRY_VERIFY_WITH_TIMEOUT(look.isDark(), patience);
+        settings.change(appearance, contrastKey, u"none"_s);
+        settings.change(appearance, contrastKey, 0U); // which comes after them
+        QTRY_VERIFY_WITH_TIMEOUT(!look.hasContrast(), patience);
         QVERIFY(!look.animates()); // as long as one says so
-        QCOMPARE(changes.size(), 2);
-        // Plasma's says only that something is different.
-        settings.prepare(u"ReadAll"_s,
-                         {StandInPortal::replySettings({{kdeGlobals, {{durationKey, u"1"_s}}}})});
+        QCOMPARE(changes.size(), 3);
+    }
+
+    // It says that something is different, not what, and leaves out what is as usual again.
+    void plasmasPortalIsAskedAgain()
+    {
+        const QVariantMap still{{durationKey, u"0"_s}};
+        StandInPortal settings(m_bus, StandInPortal::Settings{{kdeGlobals, still}});
+        const SystemLook look;
+        QTRY_VERIFY_WITH_TIMEOUT(!look.animates(), patience);
+        settings.prepare(u"ReadAll"_s, {StandInPortal::replySettings({})});
         settings.perform({StandInPortal::signal(u"/KGlobalSettings"_s, u"org.kde.KGlobalSettings"_s,
                                                 u"notifyChange"_s, {3, 7})});
         QTRY_VERIFY_WITH_TIMEOUT(look.animates(), patience);
