@@ -86,10 +86,9 @@ Item {
         }
 
         // Shorter than this it would show nothing, as large texts may leave it.
-        ProgressLine {
+        WaitingLine {
             Accessible.name: "Search for videos"
             Layout.fillWidth: true
-            indeterminate: true
             visible: line.isSearching && progress.room - progress.steadyWidth - row.spacing >= 80
         }
 

@@ -139,6 +139,16 @@ JobListTest {
         compare(names(), [1, 3, 2, 4, 5]);
     }
 
+    function test_theyJumpWhereNothingIsToMove() {
+        Bench.animates = false;
+        showRows(5);
+        const top = shownTop(3);
+        drag(2, 20);
+        mouseMove(view, 216, pointerY + rowHeight, -1, Qt.LeftButton);
+        compare(shownTop(3), top - rowHeight);
+        mouseRelease(view, 216, pointerY + rowHeight);
+    }
+
     // Without a stop on the way, where the rows have said so already.
     function test_reachesTheEndsInOneMovement_data() {
         return [

@@ -106,6 +106,22 @@ ViewTest {
         tryVerify(() => !grabImage(view).equals(before));
     }
 
+    // The count tells that it goes on.
+    function test_theBarStandsStillWhereNothingIsToMove() {
+        Bench.animates = false;
+        begin();
+        view.isSearching = true;
+        view.foundCount = 9;
+        verify(shows(view, "Searching for videos… 9 found"));
+        settle();
+        verify(Pixels.count(one(view, ProgressLine), Theme.current.accent) > 0);
+        const before = grabImage(view);
+        wait(300);
+        verify(grabImage(view).equals(before));
+        Bench.animates = true;
+        tryVerify(() => !grabImage(view).equals(before));
+    }
+
     function leaveOut(path, shownPath) {
         view.notice = "“" + path + "”" + verdict;
         view.legiblePlace = "“" + shownPath + "”";

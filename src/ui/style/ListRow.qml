@@ -33,7 +33,7 @@ FocusItem {
         y: row.shift
 
         Behavior on y {
-            enabled: row.glides
+            enabled: row.glides && Theme.animates
             NumberAnimation {
                 duration: 150
                 easing.type: Easing.OutCubic

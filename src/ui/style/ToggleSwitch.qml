@@ -60,7 +60,7 @@ T.Switch {
             x: 2 + control.visualPosition * (parent.width - width - 4)
 
             Behavior on x {
-                enabled: !control.pressed
+                enabled: Theme.animates && !control.pressed
                 NumberAnimation {
                     duration: 120
                     easing.type: Easing.OutCubic

@@ -2,9 +2,10 @@
 // SPDX-License-Identifier: MIT
 
 #include "bench.h"
-#include "support/patience.h"
 
+#include "desktop/systemlook.h"
 #include "support/filetree.h"
+#include "support/patience.h"
 
 #include <QFile>
 #include <QFontDatabase>
@@ -93,6 +94,26 @@ void Bench::setDark(bool isDark)
     setWindowColor(isDark ? QColor(0x22, 0x22, 0x26) : QColor(0xec, 0xec, 0xee));
 }
 
+bool Bench::hasContrast() const
+{
+    return SystemLook::instance().hasContrast();
+}
+
+void Bench::setContrast(bool hasContrast)
+{
+    SystemLook::instance().setContrast(hasContrast);
+}
+
+bool Bench::animates() const
+{
+    return SystemLook::instance().animates();
+}
+
+void Bench::setAnimates(bool animates)
+{
+    SystemLook::instance().setAnimates(animates);
+}
+
 QColor Bench::windowColor() const
 {
     return QGuiApplication::palette().color(QPalette::Window);
@@ -114,6 +135,8 @@ void Bench::begin()
     m_queue->panel().requests.clear(); // the bench's own choice of an output folder
     chooseDestination({});
     setDark(false);
+    setContrast(false);
+    setAnimates(true);
     QGuiApplication::setFont(m_noFont);
     Q_EMIT begun();
 }

@@ -33,6 +33,9 @@ class Bench : public QObject
     Q_PROPERTY(int windowCount READ windowCount)
     /// The colours of the desktop.
     Q_PROPERTY(bool isDark READ isDark WRITE setDark)
+    /// Whether the user wants more contrast, and things to move.
+    Q_PROPERTY(bool hasContrast READ hasContrast WRITE setContrast)
+    Q_PROPERTY(bool animates READ animates WRITE setAnimates)
     /// The palette's colour of windows, which is one of two unless it is set.
     Q_PROPERTY(QColor windowColor READ windowColor WRITE setWindowColor)
 
@@ -47,11 +50,15 @@ public:
     int windowCount() const;
     bool isDark() const;
     void setDark(bool isDark);
+    bool hasContrast() const;
+    void setContrast(bool hasContrast);
+    bool animates() const;
+    void setAnimates(bool animates);
     QColor windowColor() const;
     void setWindowColor(const QColor &color);
 
-    /// Starts anew: an empty queue, default settings, no output folder, light colours, no font of
-    /// the desktop's. Ends what the last test left behind.
+    /// Starts anew: an empty queue, default settings, no output folder, light colours of the
+    /// usual contrast, motion, no font of the desktop's. Ends what the last test left behind.
     Q_INVOKABLE void begin();
 
     /// The font of the desktop becomes another; ends the test when it is not installed.
