@@ -65,6 +65,8 @@ FocusScope {
         }
 
         background: SmoothRectangle {
+            borderColor: button.Scheme.colors.controlBorder
+            borderWidth: root.selected ? button.Scheme.colors.edge : 0
             color: Qt.alpha(Theme.white, (root.selected ? 0.11 : 0) + (button.down ? 0.11
                                                                     : button.hovered ? 0.06 : 0))
             radius: button.cornerRadius

@@ -39,7 +39,7 @@ Item {
         anchors.left: sidebar.right
         color: Theme.current.separator
         height: parent.height
-        opacity: 0.55
+        opacity: Theme.current.dividerOpacity
         width: 1
     }
 

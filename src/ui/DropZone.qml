@@ -23,8 +23,7 @@ Item {
         anchors.rightMargin: 6 + 20
         anchors.topMargin: 20
         anchors.bottomMargin: 20
-        borderColor: zone.model.isDropTargeted ? Theme.current.accent
-                                               : Qt.alpha(Theme.current.secondary, 0.2)
+        borderColor: zone.model.isDropTargeted ? Theme.current.accent : Theme.current.outline
         borderWidth: zone.model.isDropTargeted ? 2 : 1
         dash: 7
         radius: 18

@@ -3,6 +3,7 @@
 
 #include "scene.h"
 
+#include "desktop/systemlook.h"
 #include "support/filetree.h"
 #include "support/recordedfilemanager.h"
 
@@ -54,6 +55,7 @@ Scene::Scene()
 
 Scene::~Scene()
 {
+    SystemLook::instance().setContrast(false);
     m_model->cancel();
     if (!QTest::qWaitFor([this] { return !m_model->isConverting(); }))
         qWarning("The conversion does not end");
@@ -76,6 +78,7 @@ QString Scene::name(State state)
 
 bool Scene::enter(State state)
 {
+    SystemLook::instance().setContrast(state == State::contrast);
     if (state == State::empty)
         return true;
     if (state == State::drop) {
@@ -105,7 +108,7 @@ bool Scene::enter(State state)
     chooseDestination();
     if (!convert(3))
         return false;
-    if (state == State::converting)
+    if (state == State::converting || state == State::contrast)
         return true;
     m_model->chooseCodec(2);
     m_model->cancel();

@@ -36,6 +36,7 @@ public:
         finished,
         failures,
         rowMenu,
+        contrast,
         alert
     };
     Q_ENUM(State)

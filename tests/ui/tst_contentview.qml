@@ -164,7 +164,12 @@ ViewTest {
         verify(shows(view, "Convert 1 Videos"));
     }
 
-    function test_readableInBothSchemes() {
+    function test_readableInBothSchemes_data() {
+        return [{"tag": "usual contrast", "hasContrast": false}, {"tag": "more contrast", "hasContrast": true}];
+    }
+
+    function test_readableInBothSchemes(data) {
+        Bench.hasContrast = data.hasContrast;
         show(views);
         inBothSchemes(() => verifyContrast(view));
         Bench.queue(["a.mp4", "b.mp4", "c.mp4"]);
@@ -174,5 +179,20 @@ ViewTest {
         Bench.willStayAt([0.5]);
         verify(Bench.convert());
         inBothSchemes(() => verifyContrast(view));
+        verify(Bench.cancel());
+        Bench.model.chooseCodec(OutputCodec.ProRes422);
+        inBothSchemes(() => verifyContrast(view));
+        const isHighlighted = item => item.highlighted;
+        for (const [open, type] of [[() => Assistant.act(all(view, DropDown)[1], "Press"), DropDownEntry],
+                                    [() => keyClick(Qt.Key_F10), DropMenuItem]]) {
+            open();
+            tryVerify(() => all(overlay, type).length > 0);
+            if (all(overlay, type, isHighlighted).length === 0)
+                keyClick(Qt.Key_Down);
+            tryCompare(all(overlay, type, isHighlighted), "length", 1);
+            inBothSchemes(() => verifyContrast(overlay));
+            keyClick(Qt.Key_Escape);
+            tryVerify(() => texts(overlay).length === 0);
+        }
     }
 }

@@ -67,6 +67,22 @@ ViewTest {
         compare(Theme.current, Theme.light);
     }
 
+    function test_followsTheWishForContrast() {
+        inBothSchemes(isDark => {
+            const usual = [Theme.current, Theme.current.window];
+            for (const line of ["separator", "outline", "controlBorder", "popupBorder", "tertiary"])
+                verify(!Qt.colorEqual(Theme.current[line], Theme.current.text), line);
+            compare(Theme.current.edge, 0);
+            Bench.hasContrast = true;
+            compare(Theme.current, isDark ? Theme.dark : Theme.light);
+            for (const line of ["separator", "outline", "controlBorder", "popupBorder", "tertiary"])
+                verify(Qt.colorEqual(Theme.current[line], Theme.current.text), line);
+            verify(Theme.current.edge > 0);
+            Bench.hasContrast = false;
+            compare([Theme.current, Theme.current.window], usual);
+        });
+    }
+
     function test_windowColours_data() {
         return [
             {"tag": "#efefef", "isKept": true},
@@ -81,21 +97,37 @@ ViewTest {
             {"tag": "#353535", "isKept": true},
             {"tag": "#2a2e32", "isKept": true},
             {"tag": "#1f1f23", "isKept": true},
+            {"tag": "#fafafa with contrast", "isKept": true},
+            {"tag": "#d4d0c8 with contrast", "isKept": false},
+            {"tag": "#353535 with contrast", "isKept": false},
+            {"tag": "#242424 with contrast", "isKept": true},
         ];
     }
 
     // The palette's, unless the texts could not be read on it.
     function test_windowColours(data) {
-        Bench.windowColor = data.tag;
+        const color = data.tag.split(" ")[0];
+        Bench.windowColor = color;
+        Bench.hasContrast = data.tag !== color;
         compare(Theme.current, Bench.isDark ? Theme.dark : Theme.light);
-        compare(Qt.colorEqual(Theme.current.window, data.tag), data.isKept, Theme.current.window);
+        compare(Qt.colorEqual(Theme.current.window, color), data.isKept, Theme.current.window);
         for (const ground of [Theme.current.window, Qt.tint(Theme.current.window, Theme.current.rowCurrent)]) {
             show(grounds, {"color": ground});
             for (const text of ["text", "secondary", "accent", "green", "red"]) {
                 const contrast = Pixels.contrast(view.children[0], Theme.current[text]);
-                verify(contrast >= 4.5, text + ": " + contrast);
+                verify(contrast >= readable(), text + ": " + contrast);
             }
         }
+    }
+
+    function readable() {
+        return Bench.hasContrast ? 7 : 4.5;
+    }
+
+    /// With each of the data for both of the desktop's contrasts.
+    function ofBothContrasts(data) {
+        return data.concat(data.map(row => Object.assign({}, row, {"tag": row.tag + ", with contrast",
+                                                                   "hasContrast": true})));
     }
 
     // The other scheme is also usable, because the settings may ask for it.
@@ -108,17 +140,18 @@ ViewTest {
     }
 
     function test_anAnswerToThePointerCanBeSeen_data() {
-        return [
+        return ofBothContrasts([
             {"tag": "bordered", "grounds": ["control", "controlHovered", "controlPressed"]},
             {"tag": "prominent", "grounds": ["accentFill", "accentFillHovered", "accentFillPressed"]},
             {"tag": "track", "grounds": ["track", "trackHovered", "trackPressed"]},
             {"tag": "without a bezel", "grounds": ["window", "rowHovered", "rowPressed"]},
             {"tag": "current row", "grounds": ["window", "rowCurrent"]},
-        ];
+        ]);
     }
 
     // Each of the grounds differs from the others by a tenth at least.
     function test_anAnswerToThePointerCanBeSeen(data) {
+        Bench.hasContrast = data.hasContrast ?? false;
         for (const isDark of [false, true]) {
             Bench.isDark = isDark;
             const colors = data.grounds.map(ground => Theme.current[ground]);
@@ -136,15 +169,16 @@ ViewTest {
                 data.push({"tag": `tertiary on ${scheme} ${ground}`, "text": "tertiary", "scheme": scheme, "ground": ground});
             data.push({"tag": `disabled on ${scheme}`, "text": "secondary", "scheme": scheme, "ground": "track"});
         }
-        return data;
+        return ofBothContrasts(data);
     }
 
     function test_cuesCanBeSeen(data) {
         Bench.isDark = data.scheme === "dark";
+        Bench.hasContrast = data.hasContrast ?? false;
         const scheme = Theme[data.scheme];
         show(grounds, {"color": scheme[data.ground]});
         const contrast = Pixels.contrast(view.children[0], scheme[data.text]);
-        verify(contrast >= 3, contrast);
+        verify(contrast >= (Bench.hasContrast ? 7 : 3), contrast);
     }
 
     function test_coloursCanBeReadOnTheirGround_data() {
@@ -162,16 +196,17 @@ ViewTest {
             add(["text", "red"], ["control", "controlHovered", "controlPressed"]);
             add(["white"], ["accentFill", "accentFillHovered", "accentFillPressed"]);
         }
-        return data;
+        return ofBothContrasts(data);
     }
 
     function test_coloursCanBeReadOnTheirGround(data) {
         Bench.isDark = data.scheme === "dark";
+        Bench.hasContrast = data.hasContrast ?? false;
         const scheme = Theme[data.scheme];
         show(grounds, {"color": scheme[data.ground]});
         const contrast = Pixels.contrast(view.children[0], data.text === "white" ? Theme.white
                                                                                  : scheme[data.text]);
-        verify(contrast >= 4.5, contrast);
+        verify(contrast >= readable(), contrast);
     }
 
     Component {

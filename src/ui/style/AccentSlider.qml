@@ -77,14 +77,18 @@ T.Slider {
     }
 
     background: Rectangle {
+        border.color: slider.Scheme.colors.controlBorder
+        border.width: slider.Scheme.colors.edge
         color: slider.Scheme.colors.track
-        height: 4
-        radius: 2
+        height: 4 + 2 * border.width
+        radius: height / 2
         width: slider.availableWidth
         x: slider.leftPadding
         y: slider.topPadding + (slider.availableHeight - height) / 2
 
         Rectangle {
+            border.color: slider.Scheme.colors.controlBorder
+            border.width: slider.Scheme.colors.edge
             color: slider.Scheme.colors.accentFill
             height: parent.height
             radius: parent.radius

@@ -30,7 +30,7 @@ T.ComboBox {
     implicitHeight: Theme.controlHeight
     implicitWidth: widest + leftPadding + rightPadding
     leftPadding: 10
-    opacity: enabled ? 1 : 0.45
+    opacity: enabled ? 1 : Scheme.colors.faded
     rightPadding: 26
     onEnabledChanged: {
         if (isOpen)

@@ -23,6 +23,8 @@ T.ItemDelegate {
     }
 
     background: Rectangle {
+        border.color: entry.Scheme.colors.controlBorder
+        border.width: entry.highlighted ? entry.Scheme.colors.edge : 0
         color: entry.highlighted ? entry.Scheme.colors.accentFill : "transparent"
         radius: Theme.controlRadius - 2
     }

@@ -22,6 +22,8 @@ T.MenuItem {
     }
 
     background: Rectangle {
+        border.color: item.Scheme.colors.controlBorder
+        border.width: item.highlighted ? item.Scheme.colors.edge : 0
         color: item.highlighted ? item.Scheme.colors.accentFill : "transparent"
         radius: Theme.controlRadius - 2
     }

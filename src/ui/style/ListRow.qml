@@ -51,8 +51,8 @@ FocusItem {
 
     Rectangle {
         anchors.fill: parent
-        border.color: row.Scheme.colors.popupBorder
-        border.width: row.isLifted ? 1 : 0
+        border.color: row.isLifted ? row.Scheme.colors.popupBorder : row.Scheme.colors.controlBorder
+        border.width: row.isLifted ? 1 : row.isCurrent ? row.Scheme.colors.edge : 0
         color: row.isLifted ? row.Scheme.colors.popup
              : row.isCurrent ? row.Scheme.colors.rowCurrent
              : hover.hovered ? row.Scheme.colors.rowHovered : "transparent"

@@ -19,6 +19,8 @@ T.ProgressBar {
     implicitWidth: 120
 
     background: Rectangle {
+        border.color: bar.Scheme.colors.controlBorder
+        border.width: bar.Scheme.colors.edge
         color: bar.Scheme.colors.track
         radius: height / 2
     }

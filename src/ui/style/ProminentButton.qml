@@ -17,6 +17,8 @@ BorderedButton {
     textColor: enabled ? Theme.white : Scheme.colors.secondary
 
     background: Rectangle {
+        border.color: button.Scheme.colors.controlBorder
+        border.width: button.enabled ? button.Scheme.colors.edge : 0
         color: !button.enabled ? button.Scheme.colors.track
              : button.down ? button.Scheme.colors.accentFillPressed
              : button.hovered ? button.Scheme.colors.accentFillHovered

@@ -21,8 +21,10 @@ TextStyles {
     readonly property bool animates: SystemLook.animates
 
     readonly property ColorScheme current: SystemLook.isDark ? dark : light
+    readonly property ColorScheme light: SystemLook.hasContrast ? strongLight : usualLight
+    readonly property ColorScheme dark: SystemLook.hasContrast ? strongDark : usualDark
 
-    readonly property ColorScheme light: ColorScheme {
+    component LightScheme: ColorScheme {
         paletteWindow: SystemLook.window
         ownWindow: "#f0f0f2"
         text: "#1d1d1f"
@@ -30,6 +32,7 @@ TextStyles {
         tertiary: "#6c6c72"
         secondarySymbol: "#2e2e32"
         separator: "#cacace"
+        outline: Qt.alpha("#58585d", 0.2)
         accent: "#8e35c4"
         green: "#146c2e"
         red: "#b91c1c"
@@ -50,7 +53,7 @@ TextStyles {
         rowPressed: "#1a000000"
     }
 
-    readonly property ColorScheme dark: ColorScheme {
+    component DarkScheme: ColorScheme {
         paletteWindow: SystemLook.window
         ownWindow: "#1f1f23"
         text: "#ffffff"
@@ -58,6 +61,7 @@ TextStyles {
         tertiary: "#96969c"
         secondarySymbol: "#d2d2d7"
         separator: "#46464c"
+        outline: Qt.alpha("#aeaeb3", 0.2)
         accent: "#cd8cf7"
         green: "#32d74b"
         red: "#ff918b"
@@ -76,6 +80,68 @@ TextStyles {
         rowHovered: "#10ffffff"
         rowCurrent: "#12cd8cf7"
         rowPressed: "#20ffffff"
+    }
+
+    readonly property ColorScheme usualLight: LightScheme {}
+    readonly property ColorScheme usualDark: DarkScheme {}
+
+    // For who wants more contrast.
+
+    readonly property ColorScheme strongLight: LightScheme {
+        ownWindow: "#ffffff"
+        text: "#000000"
+        secondary: "#333337"
+        tertiary: "#000000"
+        secondarySymbol: "#000000"
+        separator: "#000000"
+        outline: "#000000"
+        accent: "#5f1a8c"
+        green: "#0a4a1d"
+        red: "#860d0d"
+        accentFill: "#7a2aad"
+        accentFillHovered: "#6d219d"
+        accentFillPressed: "#5c1888"
+        controlBorder: "#000000"
+        track: "#e6e6ea"
+        trackHovered: "#d3d3d8"
+        trackPressed: "#c2c2c8"
+        popup: "#ffffff"
+        popupBorder: "#000000"
+        rowCurrent: "#125f1a8c"
+        edge: 1
+        dividerOpacity: 1
+        faded: 0.7
+        readable: 7
+    }
+
+    readonly property ColorScheme strongDark: DarkScheme {
+        ownWindow: "#141417"
+        secondary: "#dedee2"
+        tertiary: "#ffffff"
+        secondarySymbol: "#ffffff"
+        separator: "#ffffff"
+        outline: "#ffffff"
+        accent: "#e6c6ff"
+        green: "#6ff083"
+        red: "#ffc4c0"
+        accentFill: "#7a2aad"
+        accentFillHovered: "#6d219d"
+        accentFillPressed: "#5c1888"
+        control: "#0effffff"
+        controlHovered: "#1cffffff"
+        controlPressed: "#00ffffff"
+        controlBorder: "#ffffff"
+        track: "#18ffffff"
+        trackHovered: "#28ffffff"
+        trackPressed: "#0affffff"
+        popup: "#18181c"
+        popupBorder: "#ffffff"
+        rowCurrent: "#12e6c6ff"
+        rowPressed: "#1cffffff"
+        edge: 1
+        dividerOpacity: 1
+        faded: 0.7
+        readable: 7
     }
 
     readonly property color purple: "#bf5af2"

@@ -38,6 +38,8 @@ T.Switch {
 
     indicator: Rectangle {
         anchors.verticalCenter: parent.verticalCenter
+        border.color: control.Scheme.colors.controlBorder
+        border.width: control.Scheme.colors.edge
         color: {
             const colors = control.Scheme.colors;
             if (control.checked)
@@ -53,6 +55,8 @@ T.Switch {
 
         Rectangle {
             anchors.verticalCenter: parent.verticalCenter
+            border.color: control.Scheme.colors.controlBorder
+            border.width: control.Scheme.colors.edge
             color: control.down ? Theme.knobPressed : Theme.white
             height: width
             radius: height / 2

@@ -44,8 +44,7 @@ QColor over(const QColor &lower, const QColor &upper)
 
 QColor ColorScheme::window() const
 {
-    constexpr float readable = 4.5F;
-    const auto isReadable = [ground = over(paletteWindow, rowCurrent)](const QColor &color) {
+    const auto isReadable = [this, ground = over(paletteWindow, rowCurrent)](const QColor &color) {
         return contrast(color, ground) >= readable;
     };
     return std::ranges::all_of(std::array{text, secondary, accent, green, red}, isReadable)

@@ -28,6 +28,8 @@ class ColorScheme : public QObject
     /// Keeps its contrast at an opacity of 0.7 too.
     Q_PROPERTY(QColor secondarySymbol MEMBER secondarySymbol NOTIFY changed REQUIRED)
     Q_PROPERTY(QColor separator MEMBER separator NOTIFY changed REQUIRED)
+    /// Of what files can be dropped on, while there are none above it.
+    Q_PROPERTY(QColor outline MEMBER outline NOTIFY changed REQUIRED)
     Q_PROPERTY(QColor accent MEMBER accent NOTIFY changed REQUIRED)
     Q_PROPERTY(QColor green MEMBER green NOTIFY changed REQUIRED)
     Q_PROPERTY(QColor red MEMBER red NOTIFY changed REQUIRED)
@@ -49,6 +51,14 @@ class ColorScheme : public QObject
     /// Of the row that the keyboard works on.
     Q_PROPERTY(QColor rowCurrent MEMBER rowCurrent NOTIFY changed REQUIRED)
     Q_PROPERTY(QColor rowPressed MEMBER rowPressed NOTIFY changed REQUIRED)
+    /// How wide the border, in controlBorder, is of what usually stands out without one.
+    Q_PROPERTY(int edge MEMBER edge NOTIFY changed)
+    /// The opacity of the line between the window's halves.
+    Q_PROPERTY(double dividerOpacity MEMBER dividerOpacity NOTIFY changed)
+    /// The opacity of a picker that cannot be used.
+    Q_PROPERTY(double faded MEMBER faded NOTIFY changed)
+    /// The least contrast of texts with the window.
+    Q_PROPERTY(float readable MEMBER readable NOTIFY changed)
 
 public:
     using QObject::QObject;
@@ -58,7 +68,11 @@ public:
     QColor paletteWindow, ownWindow, text, secondary, tertiary, secondarySymbol, separator, accent,
         green, red, accentFill, accentFillHovered, accentFillPressed, control, controlHovered,
         controlPressed, controlBorder, track, trackHovered, trackPressed, popup, popupBorder,
-        rowHovered, rowCurrent, rowPressed;
+        rowHovered, rowCurrent, rowPressed, outline;
+    int edge = 0;
+    double dividerOpacity = 0.55;
+    double faded = 0.45;
+    float readable = 4.5F;
 
 Q_SIGNALS:
     void changed();

@@ -164,16 +164,17 @@ TestCase {
         compare(text.font.weight, weight);
     }
 
-    /// That every text and the symbols that pass the check can be read where they stand.
+    /// That every text and the symbols that pass the check can be read where they stand, also what
+    /// cannot be used where the user wants more contrast.
     function verifyContrast(item, checkSymbol) {
         settle();
         const items = all(item, Text, text => text.text !== "");
         verify(items.length > 0);
         for (const readable of items.concat(checkSymbol ? all(item, Symbol, checkSymbol) : [])) {
-            if (!readable.enabled)
+            if (!readable.enabled && !Bench.hasContrast)
                 continue;
             const contrast = Pixels.contrast(readable, readable.color);
-            verify(contrast >= 4.5, (readable.text ?? "symbol " + readable.name) + ": " + contrast
+            verify(contrast >= (Bench.hasContrast ? 7 : 4.5), (readable.text ?? "symbol " + readable.name) + ": " + contrast
                    + " on " + Pixels.around(readable));
         }
     }
