@@ -50,16 +50,16 @@ ListRow {
         }
 
         SmoothRectangle {
-            Layout.preferredHeight: 42
-            Layout.preferredWidth: 42
+            Layout.preferredHeight: Theme.scaled(42)
+            Layout.preferredWidth: Theme.scaled(42)
             color: Qt.alpha(Theme.current.accent, 0.11)
-            radius: 9
+            radius: Theme.scaled(9)
 
             Symbol {
                 anchors.centerIn: parent
                 color: Theme.current.accent
                 name: Symbol.Film
-                size: 18
+                size: Theme.scaled(18)
             }
         }
 

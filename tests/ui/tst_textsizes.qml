@@ -222,6 +222,35 @@ ViewTest {
         verifyPopup(ProminentButton);
     }
 
+    function test_whatIsBesideTextsGrowsWithThem_data() {
+        return [9, 9.75, 16, 22].map(points => ({"tag": points + " points", "points": points}));
+    }
+
+    function test_whatIsBesideTextsGrowsWithThem(data) {
+        Bench.setFont("DejaVu Sans", data.points);
+        Bench.queue(["a.mp4"]);
+        Bench.chooseRealDestination();
+        Bench.willStayAt([0.5]);
+        show(views);
+        verify(Bench.convert());
+        settle();
+        const compareLength = (length, usual) => fuzzyCompare(length, usual * data.points / 9.75, 0.51);
+        const tile = one(one(view, JobRow), SmoothRectangle);
+        for (const [length, usual] of [[tile.width, 42], [tile.height, 42], [tile.radius, 9],
+                                       [symbolOf(view, Symbol.Film).size, 18],
+                                       [one(one(view, JobText), ProgressLine).height, 6]])
+            compareLength(length, usual);
+        const picker = one(view, DropDown, picker => picker.Accessible.name === "Audio");
+        compareLength(picker.indicator.size, 12);
+        verify(gapBeside(picker.contentItem, picker.indicator) >= 5);
+        Assistant.act(picker, "Press");
+        tryVerify(() => all(overlay, DropDownEntry).length > 0);
+        const chosen = one(overlay, DropDownEntry, entry => entry.isChosen);
+        const mark = one(chosen, Symbol);
+        compareLength(mark.size, 12);
+        verify(area(mark, chosen).x >= 4 && gapBeside(mark, one(chosen, Text)) >= 4);
+    }
+
     function scroll() {
         return one(one(view, SettingsSidebar), Flickable, item => item.contentHeight > 300);
     }

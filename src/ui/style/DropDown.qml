@@ -31,7 +31,7 @@ T.ComboBox {
     implicitWidth: widest + leftPadding + rightPadding
     leftPadding: 10
     opacity: enabled ? 1 : Scheme.colors.faded
-    rightPadding: 26
+    rightPadding: indicator.width + 14
     onEnabledChanged: {
         if (isOpen)
             popup.close();
@@ -110,7 +110,7 @@ T.ComboBox {
         rightPadding: 4
         topPadding: 4
         margins: 4
-        width: Math.max(box.width, box.widest + 2 * 4 + 24 + 8) // as an entry needs
+        width: Math.max(box.width, box.widest + 2 * 4 + Theme.scaled(24) + 8) // as an entry needs
         y: box.height + 4
         onAboutToHide: box.isOpen = false
         onAboutToShow: {

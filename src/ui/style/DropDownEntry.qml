@@ -15,7 +15,7 @@ T.ItemDelegate {
     Accessible.selectable: true
     Accessible.selected: isChosen
     implicitHeight: Theme.controlHeight
-    leftPadding: 24
+    leftPadding: Theme.scaled(24)
     rightPadding: 8
     Accessible.onPressAction: {
         if (Reach.includes(entry))
@@ -42,8 +42,8 @@ T.ItemDelegate {
         anchors.verticalCenter: parent.verticalCenter
         color: entry.highlighted ? Theme.white : entry.Scheme.colors.text
         name: Symbol.Checkmark
-        size: 12
+        size: Theme.scaled(12)
         visible: entry.isChosen
-        x: 7
+        x: Theme.scaled(7)
     }
 }

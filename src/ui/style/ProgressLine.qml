@@ -15,7 +15,7 @@ T.ProgressBar {
 
     // Qt 6.4 does not tell it the value of a progress bar.
     Accessible.description: Math.trunc(value * 100) + "%"
-    implicitHeight: 6
+    implicitHeight: Theme.scaled(6)
     implicitWidth: 120
 
     background: Rectangle {
