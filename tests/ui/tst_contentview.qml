@@ -164,6 +164,27 @@ ViewTest {
         verify(shows(view, "Convert 1 Videos"));
     }
 
+    function test_bordersStandOutWhereContrastIsWanted() {
+        Bench.hasContrast = true;
+        Bench.queue(["a.mp4"]);
+        Bench.model.goalIndex = EncodingGoal.ConstantQuality;
+        Bench.chooseRealDestination();
+        Bench.willStayAt([0.5]);
+        show(views);
+        verify(Bench.convert());
+        const items = () => all(view, BorderedButton).concat(
+            all(view, DropDown), all(view, ProgressLine), one(view, ToggleSwitch).indicator, one(view, AccentSlider).background,
+            one(view, CodecButton, button => button.selected), one(view, JobRow));
+        inBothSchemes(() => {
+            compare(items().length, 11);
+            for (const item of items())
+                compare(Pixels.at(item, item.width - 16, 0), item.Scheme.colors.text, item);
+        });
+        keyClick(Qt.Key_F10);
+        tryVerify(() => all(overlay, PopupGround).length > 0);
+        inBothSchemes(() => compare(Pixels.at(one(overlay, PopupGround), 20, 0), Theme.dark.text));
+    }
+
     function test_readableInBothSchemes_data() {
         return [{"tag": "usual contrast", "hasContrast": false}, {"tag": "more contrast", "hasContrast": true}];
     }
