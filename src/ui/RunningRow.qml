@@ -79,7 +79,7 @@ Item {
     }
 
     Connections {
-        target: running.converter.jobs
+        target: running.view.model
 
         // When the row is as high as it is now.
         function onBegun(id) {
