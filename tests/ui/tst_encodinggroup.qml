@@ -269,6 +269,34 @@ ViewTest {
         verify(picker().activeFocus && picker().visualFocus);
     }
 
+    function test_firstLettersGoToEntries() {
+        show(groups);
+        picker().forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Return);
+        tryVerify(() => picker().popup.opened);
+        for (const key of "match s") { // of which the space bar chooses nothing
+            keyClick(key);
+            compare(picker().highlightedIndex, EncodingGoal.SameSize, key);
+        }
+        keyClick("b"); // nothing begins so
+        compare(picker().highlightedIndex, EncodingGoal.SameSize);
+        verify(picker().popup.opened);
+        keyClick(Qt.Key_Space);
+        tryVerify(() => !picker().popup.visible);
+        compare(Bench.model.goalIndex, EncodingGoal.SameSize);
+        // What was typed is over with that.
+        keyClick(Qt.Key_Return);
+        tryVerify(() => picker().popup.opened);
+        keyClick("c");
+        compare(picker().highlightedIndex, EncodingGoal.ConstantQuality);
+        keyClick("b");
+        compare(picker().highlightedIndex, EncodingGoal.ConstantQuality);
+        keyClick(Qt.Key_Up);
+        keyClick("c");
+        compare(picker().highlightedIndex, EncodingGoal.ConstantQuality);
+        compare(focusItem().text, "Constant quality");
+    }
+
     function test_anOpenListGivesTheKeyboardBack_data() {
         return [
             {"tag": "Escape", "leave": () => keyClick(Qt.Key_Escape), "focused": () => picker()},

@@ -21,6 +21,8 @@ T.ComboBox {
     property bool isOpen: false
     /// Whether the box showed that it had the keyboard when that went to the list.
     property bool hadVisualFocus: false
+    /// Whether the space bar is down as a part of what is typed, and does not choose.
+    property bool isSpaceTyped: false
 
     // Qt 6.4 tells assistive technology neither state.
     Accessible.description: displayText + (isOpen ? ", open" : "") + (enabled ? "" : ", unavailable")
@@ -48,9 +50,27 @@ T.ComboBox {
     // When the key comes up, as with the space bar: the open list takes that for a choice.
     Keys.onReleased: event => {
         const isReturn = event.key === Qt.Key_Return || event.key === Qt.Key_Enter;
-        event.accepted = isReturn && !event.isAutoRepeat && !box.popup.visible;
-        if (event.accepted)
+        const opens = isReturn && !event.isAutoRepeat && !box.popup.visible;
+        event.accepted = opens || (event.key === Qt.Key_Space && box.isSpaceTyped);
+        if (opens)
             box.popup.open();
+    }
+
+    // Of the open list. A closed one goes through its texts by itself.
+    Keys.onPressed: event => {
+        if (!isOpen)
+            return;
+        const found = typeAhead.find(event.text, event.modifiers, highlightedIndex, count, index => textAt(index));
+        event.accepted = found >= 0;
+        isSpaceTyped = event.accepted && event.key === Qt.Key_Space;
+        while (event.accepted && highlightedIndex < found)
+            incrementCurrentIndex();
+        while (event.accepted && highlightedIndex > found)
+            decrementCurrentIndex();
+    }
+
+    TypeAhead {
+        id: typeAhead
     }
 
     FontMetrics {
@@ -115,6 +135,8 @@ T.ComboBox {
         onAboutToHide: box.isOpen = false
         onAboutToShow: {
             box.hadVisualFocus = box.visualFocus;
+            box.isSpaceTyped = false;
+            typeAhead.forget();
             box.isOpen = true;
         }
         onClosed: {

@@ -34,14 +34,16 @@ int TypeAhead::find(const QString &text, int modifiers, int current, int count,
     const bool isText = !text.isEmpty() && (text.front().isPrint() || text.front().isSurrogate());
     if (!isText || (modifiers & commands))
         return -1;
-    if (m_end.hasExpired())
+    if (m_end.hasExpired() || current != m_current)
         forget();
-    if (m_beginning.isEmpty() && text.front().isSpace())
+    m_current = current;
+    const bool isSpace = text.front().isSpace();
+    if (isSpace && m_beginning.isEmpty())
         return -1;
 
     m_beginning += comparable(text);
     m_end.setRemainingTime(m_pause);
-    if (m_beginning.isEmpty() || count <= 0) // an accent by itself, or nothing to find
+    if (m_beginning.isEmpty()) // an accent by itself
         return current;
 
     const bool goesOn = isOneLetter(m_beginning);
@@ -52,9 +54,12 @@ int TypeAhead::find(const QString &text, int modifiers, int current, int count,
     for (int i = 0; i < count; ++i) {
         const int index = (first + i) % count;
         if (comparable(textAt(index).left(length)).startsWith(beginning))
-            return index;
+            return m_current = index;
     }
-    return current;
+    if (!isSpace)
+        return current;
+    forget(); // the space bar is meant as the key that it is elsewhere
+    return -1;
 }
 
 int TypeAhead::find(const QString &text, int modifiers, int current, int count,

@@ -16,12 +16,13 @@ class QAbstractItemModel;
 namespace quorvale {
 
 /// Finds the entry of a list that begins with what is typed. Letters that follow each other quickly
-/// make up one beginning; the same letter again and again goes from one entry to the next. Case and
-/// accents do not count. Main thread.
+/// make up one beginning, unless the current entry is another one meanwhile; the same letter again
+/// and again goes from one entry to the next. Case and accents do not count. Main thread.
 ///
 /// Each search takes the `text` of a key and the Qt.KeyboardModifiers that are held with it. It
-/// gives the index of the entry, `current` where none begins so, and -1 where the key is none of a
-/// text: one with Ctrl, Alt or Meta, without a character, or a space bar that begins nothing.
+/// gives the index of the entry that becomes the current one, `current` where none begins so, and
+/// -1 where the key is none of a text: one with Ctrl, Alt or Meta, without a character, or a space
+/// bar that goes on with nothing.
 class TypeAhead : public QObject
 {
     Q_OBJECT
@@ -52,6 +53,7 @@ private:
     int m_pause = 1000;
     QString m_beginning;  // as it is compared
     QDeadlineTimer m_end; // of the time in which it goes on
+    int m_current = -1;   // when it was searched for last
 };
 
 } // namespace quorvale

@@ -101,6 +101,21 @@ private Q_SLOTS:
                  0);
     }
 
+    void leavesASpaceAloneThatFindsNothing()
+    {
+        TypeAhead typeAhead;
+        QCOMPARE(find(typeAhead, u"i", 0), 5);
+        QCOMPARE(find(typeAhead, u" ", 5), -1);
+        QCOMPARE(find(typeAhead, u"b", 5), 0);
+    }
+
+    void beginsAnewFromAnotherEntry()
+    {
+        TypeAhead typeAhead;
+        QCOMPARE(find(typeAhead, u"b", -1), 0);
+        QCOMPARE(find(typeAhead, u"e", 1), 2); // as after an arrow key
+    }
+
     void beginsAnewAfterAPause()
     {
         TypeAhead typeAhead;
