@@ -28,6 +28,14 @@ DropMenu {
         visible: applies
     }
 
+    // Between two groups, of which one, that of what is shown of the video, is always there.
+    component Line: DropMenuSeparator {
+        required property bool applies
+
+        height: applies ? implicitHeight : 0
+        visible: applies
+    }
+
     /// Opens it at a place of the item `below` for the row, which is that of the list's `index`.
     function openFor(row: JobRow, index: int, below: Item, x: real, y: real) {
         menu.row = row;
@@ -39,6 +47,8 @@ DropMenu {
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
 
     Entry {
+        id: queueAgain
+
         applies: menu.job.isCompleted
 
         action: T.Action {
@@ -47,8 +57,15 @@ DropMenu {
         }
     }
 
+    Line {
+        applies: queueAgain.applies
+    }
+
     Entry {
+        id: moveUp
+
         applies: menu.isOrderOpen && menu.index > 0
+        keys: "Alt+Up"
 
         action: T.Action {
             text: "Move Up"
@@ -57,7 +74,10 @@ DropMenu {
     }
 
     Entry {
+        id: moveDown
+
         applies: menu.isOrderOpen && menu.index < menu.model.jobCount - 1
+        keys: "Alt+Down"
 
         action: T.Action {
             text: "Move Down"
@@ -65,13 +85,8 @@ DropMenu {
         }
     }
 
-    Entry {
-        applies: !menu.job.isInProgress
-
-        action: T.Action {
-            text: "Remove"
-            onTriggered: menu.model.remove(menu.job.id)
-        }
+    Line {
+        applies: moveUp.applies || moveDown.applies
     }
 
     Entry {
@@ -92,12 +107,35 @@ DropMenu {
         }
     }
 
+    Line {
+        applies: copyMessage.applies
+    }
+
     Entry {
+        id: copyMessage
+
         applies: menu.job.message !== ""
+        keys: "Ctrl+C"
 
         action: T.Action {
             text: "Copy Message"
             onTriggered: Clipboard.copy(menu.job.message)
+        }
+    }
+
+    Line {
+        applies: remove.applies
+    }
+
+    Entry {
+        id: remove
+
+        applies: !menu.job.isInProgress
+        keys: "Delete"
+
+        action: T.Action {
+            text: "Remove"
+            onTriggered: menu.model.remove(menu.job.id)
         }
     }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 import QtQuick
+import QtQuick.Templates as T
 import Quorvale
 import Quorvale.Style
 import Quorvale.Testing
@@ -27,13 +28,20 @@ JobListTest {
         tryVerify(() => entries().length === 0);
     }
 
-    /// Opens the menu of the row by the mouse; the texts of its entries.
+    /// What the menu shows from top to bottom: its entries with their keys, and "-" for a line.
+    function shown() {
+        const isPart = item => item instanceof DropMenuItem || item instanceof DropMenuSeparator;
+        return all(overlay, T.Control, isPart).sort((a, b) => area(a).y - area(b).y)
+            .map(item => texts(item).join(" | ") || "-");
+    }
+
+    /// Opens the menu of the row by the mouse; what it shows.
     function open(index) {
         settle();
         mouseClick(row(index), 200, 20, Qt.RightButton);
         tryVerify(() => entries().length > 0);
         settle();
-        return entries().map(entry => entry.text);
+        return shown();
     }
 
     function choose(text) {
@@ -56,13 +64,14 @@ JobListTest {
 
     function test_entriesOfEveryState() {
         showThree();
-        compare(open(0), ["Move Down", "Remove", showVideo, "Copy Message"]);
+        compare(open(0), ["Move Down | Alt+Down", "-", showVideo, "-", "Copy Message | Ctrl+C", "-", "Remove | Delete"]);
         keyClick(Qt.Key_Escape);
         waitUntilClosed();
-        compare(open(1), ["Queue Again", "Move Up", "Move Down", "Remove", showVideo, showConverted]);
+        compare(open(1), ["Queue Again", "-", "Move Up | Alt+Up", "Move Down | Alt+Down", "-", showVideo,
+                          showConverted, "-", "Remove | Delete"]);
         keyClick(Qt.Key_Escape);
         waitUntilClosed();
-        compare(open(2), ["Move Up", "Remove", showVideo]);
+        compare(open(2), ["Move Up | Alt+Up", "-", showVideo, "-", "Remove | Delete"]);
         verify(row(2).activeFocus || list().currentIndex === 2);
     }
 
@@ -76,7 +85,7 @@ JobListTest {
         compare(open(0), [showVideo]);
         keyClick(Qt.Key_Escape);
         waitUntilClosed();
-        compare(open(1), ["Remove", showVideo]);
+        compare(open(1), [showVideo, "-", "Remove | Delete"]);
         // What it says does not apply any more.
         verify(Bench.goOn());
         waitUntilClosed();
@@ -155,6 +164,37 @@ JobListTest {
         compare(Bench.fileNames, ["b.mkv", "a.mkv", "c.mkv"]);
     }
 
+    function test_firstLettersGoToEntries() {
+        showThree();
+        list().currentItem.forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Down);
+        keyClick(Qt.Key_Menu);
+        tryVerify(() => entries().length > 0);
+        const press = (key, text) => {
+            keyClick(key);
+            compare(entries().filter(entry => entry.highlighted).map(entry => entry.text), [text]);
+            compare(focusItem().text, text);
+        };
+        press(Qt.Key_M, "Move Up");
+        press(Qt.Key_M, "Move Down");
+        press(Qt.Key_M, "Move Up");
+        press(Qt.Key_Down, "Move Down");
+        press(Qt.Key_C, "Move Down"); // there is no message to copy
+        keyClick(Qt.Key_Escape);
+        waitUntilClosed();
+        // The only one is not chosen by that either, and the space bar chooses where it finds nothing.
+        keyClick(Qt.Key_Menu);
+        tryVerify(() => entries().length > 0);
+        for (const key of "show")
+            press(key, showVideo);
+        press(Qt.Key_Space, showVideo);
+        press("c", showConverted);
+        compare(Bench.revealedFolders, []);
+        keyClick(Qt.Key_Space);
+        waitUntilClosed();
+        compare(Bench.revealedFolders.length, 1);
+    }
+
     function test_aPressElsewhereClosesIt() {
         Bench.queue(["a.mkv", "b.mkv"]);
         show(lists);
@@ -183,8 +223,8 @@ JobListTest {
     function test_entriesAreWorkedByAssistiveTechnology() {
         Bench.queue(["a.mkv", "b.mkv"]);
         show(lists);
-        const texts = open(1);
-        compare(entries().map(entry => entry.Accessible.name), texts);
+        open(1);
+        compare(entries().map(entry => entry.Accessible.name), ["Move Up", showVideo, "Remove"]);
         Assistant.act(entries().find(entry => entry.text === "Remove"), "Press");
         tryCompare(Bench, "fileNames", ["a.mkv"]);
     }

@@ -5,7 +5,8 @@ import QtQuick
 import QtQuick.Templates as T
 import Quorvale.Style
 
-// A menu below a button, or where else it is opened.
+// A menu below a button, or where else it is opened. Letters go to the entry that begins so; only
+// Return, Enter or the space bar choose it, as no letter is marked.
 T.Menu {
     id: dropMenu
 
@@ -20,7 +21,10 @@ T.Menu {
     // What had the keyboard before, and has it again when nothing else has taken it.
     property Item worked: null
 
-    onAboutToShow: worked = parent.Window.activeFocusItem
+    onAboutToShow: {
+        worked = parent.Window.activeFocusItem;
+        typeAhead.forget();
+    }
     onClosed: {
         const window = parent?.Window.window;
         if (worked?.visible && window && (!window.activeFocusItem || window.activeFocusItem === window.contentItem))
@@ -38,11 +42,27 @@ T.Menu {
 
     background: PopupGround {}
 
+    TypeAhead {
+        id: typeAhead
+    }
+
     contentItem: ListView {
         currentIndex: dropMenu.currentIndex
+        focus: true
         implicitHeight: contentHeight
         interactive: false
         model: dropMenu.contentModel
+
+        Keys.onPressed: event => {
+            const textAt = index => {
+                const entry = dropMenu.itemAt(index) as T.MenuItem;
+                return entry?.visible ? entry.text : "";
+            };
+            const found = typeAhead.find(event.text, event.modifiers, dropMenu.currentIndex, dropMenu.count, textAt);
+            event.accepted = found >= 0;
+            if (event.accepted)
+                dropMenu.currentIndex = found;
+        }
     }
 
     delegate: DropMenuItem {}

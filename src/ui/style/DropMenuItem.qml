@@ -6,9 +6,13 @@ import QtQuick.Layouts
 import QtQuick.Templates as T
 import Quorvale.Style
 
-// A command of a menu, with its keyboard shortcut.
+// A command of a menu, with its keys.
 T.MenuItem {
     id: item
+
+    /// The keys that do the same while the menu is closed, as the parts of a QKeySequence are named.
+    /// They are only shown here: those of the action, which works them, or of something else.
+    property string keys: item.action?.shortcut ?? ""
 
     Accessible.name: text
     font: Theme.body
@@ -16,6 +20,7 @@ T.MenuItem {
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     leftPadding: 10
     rightPadding: 10
+    Keys.forwardTo: [ListView.view] // before the space bar chooses
     Accessible.onPressAction: {
         if (Reach.includes(item))
             item.action.trigger(item); // which is a click, too
@@ -42,17 +47,17 @@ T.MenuItem {
         Text {
             color: item.highlighted ? Theme.white : item.Scheme.colors.secondary
             font: item.font
-            text: shortcut.nativeText
+            text: shortcut.nativeText.replace("Del", "Delete") // as it is written on the key
             textFormat: Text.PlainText
             visible: text !== ""
         }
     }
 
-    // Only to spell the action's keys as the platform does.
+    // Only to spell the keys as the platform does.
     Shortcut {
         id: shortcut
 
         enabled: false
-        sequence: item.action ? item.action.shortcut : ""
+        sequence: item.keys
     }
 }
