@@ -124,6 +124,15 @@ ListView {
         forceLayout();
     }
 
+    /// In the file manager: what the current row's video has become, else the video.
+    function showFile() {
+        const job = (currentItem as JobRow).job;
+        if (job.isCompleted)
+            converter.revealOutput(job.id);
+        else
+            converter.revealSource(job.id);
+    }
+
     /// At a place of the row that is current.
     function openMenu(place: point) {
         const row = currentItem as JobRow;
@@ -189,6 +198,12 @@ ListView {
         case Qt.AltModifier | Qt.Key_Down:
             moveCurrent(1);
             break;
+        case Qt.Key_Return:
+        case Qt.Key_Enter:
+        case Qt.Key_Space:
+            if (!currentItem?.activeFocus || event.isAutoRepeat) // it is a button's, or was another's
+                return;
+            // falls through
         case Qt.Key_Menu:
         case Qt.ShiftModifier | Qt.Key_F10:
             showCurrent();
@@ -216,6 +231,7 @@ ListView {
 
         Component.onCompleted: Qt.callLater(view.restackRows)
         onIndexChanged: Qt.callLater(view.restackRows)
+        onDoubleClicked: view.showFile()
         onMenuAsked: place => view.openMenu(place)
         onWorked: reason => view.work(index, reason)
 

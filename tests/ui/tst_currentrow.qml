@@ -238,4 +238,73 @@ JobListTest {
         compareCurrentIs(20, "clip1.mov");
         verify(isInSight(list().currentItem));
     }
+
+    function test_aDoubleClickShowsTheFile() {
+        Bench.queue(["failed.mkv", "complete.mkv", "cancelled.mkv"]);
+        show(lists);
+        Bench.chooseRealDestination();
+        Bench.willFail("No space left on device");
+        Bench.willComplete();
+        Bench.willBeCancelled();
+        verify(Bench.convert());
+        settle();
+        ["/failed.mkv", "/complete_converted.mp4", "/cancelled.mkv"].forEach((ending, i) => {
+            mouseDoubleClickSequence(list().itemAtIndex(i), 200, 20);
+            compare(Bench.revealedFolders.length, i + 1);
+            verify(Bench.revealedFolders[i].endsWith(ending), Bench.revealedFolders[i]);
+            compare(list().currentIndex, i);
+        });
+    }
+
+    function test_noDoubleClickOfARow_data() {
+        const row = index => list().itemAtIndex(index);
+        const clickAgain = row => {
+            Bench.pressAgain(row, 200, 20);
+            mouseRelease(row, 200, 20);
+        };
+        return [
+            {"tag": "right", "work": () => {
+                mouseDoubleClickSequence(row(1), 200, 20, Qt.RightButton);
+                keyClick(Qt.Key_Escape);
+            }},
+            {"tag": "middle", "work": () => mouseDoubleClickSequence(row(1), 200, 20, Qt.MiddleButton)},
+            {"tag": "on a button", "work": () => mouseDoubleClickSequence(button(row(1), "Move up"), 12, 12)},
+            {"tag": "first on a button", "work": () => {
+                mouseClick(button(row(0), "Move up"), 12, 12);
+                clickAgain(row(0));
+            }},
+            {"tag": "first on another row", "work": () => {
+                mouseClick(row(0), 200, 20);
+                clickAgain(row(1));
+            }},
+            {"tag": "slow", "work": () => {
+                mouseClick(row(1), 200, 20);
+                wait(Qt.styleHints.mouseDoubleClickInterval + 50);
+                clickAgain(row(1));
+            }},
+        ];
+    }
+
+    function test_noDoubleClickOfARow(data) {
+        showRows(3);
+        data.work();
+        compare(Bench.revealedFolders, []);
+        // And after all that there is one.
+        const row = list().itemAtIndex(2);
+        mouseDoubleClickSequence(row, 200, 20);
+        compare(Bench.revealedFolders, ["/in/" + row.job.fileName]);
+    }
+
+    // As when a row is pressed to make it the current one, and dragged at once.
+    function test_aDragIsNoDoubleClick() {
+        showRows(3);
+        const row = list().itemAtIndex(0);
+        mouseClick(row, 200, 20);
+        Bench.pressAgain(row, 200, 20);
+        for (let y = 20; y <= 100; y += 10)
+            mouseMove(row, 200, y, 5, Qt.LeftButton);
+        mouseRelease(row, 200, 100);
+        compare(Bench.fileNames, ["clip2.mov", "clip1.mov", "clip3.mov"]);
+        compare(Bench.revealedFolders, []);
+    }
 }

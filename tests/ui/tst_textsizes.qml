@@ -217,7 +217,22 @@ ViewTest {
             keyClick(Qt.Key_Escape);
             tryVerify(() => all(overlay, DropDownEntry).length === 0);
         }
-        Bench.queue(["a.mp4"]);
+        Bench.queue(["a.mp4", "b.mp4"]);
+        Bench.chooseRealDestination();
+        Bench.willFail("No space left on device");
+        Bench.willComplete();
+        verify(Bench.convert());
+        settle();
+        for (const [i, count] of [[0, 4], [1, 5]]) {
+            one(view, JobRow, row => row.isCurrent).forceActiveFocus(Qt.TabFocusReason);
+            keyClick(i ? Qt.Key_End : Qt.Key_Home);
+            keyClick(Qt.Key_Return);
+            verifyPopup(DropMenuItem);
+            compare(all(overlay, DropMenuItem).length, count);
+            keyClick(Qt.Key_Escape);
+            tryVerify(() => all(overlay, DropMenuItem).length === 0);
+        }
+        Bench.chooseDestination("");
         Bench.model.start(); // which asks for a folder
         verifyPopup(ProminentButton);
     }

@@ -22,12 +22,21 @@ FocusItem {
     /// The row or a button of it is pressed, by whatever means, or has got the keyboard; the reason is
     /// a Qt.FocusReason.
     signal worked(int reason)
-    /// The pointer asks for the menu, at this place of the row.
+    /// The pointer asks for the menu, or assistive technology, at this place of the row.
     signal menuAsked(point place)
+    /// A double click on the row itself, not on a button of it.
+    signal doubleClicked
 
     // Until the focus has gone, too: it must not be taken from an item that has it.
     activeFocusOnTab: isCurrent || activeFocus
+    Accessible.onPressAction: {
+        if (!Reach.includes(row))
+            return;
+        row.forceActiveFocus(Qt.OtherFocusReason);
+        row.menuAsked(Qt.point(10, row.height));
+    }
     onFocused: reason => worked(reason)
+    onVisibleChanged: sinceClick.stop() // the next job that it shows has not been clicked
 
     transform: Translate {
         y: row.shift
@@ -69,17 +78,35 @@ FocusItem {
         id: hover
     }
 
+    // A second press is one of a double click when the first was here, too: Qt only looks where on
+    // the screen it was, and the row may be another one there.
+    Timer {
+        id: sinceClick
+
+        interval: Application.styleHints.mouseDoubleClickInterval
+    }
+
     // Takes what no button above it does.
     MouseArea {
+        property bool isDoubleClick: false // until the button comes up: a drag is none
+
         acceptedButtons: Qt.AllButtons
         anchors.fill: parent
         onClicked: mouse => {
             if (mouse.button === Qt.RightButton)
                 row.menuAsked(Qt.point(mouse.x, mouse.y));
+            else if (mouse.button === Qt.LeftButton)
+                sinceClick.restart();
         }
+        onDoubleClicked: mouse => isDoubleClick = mouse.button === Qt.LeftButton && sinceClick.running
         onPressed: {
+            isDoubleClick = false;
             row.worked(Qt.MouseFocusReason);
             row.forceActiveFocus(Qt.MouseFocusReason);
+        }
+        onReleased: {
+            if (isDoubleClick)
+                row.doubleClicked();
         }
     }
 }

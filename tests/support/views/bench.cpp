@@ -11,8 +11,10 @@
 #include <QFontDatabase>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPalette>
 #include <QQmlEngine>
+#include <QQuickWindow>
 #include <QTest>
 #include <QWindow>
 
@@ -290,6 +292,18 @@ void Bench::repeatKey(int key, int count)
     for (int i = 0; i < count; ++i) {
         send(QEvent::KeyRelease);
         send(QEvent::KeyPress);
+    }
+}
+
+void Bench::pressAgain(QQuickItem *item, double x, double y)
+{
+    const QPointF place = item->mapToScene({x, y});
+    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonDblClick}) {
+        QMouseEvent event(type, place, item->window()->mapToGlobal(place), Qt::LeftButton,
+                          Qt::LeftButton, Qt::NoModifier);
+        // Without, what is pressed would go on where it was pressed last.
+        event.setTimestamp(static_cast<ulong>(++QTest::lastMouseTimestamp));
+        QCoreApplication::sendEvent(item->window(), &event);
     }
 }
 

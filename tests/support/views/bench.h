@@ -9,6 +9,7 @@
 #include <QColor>
 #include <QFont>
 #include <QObject>
+#include <QQuickItem>
 #include <QtQmlIntegration>
 
 #include <memory>
@@ -105,6 +106,10 @@ public:
 
     /// A key is still held: the keyboard repeats it so often, each time as a release and a press.
     Q_INVOKABLE void repeatKey(int key, int count);
+
+    /// The mouse's left button, which has just clicked, wherever that was, goes down again at a
+    /// place of the item.
+    Q_INVOKABLE static void pressAgain(QQuickItem *item, double x, double y);
 
     /// A dialog comes up, takes the keyboard from the window that is tested, and goes again. False
     /// when the window does not lose and get it in time.
