@@ -248,6 +248,14 @@ ListView {
         onWorked: view.searched()
     }
 
+    // A touch that stops the list does nothing else.
+    TapArea {
+        enabled: view.moving
+        height: view.height
+        parent: view
+        width: view.width
+    }
+
     // As very many rows go at once, all are shown anew.
     Connections {
         property var currentId

@@ -14,6 +14,9 @@ ListRow {
     required property shownJob job
     required property double progress
 
+    /// How far from the left it can be dragged by its handle.
+    readonly property real handleReach: content.x + handle.width + content.spacing
+
     /// Has the row be as high as what it shows now.
     function layOut() {
         text.ensurePolished();
@@ -39,6 +42,8 @@ ListRow {
         spacing: 12
 
         Symbol {
+            id: handle
+
             Layout.preferredWidth: Theme.scaled(14)
             color: Theme.current.tertiary
             name: Symbol.Lines

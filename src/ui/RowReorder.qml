@@ -126,33 +126,35 @@ Item {
         abandon();
         view.interactive = true;
     }
+    Window.onActiveChanged: {
+        if (!Window.active)
+            abandon();
+    }
 
-    DragHandler {
-        id: pointer
-
+    // qmllint disable unqualified
+    component RowDrag: DragHandler {
         // By a press, which is for one drag.
         property bool mayBegin: false
 
-        acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
         dragThreshold: 6
         enabled: reorder.enabled
         grabPermissions: PointerHandler.CanTakeOverFromAnything
-        parent: reorder.view.parent
         target: null
 
         onActiveChanged: {
-            if (active && mayBegin)
+            // A long press may have opened the menu.
+            if (active && mayBegin && !reorder.view.isHeld)
                 reorder.begin(centroid.pressPosition);
-            else if (MouseButtons.areHeld())
-                reorder.abandon(); // as a dialog comes up
-            else
-                reorder.finish();
             mayBegin = false;
         }
         onCanceled: reorder.abandon()
-        onGrabChanged: transition => {
+        onGrabChanged: (transition, point) => {
             if (transition === PointerDevice.GrabPassive)
                 mayBegin = true;
+            else if (transition === PointerDevice.UngrabExclusive && EventPoints.isReleased(point))
+                reorder.finish();
+            else if (transition === PointerDevice.UngrabExclusive)
+                reorder.abandon(); // as a dialog comes up
             // By a quick movement the list would scroll before it is a drag.
             reorder.view.interactive = transition !== PointerDevice.GrabPassive;
         }
@@ -161,6 +163,31 @@ Item {
                 return;
             reorder.pointerY = centroid.position.y;
             reorder.follow();
+        }
+    }
+    // qmllint enable unqualified
+
+    RowDrag {
+        acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+        parent: reorder.view.parent
+    }
+
+    // Where the rows' handles are, by which a finger or a pen drags; elsewhere it scrolls. Below the
+    // rows: a pen's press that a handler has got before the rows do does not reach them.
+    Item {
+        height: reorder.height
+        parent: reorder.view.parent
+        width: (reorder.view.currentItem as JobRow)?.handleReach ?? 0
+        x: reorder.view.leftMargin
+        z: -1
+
+        RowDrag {
+            acceptedDevices: PointerDevice.TouchScreen | PointerDevice.Stylus
+            enabled: reorder.enabled && (!reorder.view.moving || active) // or it stops the list
+            onActiveChanged: {
+                if (active)
+                    (reorder.view.itemAtIndex(reorder.from) as JobRow)?.lift();
+            }
         }
     }
 

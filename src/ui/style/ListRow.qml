@@ -27,6 +27,18 @@ FocusItem {
     /// A double click on the row itself, not on a button of it.
     signal doubleClicked
 
+    /// The pointer works the row, which gets the keyboard by that.
+    function take() {
+        worked(Qt.MouseFocusReason);
+        forceActiveFocus(Qt.MouseFocusReason);
+    }
+
+    /// A finger or a pen begins to drag the row, and works it by that; it is no tap any more.
+    function lift() {
+        touch.forget();
+        take();
+    }
+
     // Until the focus has gone, too: it must not be taken from an item that has it.
     activeFocusOnTab: isCurrent || activeFocus
     Accessible.onPressAction: {
@@ -86,7 +98,7 @@ FocusItem {
         interval: Application.styleHints.mouseDoubleClickInterval
     }
 
-    // Takes what no button above it does.
+    // These take what no button above them does.
     MouseArea {
         property bool isDoubleClick: false // until the button comes up: a drag is none
 
@@ -101,12 +113,22 @@ FocusItem {
         onDoubleClicked: mouse => isDoubleClick = mouse.button === Qt.LeftButton && sinceClick.running
         onPressed: {
             isDoubleClick = false;
-            row.worked(Qt.MouseFocusReason);
-            row.forceActiveFocus(Qt.MouseFocusReason);
+            row.take();
         }
         onReleased: {
             if (isDoubleClick)
                 row.doubleClicked();
         }
+    }
+
+    TapArea {
+        id: touch
+
+        anchors.fill: parent
+        onHeld: place => {
+            row.take();
+            row.menuAsked(place);
+        }
+        onTapped: row.take()
     }
 }
