@@ -286,6 +286,8 @@ QVariant JobListModel::data(const QModelIndex &index, int role) const
         return QVariant::fromValue(ShownJob(job, m_outputs.value(job.id()).remark));
     case ProgressRole:
         return job.progress;
+    case Qt::DisplayRole:
+        return ShownJob(job).legibleFileName();
     default:
         return {};
     }

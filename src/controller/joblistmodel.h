@@ -96,6 +96,7 @@ public:
     void setProgress(const QUuid &id, double progress);
 
     int rowCount(const QModelIndex &parent = {}) const override;
+    /// For Qt::DisplayRole the file name as it is shown.
     QVariant data(const QModelIndex &index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
 

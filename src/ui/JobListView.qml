@@ -133,6 +133,17 @@ ListView {
             converter.revealSource(job.id);
     }
 
+    // To the next row whose file name begins with what is typed; false when that is no text.
+    function goToTyped(text: string, modifiers: int): bool {
+        const row = typeAhead.findRow(text, modifiers, currentIndex, model);
+        if (row < 0)
+            return false;
+        currentIndex = row;
+        showsKeyboard = true;
+        showCurrent();
+        return true;
+    }
+
     /// At a place of the row that is current.
     function openMenu(place: point) {
         const row = currentItem as JobRow;
@@ -168,6 +179,10 @@ ListView {
         const page = Math.max(1, Math.floor(height / contentHeight * count));
         if (event.matches(StandardKey.Copy)) {
             event.accepted = copyMessage();
+            return;
+        }
+        if (goToTyped(event.text, event.modifiers)) {
+            event.accepted = true;
             return;
         }
         switch (event.modifiers & ~Qt.KeypadModifier | event.key) {
@@ -243,6 +258,10 @@ ListView {
         }
     }
     // qmllint enable unqualified
+
+    TypeAhead {
+        id: typeAhead
+    }
 
     T.ScrollBar.vertical: VerticalScrollBar {
         onWorked: view.searched()

@@ -62,6 +62,7 @@ private Q_SLOTS:
         m_model->setProgress(m_jobs[1].id(), 0.25);
         QCOMPARE(show(1, JobListModel::JobRole).value<ShownJob>(), ShownJob(m_model->jobs()[1]));
         QCOMPARE(show(1, JobListModel::ProgressRole), 0.25);
+        QCOMPARE(show(1, Qt::DisplayRole), ShownJob(m_model->jobs()[1]).legibleFileName());
         QCOMPARE(m_model->roleNames().value(JobListModel::JobRole), QByteArray("job"));
         QCOMPARE(m_model->roleNames().value(JobListModel::ProgressRole), QByteArray("progress"));
     }

@@ -67,6 +67,22 @@ JobListTest {
         compareCurrent(39);
     }
 
+    function test_lettersGoToTheRowWhoseFileNameBeginsSo() {
+        showRows(300);
+        mouseClick(list().itemAtIndex(2), 200, 20);
+        keyClick("C");
+        compareCurrent(3);
+        compare(all(view, FocusRing).length, 1);
+        for (const letter of "lip250")
+            keyClick(letter);
+        compareCurrent(249);
+        // From a button of the row, and anew.
+        keyClick(Qt.Key_Tab);
+        wait(1100);
+        keyClick("c");
+        compareCurrent(250);
+    }
+
     /// That there is a row to see wherever the list has one.
     function verifyRowsAreShown() {
         settle();
