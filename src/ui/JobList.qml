@@ -31,7 +31,7 @@ FocusScope {
             Layout.fillWidth: true
             Layout.leftMargin: 26
             Layout.rightMargin: 26
-            value: list.model.isConverting ? list.model.overallProgress : 0
+            fraction: list.model.isConverting ? list.model.overallProgress : 0
             visible: list.model.isConverting
         }
 

@@ -23,12 +23,11 @@ ListRow {
         content.ensurePolished();
     }
 
-    readonly property int percentage: Math.trunc(progress * 100)
     Accessible.description: job.folderName + ", " + job.stateWord
-                            + (job.isInProgress ? " " + percentage + "%" : "")
                             + (job.message ? ", " + job.mainMessage : "")
     Accessible.name: job.fileName
     Accessible.role: Accessible.ListItem
+    fraction: job.isInProgress ? progress : -1
     implicitHeight: content.implicitHeight + content.anchors.topMargin + content.anchors.bottomMargin
 
     RowLayout {

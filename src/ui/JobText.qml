@@ -68,7 +68,7 @@ ColumnLayout {
     ProgressLine {
         Accessible.name: "Progress of " + column.job.fileName
         Layout.fillWidth: true
-        value: column.progress
+        fraction: column.progress
         visible: column.job.isInProgress
     }
 

@@ -109,17 +109,17 @@ private Q_SLOTS:
         QVERIFY(window().chooseOutputFolder(m_bench->outputFolder()));
         QVERIFY(window().convert(1));
         static const QRegularExpression row(u"^Trip, Converting (\\d+)%$"_s);
-        static const QRegularExpression bar(u"^(\\d+)%$"_s);
         const auto rowProgress = [&] {
-            return number(row, window().description(u"a.mp4"_s));
+            const auto match = row.match(window().description(u"a.mp4"_s));
+            return match.hasMatch() ? match.captured(1).toDouble() : -1;
         };
         const auto barProgress = [&](const QString &name) {
             const auto item =
                 window().application().find(AccessibleItem::named(Role::progressBar, name));
-            return item ? number(bar, item->description()) : -1;
+            return item ? item->value().value_or(-1) : -1;
         };
-        const auto increases = [](const std::function<int()> &progress) {
-            int first = -1;
+        const auto increases = [](const std::function<double()> &progress) {
+            double first = -1;
             return QTest::qWaitFor([&] { return (first = progress()) >= 0; }, patience)
                    && QTest::qWaitFor([&] { return progress() > first; }, patience);
         };
@@ -137,12 +137,6 @@ private Q_SLOTS:
 private:
     QString clip(const QString &name) const { return m_folder.filePath(u"Trip/"_s + name); }
     const WindowDriver &window() const { return m_bench->window(); }
-
-    static int number(const QRegularExpression &expression, const QString &reading)
-    {
-        const auto match = expression.match(reading);
-        return match.hasMatch() ? match.captured(1).toInt() : -1;
-    }
 
     void verifyChoice(const QString &picker, const QString &choice)
     {

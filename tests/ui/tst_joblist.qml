@@ -71,12 +71,11 @@ JobListTest {
         const bar = bars()[0];
         compareArea(bar, 26, 0, 597, bar.height);
         compareArea(list(), 0, bar.height, 649, 460 - bar.height);
-        compare([bar.from, bar.to], [0, 1]);
-        compare(bar.value, 0.125);
+        compare(bar.fraction, 0.125);
         compare(Pixels.at(bar, 20, bar.height / 2), Theme.current.accent);
         Bench.willComplete();
         verify(Bench.goOn());
-        compare(bar.value, 0.25);
+        compare(bar.fraction, 0.25);
         verify(Bench.goOn());
         verify(!Bench.model.isConverting);
         compare(bars(), []);
@@ -99,7 +98,7 @@ JobListTest {
         show(lists);
         convertFirst([0]);
         const bar = bars()[0];
-        compare(bar.value, 0);
+        compare(bar.fraction, 0);
         compare(Pixels.count(bar, Theme.current.accent), 0);
     }
 
@@ -110,7 +109,7 @@ JobListTest {
         convertFirst([0.001]);
         const bar = bars()[0];
         compare(bar.height, 6);
-        compareArea(one(bar.contentItem, Rectangle), 26, 0, 6, 6);
+        compareArea(all(bar, Rectangle)[1], 26, 0, 6, 6);
     }
 
     function test_rowsStayTheSameThroughEveryChange() {

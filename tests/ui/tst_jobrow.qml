@@ -168,8 +168,9 @@ JobListTest {
     function test_progress() {
         showState("converting");
         const bar = bars()[0];
-        compare([bar.from, bar.to, bar.value], [0, 1, 0.375]);
-        compare(Assistant.description(bar), "37%");
+        compare(bar.fraction, 0.375);
+        compare(Assistant.value(bar), 0.375);
+        compare(Assistant.description(row()), "Trip, Converting 37%");
         const text = textOf(row(), "clip.mkv");
         compare(area(bar).x, area(text).x);
         compare(gapBelow(textOf(row(), "Converting"), bar), 6);
@@ -190,9 +191,9 @@ JobListTest {
         Bench.willStayAt([0.1, 0.9]);
         verify(Bench.convert());
         const before = row();
-        compare(bars()[0].value, 0.1);
+        compare(bars()[0].fraction, 0.1);
         verify(Bench.goOn());
-        compare(bars()[0].value, 0.9);
+        compare(bars()[0].fraction, 0.9);
         compare(row(), before);
         verify(Bench.goOn());
         compare(bars(), []);

@@ -174,7 +174,7 @@ ViewTest {
                 verify(text.elide === Text.ElideMiddle || !text.truncated, text.text);
                 verify(text.contentWidth <= text.width + 1 && isIn(text, view), text.text);
             }
-            verifyApart(all(view, Text).concat(all(view, T.Control)));
+            verifyApart(all(view, Text).concat(all(view, T.Control), all(view, ProgressLine)));
         };
         verifyLine();
         const bars = all(view, ProgressLine);

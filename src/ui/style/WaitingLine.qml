@@ -11,10 +11,11 @@ ProgressLine {
     /// How long each piece of a bar that stands still is, and how far from the next.
     readonly property real piece: 12
 
-    Accessible.description: ""
     indeterminate: true
 
-    contentItem: Item {
+    Item {
+        anchors.fill: parent
+
         Rectangle {
             /// How far it has come, from 0 to 1: the way may be of any length meanwhile.
             property real way

@@ -39,6 +39,12 @@ void Assistant::setValue(QQuickItem *item, double value)
     interfaceOf(item).valueInterface()->setCurrentValue(value);
 }
 
+QVariant Assistant::value(QQuickItem *item)
+{
+    const QAccessibleValueInterface *value = interfaceOf(item).valueInterface();
+    return value ? value->currentValue() : QVariant();
+}
+
 QString Assistant::description(QQuickItem *item)
 {
     return interfaceOf(item).text(QAccessible::Description);

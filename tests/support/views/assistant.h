@@ -28,6 +28,9 @@ public:
     /// Sets its value.
     Q_INVOKABLE static void setValue(QQuickItem *item, double value);
 
+    /// Its value, of an item that has one; undefined of others.
+    Q_INVOKABLE static QVariant value(QQuickItem *item);
+
     /// What is read beside its name.
     Q_INVOKABLE static QString description(QQuickItem *item);
 };
