@@ -58,7 +58,6 @@ Item {
                 // The label is at least 138 wide.
                 implicitWidth: Math.max(138, implicitContentWidth) + leftPadding + rightPadding
                 symbol: Symbol.BoltFill
-                text: footer.convertText
                 visible: !footer.model.isConverting
                 onClicked: footer.model.start()
             }
@@ -72,6 +71,15 @@ Item {
                 onClicked: footer.model.cancel()
             }
         }
+    }
+
+    // Not while it is hidden, so that no reader is told of it with each video.
+    Binding {
+        property: "text"
+        restoreMode: Binding.RestoreNone
+        target: convertButton
+        value: footer.convertText
+        when: !footer.model.isConverting
     }
 
     // The button that takes the other's place takes the keyboard, too.
