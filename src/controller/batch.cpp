@@ -3,9 +3,11 @@
 
 #include "batch.h"
 
+#include "batchreport.h"
 #include "joblistmodel.h"
 #include "outputurl.h"
 #include "service/ffmpegerror.h"
+#include "shownjob.h"
 
 #include <QCoreApplication>
 #include <QCoroFuture>
@@ -14,15 +16,19 @@
 
 namespace quorvale {
 
-Batch::Batch(JobListModel &jobs, FFmpegService &service, const ConversionSettings &settings,
-             const QUrl &destination)
-    : m_jobs(jobs), m_service(service), m_settings(settings), m_destination(destination)
+Batch::Batch(JobListModel &jobs, FFmpegService &service, BatchReport &report,
+             const ConversionSettings &settings, const QUrl &destination)
+    : m_jobs(jobs), m_service(service), m_report(report), m_settings(settings),
+      m_destination(destination)
 {
 }
 
 QCoro::Task<> Batch::run()
 {
     const QList<QUuid> ids = m_jobs.unfinished();
+    if (ids.isEmpty()) // they have been removed since the start
+        co_return;
+    m_report.begin(ids.size());
     for (const QUuid &id : ids) {
         if (m_isCancelled)
             break;
@@ -41,18 +47,34 @@ QCoro::Task<> Batch::run()
         try {
             const ConvertedFile file =
                 co_await m_service.convert(source, chooser, m_settings, progressHandler(id));
-            m_jobs.complete(id, file);
-            m_jobs.setProgress(id, 1.0);
+            complete(id, file);
         } catch (const FFmpegError &error) {
             if (error.kind() == FFmpegError::Case::cancelled) {
                 m_jobs.setState(id, JobState::cancelled());
                 break;
             }
-            m_jobs.setState(id, JobState::failed(error.errorDescription()));
+            fail(id, error.errorDescription());
         } catch (const std::exception &error) {
-            m_jobs.setState(id, JobState::failed(QString::fromUtf8(error.what())));
+            fail(id, QString::fromUtf8(error.what()));
         }
     }
+    m_report.end(m_isCancelled);
+}
+
+void Batch::complete(const QUuid &id, const ConvertedFile &file)
+{
+    if (!m_jobs.find(id))
+        return;
+    m_jobs.complete(id, file);
+    m_jobs.setProgress(id, 1.0);
+    m_report.complete();
+}
+
+void Batch::fail(const QUuid &id, const QString &message)
+{
+    m_jobs.setState(id, JobState::failed(message));
+    if (const ConversionJob *job = m_jobs.find(id))
+        m_report.fail(ShownJob(*job));
 }
 
 void Batch::cancel()

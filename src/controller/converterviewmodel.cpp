@@ -284,7 +284,7 @@ void ConverterViewModel::start()
         return setAlertMessage(FFmpegError::notFound().errorDescription());
 
     setConverting(true);
-    m_batch = std::make_shared<Batch>(m_jobs, m_service, m_settings, *m_destination);
+    m_batch = std::make_shared<Batch>(m_jobs, m_service, m_report, m_settings, *m_destination);
     // The batch begins on its own, when the caller is done.
     const auto begin = [self = shared_from_this(), batch = m_batch] {
         self->run(batch);

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "batch.h"
+#include "batchreport.h"
 #include "failurenotice.h"
 #include "filemanager.h"
 #include "joblistmodel.h"
@@ -165,6 +166,9 @@ public:
     /// Stops the batch: interrupts the conversion that runs and starts no further one.
     Q_INVOKABLE void cancel();
 
+    /// Says what is to be heard of each batch.
+    const BatchReport &report() const { return m_report; }
+
     /// The text that the window's alert shows, until it is cleared.
     const std::optional<QString> &alertMessage() const { return m_alertMessage; }
 
@@ -230,6 +234,7 @@ private:
     bool m_isPanelOpen = false;
     std::unique_ptr<FileManager> m_fileManager;
     FFmpegService m_service;
+    BatchReport m_report;
     std::shared_ptr<Batch> m_batch; // of the last successful start()
 };
 
