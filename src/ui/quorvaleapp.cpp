@@ -4,6 +4,7 @@
 #include "quorvaleapp.h"
 
 #include "controller/converterviewmodel.h"
+#include "desktop/announcer.h"
 #include "desktop/desktop.h"
 #include "desktop/systemlook.h"
 #include "desktop/windowactivation.h"
@@ -76,8 +77,17 @@ QuorvaleApp::Start QuorvaleApp::open(const QList<QUrl> &files, const QVariantMap
     m_engine.load(source);
     if (m_engine.rootObjects().isEmpty())
         return Start::failed;
+    tellOfBatches();
     claimStart(*window(), platformData);
     return Start::window;
+}
+
+// Whoever does not see the window.
+void QuorvaleApp::tellOfBatches()
+{
+    m_announcer = std::make_unique<Announcer>(*window());
+    QObject::connect(&m_model->report(), &BatchReport::said, m_announcer.get(),
+                     &Announcer::announce);
 }
 
 void QuorvaleApp::queue(const QList<QUrl> &files)

@@ -16,6 +16,7 @@ class QWindow;
 
 namespace quorvale {
 
+class Announcer;
 class ConverterViewModel;
 class Instance;
 
@@ -44,10 +45,12 @@ public:
 
 private:
     void queue(const QList<QUrl> &files);
+    void tellOfBatches();
     QWindow *window() const; // null as long as there is none
 
     std::shared_ptr<ConverterViewModel> m_model;
     QQmlApplicationEngine m_engine;
+    std::unique_ptr<Announcer> m_announcer;
     std::unique_ptr<Instance> m_instance;
     std::unique_ptr<QObject> m_companion;
     std::jthread m_lookForFonts;

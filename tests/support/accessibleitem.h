@@ -40,6 +40,7 @@ public:
         unknown = 67,
         application = 75,
         heading = 83,
+        notification = 101,
     };
 
     /// What is true of an item, by the bits of the AT-SPI protocol.

@@ -27,7 +27,7 @@ VirtualDesktop::~VirtualDesktop()
 
 std::optional<AccessibleItem> VirtualDesktop::application(pid_t process) const
 {
-    const QDBusConnection bus(m_accessibility);
+    const QDBusConnection bus = accessibility();
     const AccessibleItem registry(bus, u"org.a11y.atspi.Registry"_s,
                                   u"/org/a11y/atspi/accessible/root"_s);
     for (const AccessibleItem &application : registry.children()) {

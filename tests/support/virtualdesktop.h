@@ -28,6 +28,9 @@ public:
     const VirtualDisplay &display() const { return m_display; }
     const PrivateBus &session() const { return m_session; }
 
+    /// The bus on which programs tell about their windows.
+    QDBusConnection accessibility() const { return QDBusConnection(m_accessibility); }
+
     /// The program of the process as it tells about its windows, which are its children; none as
     /// long as it does not.
     std::optional<AccessibleItem> application(pid_t process) const;
@@ -35,7 +38,7 @@ public:
 private:
     VirtualDisplay m_display;
     PrivateBus m_session{{QStringLiteral("org.a11y.Bus")}};
-    QString m_accessibility; // the address of the bus on which programs tell about their windows
+    QString m_accessibility; // the address of that bus
 };
 
 } // namespace quorvale::test
