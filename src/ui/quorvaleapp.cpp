@@ -82,12 +82,17 @@ QuorvaleApp::Start QuorvaleApp::open(const QList<QUrl> &files, const QVariantMap
     return Start::window;
 }
 
-// Whoever does not see the window.
+// Whoever does not look at the window, or does not see it.
 void QuorvaleApp::tellOfBatches()
 {
     m_announcer = std::make_unique<Announcer>(*window());
     QObject::connect(&m_model->report(), &BatchReport::said, m_announcer.get(),
                      &Announcer::announce);
+    QObject::connect(m_model.get(), &ConverterViewModel::isConvertingChanged, window(), [this] {
+        constexpr int untilItIsActive = 0;
+        if (!m_model->isConverting())
+            window()->alert(untilItIsActive); // which is nothing where it is active
+    });
 }
 
 void QuorvaleApp::queue(const QList<QUrl> &files)

@@ -139,6 +139,15 @@ bool VirtualDisplay::activate(const QString &window) const
     return false;
 }
 
+bool VirtualDisplay::demandsAttention(const QString &window) const
+{
+    ChildOfTheTest xprop;
+    xprop.setProcessEnvironment(environment());
+    return xprop.run(u"xprop"_s, {u"-id"_s, window, u"_NET_WM_STATE"_s})
+        .value_or(QByteArray())
+        .contains("_NET_WM_STATE_DEMANDS_ATTENTION");
+}
+
 QRect VirtualDisplay::areaOf(const QString &window) const
 {
     // Where xdotool says that a window is, some versions count its frame twice.

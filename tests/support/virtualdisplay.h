@@ -52,6 +52,9 @@ public:
     /// Gives the window the keyboard.
     bool activate(const QString &window) const;
 
+    /// Whether the window asks the user to look at it.
+    bool demandsAttention(const QString &window) const;
+
     /// Where the window's content is on the screen; null, with a warning, when it is not. Parks the
     /// mouse.
     QRect areaOf(const QString &window) const;

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
+#include "support/dragsource.h"
 #include "support/patience.h"
 #include "support/programbench.h"
 #include "support/standinservice.h"
@@ -91,6 +92,34 @@ private Q_SLOTS:
         QVERIFY(window().waitForDescription(u"a.mp4"_s, u", Complete"_s));
         QTRY_COMPARE_WITH_TIMEOUT(sessionManager.calls(u"Uninhibit"_s),
                                   QList<QVariantList>(1, {7U}), patience);
+    }
+
+    // Which another window than the program's can have the user miss.
+    void theEndIsNoticed()
+    {
+        const VirtualDisplay &display = m_desktop.display();
+        queue({u"a.mp4"_s, u"b.mp4"_s});
+        const DragSource other(display, display.environment(), {clip(u"a.mp4"_s)});
+        const auto otherWindow = display.waitForWindow(u"Drag source"_s);
+        QVERIFY(otherWindow);
+        QVERIFY(window().convert(2));
+        pid_t ffmpeg = 0;
+        QVERIFY(m_bench->waitForTool("libx264", ffmpeg));
+        ::kill(ffmpeg, SIGSTOP); // until the user has turned to something else
+        QVERIFY(display.activate(*otherWindow));
+        QVERIFY(!display.demandsAttention(window().window()));
+        ::kill(ffmpeg, SIGCONT);
+        QTRY_VERIFY_WITH_TIMEOUT(display.demandsAttention(window().window()), patience);
+        QVERIFY(window().description(u"b.mp4"_s).endsWith(u", Complete"_s));
+        QVERIFY(window().activate());
+        QTRY_VERIFY_WITH_TIMEOUT(!display.demandsAttention(window().window()), patience);
+
+        // Nor where it is looked at.
+        QVERIFY(window().clickInRow(u"a.mp4"_s, u"Queue this video again"_s));
+        QVERIFY(window().convert(1));
+        QVERIFY(window().waitForDescription(u"a.mp4"_s, u", Complete"_s));
+        QVERIFY(window().waitFor(AccessibleItem::named(Role::button, u"Convert 0 Videos"_s)));
+        QVERIFY(!display.demandsAttention(window().window()));
     }
 
     // As by session launchers and by scripts that run it in the background.
