@@ -37,9 +37,9 @@ Item {
         return place === "" ? text : text + ", waiting for “" + place + "”";
     }
 
-    // Read out when it appears.
+    // Announced when it appears, so this is no alert, which some readers would read once more.
     Accessible.name: isSearching ? "Searching for videos…" : notice
-    Accessible.role: Accessible.AlertMessage
+    Accessible.role: Accessible.Grouping
     implicitHeight: row.implicitHeight + row.anchors.topMargin + row.anchors.bottomMargin
     visible: isSearching || notice !== ""
 

@@ -77,17 +77,26 @@ QuorvaleApp::Start QuorvaleApp::open(const QList<QUrl> &files, const QVariantMap
     m_engine.load(source);
     if (m_engine.rootObjects().isEmpty())
         return Start::failed;
-    tellOfBatches();
+    tellUser();
     claimStart(*window(), platformData);
     return Start::window;
 }
 
 // Whoever does not look at the window, or does not see it.
-void QuorvaleApp::tellOfBatches()
+void QuorvaleApp::tellUser()
 {
     m_announcer = std::make_unique<Announcer>(*window());
     QObject::connect(&m_model->report(), &BatchReport::said, m_announcer.get(),
                      &Announcer::announce);
+    const SearchQueue &searches = *m_model->searches();
+    QObject::connect(&searches, &SearchQueue::isLongChanged, m_announcer.get(), [this, &searches] {
+        if (searches.isLong())
+            m_announcer->announce(u"Searching for videos…"_s);
+    });
+    QObject::connect(&searches, &SearchQueue::noticeChanged, m_announcer.get(), [this, &searches] {
+        if (const QString notice = searches.notice(); !notice.isEmpty())
+            m_announcer->announce(notice);
+    });
     QObject::connect(m_model.get(), &ConverterViewModel::isConvertingChanged, window(), [this] {
         constexpr int untilItIsActive = 0;
         if (!m_model->isConverting())

@@ -45,7 +45,7 @@ public:
 
 private:
     void queue(const QList<QUrl> &files);
-    void tellOfBatches();
+    void tellUser();
     QWindow *window() const; // null as long as there is none
 
     std::shared_ptr<ConverterViewModel> m_model;

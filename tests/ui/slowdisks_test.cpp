@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvale authors
 // SPDX-License-Identifier: MIT
 
+#include "support/accessibleevents.h"
 #include "support/patience.h"
 #include "support/programbench.h"
 #include "support/slowdisk.h"
@@ -95,12 +96,15 @@ private Q_SLOTS:
     {
         verifyAliveness([&] {
             const QStringList rows{u"a.mp4"_s, u"b.mp4"_s, u"c.mp4"_s};
+            const AccessibleEvents events(m_desktop.accessibility());
             m_disk->hang();
             QVERIFY(m_bench->drop({m_disk->path(u"videos"_s), m_fast.path()}));
             QVERIFY(window().waitFor(AccessibleItem::named(
                 Role::label, u"Searching for videos… 3 found, waiting for “%1”"_s.arg(
                                  m_disk->path(u"videos"_s)))));
             QCOMPARE(window().rowNames(), QStringList());
+            QTRY_COMPARE_WITH_TIMEOUT(events.announcements(),
+                                      QStringList(u"Searching for videos…"_s), patience);
             QVERIFY(window().act(u"Press"_s, Role::button, stop));
             QVERIFY(window().waitForNo(searching));
             QVERIFY(window().waitForRows(rows));

@@ -174,7 +174,7 @@ ViewTest {
     function test_isReadOut() {
         begin();
         view.isSearching = true;
-        compare(view.Accessible.role, Accessible.AlertMessage);
+        compare(view.Accessible.role, Accessible.Grouping);
         compare(view.Accessible.name, "Searching for videos…");
         view.isSearching = false;
         view.notice = notice;
