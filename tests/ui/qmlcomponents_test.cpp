@@ -66,6 +66,7 @@ private Q_SLOTS:
         QCOMPARE(names.removeAll(u"JobControls.qml"_s), 1);
         QCOMPARE(names.removeAll(u"JobListView.qml"_s), 1);
         QCOMPARE(names.removeAll(u"RowReorder.qml"_s), 1);
+        QCOMPARE(names.removeAll(u"RunningRow.qml"_s), 1);
         for (const QString &name : names)
             QTest::newRow(qPrintable(name)) << name;
     }
@@ -144,6 +145,7 @@ private:
     {
         QVariantMap taken{
             {u"model"_s, QVariant::fromValue(&model)},
+            {u"failures"_s, QVariant::fromValue(model.failures())},
             {u"parent"_s, QVariant::fromValue(&ground)},
             {u"job"_s, QVariant::fromValue(ShownJob(failedJob()))},
             {u"progress"_s, 0.5},
