@@ -42,9 +42,17 @@ FocusScope {
             JobListView {
                 id: view
 
+                Keys.forwardTo: [keys]
                 anchors.fill: parent
                 converter: list.model
                 reorder: reorder
+            }
+
+            JobListKeys {
+                id: keys
+
+                converter: list.model
+                view: view
             }
 
             RowReorder {

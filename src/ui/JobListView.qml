@@ -6,7 +6,7 @@ import QtQuick.Templates as T
 import Quorvale
 import Quorvale.Style
 
-// The list of rows itself: scrolls, takes the keys for the rows, and opens their menu.
+// The list of rows itself: scrolls, shows which is the current one, and opens its menu.
 ListView {
     id: view
 
@@ -77,6 +77,7 @@ ListView {
             reorder.scrollTo(Infinity);
     }
 
+    /// Has all of the current row in sight.
     function showCurrent() {
         searched();
         showRow(currentIndex);
@@ -93,35 +94,10 @@ ListView {
         currentItem.forceActiveFocus(Qt.TabFocusReason);
     }
 
-    function copyMessage(): bool {
-        const row = currentItem as JobRow;
-        if (!row || !row.job.message)
-            return false;
-        Clipboard.copy(row.job.message);
-        return true;
-    }
-
-    // As the row's button does, which a job that is converted has not.
-    function removeCurrent() {
-        const row = currentItem as JobRow;
-        if (!row || row.job.isInProgress)
-            return;
-        converter.remove(row.job.id);
-        keepKeyboard();
-    }
-
-    // With the row that took the place of the one that has gone.
+    /// With the row that took the place of the one that has gone.
     function keepKeyboard() {
         forceLayout();
         currentItem?.forceActiveFocus(Qt.OtherFocusReason);
-    }
-
-    function moveCurrent(offset: int) {
-        const row = currentItem as JobRow;
-        if (!row)
-            return;
-        converter.moveJob(row.job.id, offset);
-        forceLayout();
     }
 
     /// In the file manager: what the current row's video has become, else the video.
@@ -131,17 +107,6 @@ ListView {
             converter.revealOutput(job.id);
         else
             converter.revealSource(job.id);
-    }
-
-    // To the next row whose file name begins with what is typed; false when that is no text.
-    function goToTyped(text: string, modifiers: int): bool {
-        const row = typeAhead.findRow(text, modifiers, currentIndex, model);
-        if (row < 0)
-            return false;
-        currentIndex = row;
-        showsKeyboard = true;
-        showCurrent();
-        return true;
     }
 
     /// At a place of the row that is current.
@@ -174,63 +139,6 @@ ListView {
     }
 
     onMovementStarted: searched()
-    Keys.onPressed: event => {
-        forceLayout();
-        const page = Math.max(1, Math.floor(height / contentHeight * count));
-        if (event.matches(StandardKey.Copy)) {
-            event.accepted = copyMessage();
-            return;
-        }
-        if (goToTyped(event.text, event.modifiers)) {
-            event.accepted = true;
-            return;
-        }
-        switch (event.modifiers & ~Qt.KeypadModifier | event.key) {
-        case Qt.Key_Up:
-            decrementCurrentIndex();
-            break;
-        case Qt.Key_Down:
-            incrementCurrentIndex();
-            break;
-        case Qt.Key_Home:
-            currentIndex = 0;
-            break;
-        case Qt.Key_End:
-            currentIndex = count - 1;
-            break;
-        case Qt.Key_PageUp:
-            currentIndex = Math.max(0, currentIndex - page);
-            break;
-        case Qt.Key_PageDown:
-            currentIndex = Math.min(count - 1, currentIndex + page);
-            break;
-        case Qt.Key_Delete:
-            removeCurrent();
-            break;
-        case Qt.AltModifier | Qt.Key_Up:
-            moveCurrent(-1);
-            break;
-        case Qt.AltModifier | Qt.Key_Down:
-            moveCurrent(1);
-            break;
-        case Qt.Key_Return:
-        case Qt.Key_Enter:
-        case Qt.Key_Space:
-            if (!currentItem?.activeFocus || event.isAutoRepeat) // it is a button's, or was another's
-                return;
-            // falls through
-        case Qt.Key_Menu:
-        case Qt.ShiftModifier | Qt.Key_F10:
-            showCurrent();
-            openMenu(Qt.point(10, currentItem.height));
-            break;
-        default:
-            return;
-        }
-        event.accepted = true;
-        showsKeyboard = true;
-        showCurrent();
-    }
 
     // qmllint disable unqualified
     delegate: JobRow {
@@ -258,10 +166,6 @@ ListView {
         }
     }
     // qmllint enable unqualified
-
-    TypeAhead {
-        id: typeAhead
-    }
 
     T.ScrollBar.vertical: VerticalScrollBar {
         onWorked: view.searched()

@@ -64,6 +64,7 @@ private Q_SLOTS:
         QVERIFY(names.contains(u"MainWindow.qml"_s));
         // These know each other or what they are in, and are shown by JobList.
         QCOMPARE(names.removeAll(u"JobControls.qml"_s), 1);
+        QCOMPARE(names.removeAll(u"JobListKeys.qml"_s), 1);
         QCOMPARE(names.removeAll(u"JobListView.qml"_s), 1);
         QCOMPARE(names.removeAll(u"RowReorder.qml"_s), 1);
         QCOMPARE(names.removeAll(u"RunningRow.qml"_s), 1);
