@@ -56,6 +56,7 @@ Scene::Scene()
 Scene::~Scene()
 {
     SystemLook::instance().setContrast(false);
+    SystemLook::instance().setAnimates(true);
     m_model->cancel();
     if (!QTest::qWaitFor([this] { return !m_model->isConverting(); }))
         qWarning("The conversion does not end");
@@ -79,6 +80,7 @@ QString Scene::name(State state)
 bool Scene::enter(State state)
 {
     SystemLook::instance().setContrast(state == State::contrast);
+    SystemLook::instance().setAnimates(state != State::still);
     if (state == State::empty)
         return true;
     if (state == State::drop) {
@@ -97,7 +99,7 @@ bool Scene::enter(State state)
     m_model->setProperty("goalIndex", 2);
     if (state == State::waiting)
         return true;
-    if (state == State::searching)
+    if (state == State::searching || state == State::still)
         return search();
     if (state == State::reordering)
         return lift(1, 3);

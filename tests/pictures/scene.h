@@ -37,6 +37,7 @@ public:
         failures,
         rowMenu,
         contrast,
+        still,
         alert
     };
     Q_ENUM(State)
