@@ -91,7 +91,7 @@ JobListTest {
 
     function test_keysActOnTheRowThatWasWorkedLast(data) {
         Bench.queueMany(7);
-        show(lists);
+        show(lists, {"height": 600}); // with room for all, whatever they say
         if (data.effect.tag === "Ctrl+C") {
             Bench.chooseRealDestination();
             Bench.fileNames.forEach(name => Bench.willFail("no " + name));
