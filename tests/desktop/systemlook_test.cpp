@@ -298,49 +298,6 @@ private Q_SLOTS:
         QCOMPARE(look.interfaceFont().pixelSize(), 24);
     }
 
-    void theUsersWishesAreHeard_data()
-    {
-        QTest::addColumn<QString>("group");
-        QTest::addColumn<QString>("key");
-        QTest::addColumn<QVariant>("value");
-        QTest::addColumn<bool>("animates");
-        QTest::addColumn<bool>("hasContrast");
-        const auto add = [](const char *name, const QString &group, const QString &key,
-                            const QVariant &value, bool animates = true, bool hasContrast = false) {
-            QTest::newRow(name) << group << key << value << animates << hasContrast;
-        };
-        add("contrast", appearance, contrastKey, 1U, true, true);
-        add("usual contrast", appearance, contrastKey, 0U);
-        add("unknown contrast", appearance, contrastKey, 2U);
-        add("contrast as a text", appearance, contrastKey, u"1"_s);
-        add("contrast as a boolean", appearance, contrastKey, true);
-        add("contrast of another group", gnomeInterface, contrastKey, 1U);
-        add("GNOME's contrast", gnomeAccess, u"high-contrast"_s, true, true, true);
-        add("GNOME's usual contrast", gnomeAccess, u"high-contrast"_s, false);
-        add("GNOME's contrast as a number", gnomeAccess, u"high-contrast"_s, 1U);
-        add("stillness", appearance, u"reduced-motion"_s, 1U, false);
-        add("usual motion", appearance, u"reduced-motion"_s, 0U);
-        add("GNOME's stillness", gnomeInterface, animationsKey, false, false);
-        add("GNOME's usual motion", gnomeInterface, animationsKey, true);
-        add("GNOME's stillness as a number", gnomeInterface, animationsKey, 0U);
-        add("KDE's stillness", kdeGlobals, durationKey, u"0"_s, false);
-        add("KDE's slow motion", kdeGlobals, durationKey, u"1.5"_s);
-        add("KDE's motion that is no number", kdeGlobals, durationKey, u""_s);
-    }
-    void theUsersWishesAreHeard()
-    {
-        QFETCH(const QString, group);
-        QFETCH(const QString, key);
-        QFETCH(const QVariant, value);
-        StandInPortal settings(m_bus, StandInPortal::Settings{{group, {{key, value}}}});
-        const SystemLook look;
-        QVERIFY(look.animates());
-        QVERIFY(!look.hasContrast());
-        QTRY_VERIFY_WITH_TIMEOUT(look.isKnown(), patience);
-        QTEST(look.animates(), "animates");
-        QTEST(look.hasContrast(), "hasContrast");
-    }
-
     void aChangeOfTheUsersWishesIsFollowed()
     {
         StandInPortal settings(m_bus);
@@ -358,19 +315,6 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(!look.hasContrast(), patience);
         QVERIFY(!look.animates()); // as long as one says so
         QCOMPARE(changes.size(), 3);
-    }
-
-    // It says that something is different, not what, and leaves out what is as usual again.
-    void plasmasPortalIsAskedAgain()
-    {
-        const QVariantMap still{{durationKey, u"0"_s}};
-        StandInPortal settings(m_bus, StandInPortal::Settings{{kdeGlobals, still}});
-        const SystemLook look;
-        QTRY_VERIFY_WITH_TIMEOUT(!look.animates(), patience);
-        settings.prepare(u"ReadAll"_s, {StandInPortal::replySettings({})});
-        settings.perform({StandInPortal::signal(u"/KGlobalSettings"_s, u"org.kde.KGlobalSettings"_s,
-                                                u"notifyChange"_s, {3, 7})});
-        QTRY_VERIFY_WITH_TIMEOUT(look.animates(), patience);
     }
 
     void theFixedFontIsFixed()
