@@ -47,7 +47,7 @@ T.MenuItem {
         Text {
             color: item.highlighted ? Theme.white : item.Scheme.colors.secondary
             font: item.font
-            text: shortcut.nativeText.replace("Del", "Delete") // as it is written on the key
+            text: shortcut.nativeText.replace(/^Del$/, "Delete") // as it is written on the key
             textFormat: Text.PlainText
             visible: text !== ""
         }
