@@ -167,18 +167,6 @@ ViewTest {
         compare(Bench.openedPanels, ["Choose a folder of videos"]);
     }
 
-    function test_firstLettersGoToEntries() {
-        show(bars);
-        open();
-        for (const [key, index] of [["a", 0], ["a", 1], ["a", 0], ["a", 1], ["q", 1]]) {
-            keyClick(key);
-            compare(entries().map(entry => entry.highlighted), entries().map((_, i) => i === index));
-        }
-        compare(Bench.openedPanels, []);
-        keyClick(Qt.Key_Return);
-        tryCompare(Bench, "openedPanels", ["Choose a folder of videos"]);
-    }
-
     function test_shortcuts_data() {
         const data = [];
         for (const isConverting of [false, true]) {

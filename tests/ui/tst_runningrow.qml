@@ -59,6 +59,20 @@ JobListTest {
         tryVerify(() => list().contentY === end);
     }
 
+    function test_isBroughtIntoSightGently_data() {
+        return [{"tag": "gliding", "animates": true}, {"tag": "at once", "animates": false}];
+    }
+
+    function test_isBroughtIntoSightGently(data) {
+        Bench.animates = data.animates;
+        showRows(60);
+        const start = list().contentY;
+        list().positionViewAtEnd();
+        one(view, RunningRow).show(0);
+        compare(list().contentY, data.animates ? start + list().height : start);
+        tryVerify(() => list().contentY === start);
+    }
+
     function test_isFoundAtTheStartOfEachBatch() {
         showRows(30);
         keyClick(Qt.Key_End);

@@ -246,21 +246,6 @@ JobListTest {
         compare(names().slice(0, 5), [1, 2, 4, 3, 5]);
     }
 
-    function test_theListScrollsAtItsEdgesMeanwhile_data() {
-        return hands.slice(0, 1);
-    }
-
-    function test_theListScrollsAtItsEdgesMeanwhile(data) {
-        begin(data, 60);
-        press(handle, at(0));
-        moveTo(455);
-        tryVerify(() => list().contentY > 600, 5000);
-        verify(isLifted());
-        moveTo(230);
-        release();
-        verify(names().indexOf(1) >= 10, names().indexOf(1));
-    }
-
     function test_theDesktopTakesTheTouch_data() {
         return hands.slice(0, 1);
     }
